@@ -1,0 +1,43 @@
+#!/usr/bin/env bash
+# Builds and runs the whole test suite:
+#   1. the release build with all tests, the tool and the benchmarks;
+#   2. the same tests under AddressSanitizer and UndefinedBehaviorSanitizer;
+#   3. a consumer project outside the tree, built against the installed package;
+#   4. the Windows platform sources, compiled with MinGW (objects only).
+source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
+
+step() { printf '\n=== %s ===\n' "$*"; }
+
+step "release build"
+RELEASE="$ROOT/build/release"
+configure "$RELEASE" -DCMAKE_BUILD_TYPE=RelWithDebInfo
+cmake --build "$RELEASE" -j "$JOBS"
+step "release tests"
+ctest --test-dir "$RELEASE" --output-on-failure -j "$JOBS" --timeout 600
+
+step "sanitizer build (ASan + UBSan)"
+ASAN="$ROOT/build/asan"
+configure "$ASAN" -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS_DEBUG="-O1 -g" \
+  -DCOMMONKIT_SANITIZE=ON -DCOMMONKIT_BUILD_BENCHMARKS=OFF
+cmake --build "$ASAN" -j "$JOBS"
+step "sanitizer tests"
+ASAN_OPTIONS=detect_leaks=1:abort_on_error=1:strict_string_checks=1 \
+LSAN_OPTIONS=suppressions="$ROOT/scripts/lsan.supp":print_suppressions=0 \
+UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
+  ctest --test-dir "$ASAN" --output-on-failure -j "$JOBS" --timeout 900
+
+step "installed package and consumer project"
+PREFIX="$ROOT/build/install"
+rm -rf "$PREFIX" "$ROOT/build/consumer"
+cmake --install "$RELEASE" --prefix "$PREFIX" >/dev/null
+cmake -S "$ROOT/tests/consumer" -B "$ROOT/build/consumer" -G Ninja -DCMAKE_PREFIX_PATH="$PREFIX" >/dev/null
+cmake --build "$ROOT/build/consumer" -j "$JOBS"
+"$ROOT/build/consumer/consumer"
+PKG_CONFIG_PATH="$PREFIX/lib/pkgconfig" pkg-config --cflags --libs CommonKit >/dev/null
+echo "pkg-config: CommonKit $(PKG_CONFIG_PATH="$PREFIX/lib/pkgconfig" pkg-config --modversion CommonKit)"
+
+step "Windows platform sources (MinGW, objects only)"
+bash "$ROOT/scripts/check-windows.sh"
+
+echo
+echo "All test stages passed."

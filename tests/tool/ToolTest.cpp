@@ -1,0 +1,116 @@
+// Runs the commonkit tool as a user would and checks what it prints.
+
+#include "support/ToolRunner.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QImage>
+#include <QTemporaryDir>
+
+namespace {
+
+using cktest::runTool;
+using cktest::ToolRun;
+
+TEST(Tool, TimeShowsFieldsAndTextsOfAFrameTime)
+{
+    const ToolRun run = runTool({QStringLiteral("time"), QStringLiteral("1500000")}, "XYZ-1");
+    EXPECT_EQ(run.exitCode, 0) << run.err.toStdString();
+    EXPECT_TRUE(run.out.contains(QStringLiteral("01.01.1970-01:00:01.500"))) << run.out.toStdString();
+    EXPECT_TRUE(run.out.contains(QStringLiteral("19700101_010001_500")));
+    EXPECT_TRUE(run.out.contains(QStringLiteral("1970-01-01T00:00:01.500Z")));
+    EXPECT_TRUE(run.out.contains(QStringLiteral("millisecond 500, microsecond 0")));
+}
+
+TEST(Tool, TimeShowsTheFrameTimeOfADateTime)
+{
+    const ToolRun run = runTool({QStringLiteral("time"), QStringLiteral("2024-05-06T07:08:09.123Z")});
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_TRUE(run.out.contains(QStringLiteral("1714979289123000"))) << run.out.toStdString();
+}
+
+TEST(Tool, FourccConvertsBothWays)
+{
+    ToolRun run = runTool({QStringLiteral("fourcc"), QStringLiteral("ExpS")});
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_EQ(run.out.trimmed(), QStringLiteral("0x45787053 1165520979"));
+    run = runTool({QStringLiteral("fourcc"), QStringLiteral("0x45787053")});
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_EQ(run.out.trimmed(), QStringLiteral("\"ExpS\""));
+    run = runTool({QStringLiteral("fourcc"), QStringLiteral("1165520979")});
+    EXPECT_EQ(run.out.trimmed(), QStringLiteral("\"ExpS\""));
+}
+
+TEST(Tool, BadInputGivesOneLineAndNonZeroExit)
+{
+    const QList<QStringList> cases = {
+        {QStringLiteral("time"), QStringLiteral("yesterday")},
+        {QStringLiteral("time"), QStringLiteral("1969-12-31T23:59:59Z")},
+        {QStringLiteral("time")},
+        {QStringLiteral("fourcc"), QStringLiteral("0xZZ")},
+        {QStringLiteral("stamp"), QStringLiteral("12:AB"), QStringLiteral("--out"), QStringLiteral("/tmp/x.bmp")},
+        {QStringLiteral("stamp"), QStringLiteral("12")},
+        {QStringLiteral("time"), QStringLiteral("--bogus"), QStringLiteral("1")},
+        {QStringLiteral("nosuchcommand")},
+        {QStringLiteral("--lang"), QStringLiteral("xx"), QStringLiteral("time"), QStringLiteral("1")},
+    };
+    for (const QStringList& arguments : cases) {
+        const ToolRun run = runTool(arguments);
+        EXPECT_NE(run.exitCode, 0) << arguments.join(' ').toStdString();
+        EXPECT_TRUE(run.err.startsWith(QStringLiteral("commonkit: "))) << run.err.toStdString();
+        EXPECT_EQ(run.err.count(QLatin1Char('\n')), 1) << run.err.toStdString();
+    }
+}
+
+TEST(Tool, EverySubcommandHasHelpAndTheToolHasAVersion)
+{
+    for (const char* command : {"time", "fourcc", "stamp", "demo"}) {
+        const ToolRun run = runTool({QString::fromLatin1(command), QStringLiteral("--help")});
+        EXPECT_EQ(run.exitCode, 0) << command;
+        EXPECT_TRUE(run.out.contains(QStringLiteral("--lang"))) << command;
+    }
+    const ToolRun version = runTool({QStringLiteral("--version")});
+    EXPECT_EQ(version.exitCode, 0);
+    EXPECT_TRUE(version.out.startsWith(QStringLiteral("commonkit ")));
+}
+
+TEST(Tool, LanguageOptionTranslatesTexts)
+{
+    for (const char* language : {"de", "fr"}) {
+        const ToolRun run = runTool({QStringLiteral("--lang"), QString::fromLatin1(language), QStringLiteral("time"),
+                                 QStringLiteral("yesterday")});
+        EXPECT_NE(run.exitCode, 0);
+        EXPECT_FALSE(run.err.contains(QStringLiteral("neither a frame time"))) << run.err.toStdString();
+        EXPECT_TRUE(run.err.contains(QStringLiteral("yesterday")));
+    }
+}
+
+TEST(Tool, StampWritesABitmapOfTheText)
+{
+    QTemporaryDir dir;
+    const QString file = dir.filePath(QStringLiteral("stamp.bmp"));
+    const ToolRun run = runTool({QStringLiteral("stamp"), QStringLiteral("12:34:56.789"), QStringLiteral("--out"), file});
+    ASSERT_EQ(run.exitCode, 0) << run.err.toStdString();
+    QImage image;
+    ASSERT_TRUE(image.load(file, "BMP"));
+    EXPECT_EQ(image.width(), 12 * 16);
+    EXPECT_EQ(image.height(), 20);
+    // The blank-free text has ink in every cell.
+    for (int cell = 0; cell < 12; ++cell) {
+        bool ink = false;
+        for (int y = 0; y < 20 && !ink; ++y)
+            for (int x = 0; x < 16 && !ink; ++x)
+                ink = qGray(image.pixel(cell * 16 + x, y)) > 128;
+        EXPECT_TRUE(ink) << "cell " << cell;
+    }
+}
+
+TEST(Tool, DemoRunsEverySection)
+{
+    const ToolRun run = runTool({QStringLiteral("demo")});
+    EXPECT_EQ(run.exitCode, 0) << run.out.toStdString() << run.err.toStdString();
+    EXPECT_TRUE(run.out.contains(QStringLiteral("All sections ran as expected.")));
+}
+
+} // namespace

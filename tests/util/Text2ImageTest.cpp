@@ -1,0 +1,127 @@
+#include "util/Text2Image.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QProcess>
+#include <QResource>
+#include <QTemporaryDir>
+
+#include <cstring>
+#include <set>
+#include <vector>
+
+namespace {
+
+using Block = std::vector<unsigned char>;
+
+QByteArray stripBytes()
+{
+    QFile file(QStringLiteral(":/Text2Image/digits.bmp"));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    return file.readAll();
+}
+
+Block render(ko::CText2Image& renderer, char c)
+{
+    Block block(static_cast<size_t>(ko::CText2Image::sizeOfCharImage()), 0xAB);
+    renderer.digit2Image(block.data(), c);
+    return block;
+}
+
+TEST(CText2Image, GeometryAndHeaderOfTheStrip)
+{
+    ko::CText2Image renderer;
+    EXPECT_EQ(ko::CText2Image::getWidth(), 16);
+    EXPECT_EQ(ko::CText2Image::getHeight(), 20);
+    EXPECT_EQ(ko::CText2Image::sizeOfCharImage(), 960);
+    const QByteArray strip = stripBytes();
+    ASSERT_EQ(renderer.glyphCount(), static_cast<quint32>((strip.size() - 54) / 960));
+    EXPECT_EQ(renderer.glyphCount(), 15u);
+    ASSERT_NE(renderer.bitmapHeader(), nullptr);
+    EXPECT_EQ(std::memcmp(renderer.bitmapHeader(), strip.constData(), 54), 0);
+    EXPECT_EQ(strip.at(28), 24); // bits per pixel
+}
+
+TEST(CText2Image, EachCellIsCopiedRowByRowFromTheStrip)
+{
+    ko::CText2Image renderer;
+    const QByteArray strip = stripBytes();
+    const char* pixels = strip.constData() + 54;
+    const int stripRow = 15 * 48;
+    const char characters[] = "0123456789:.- ";
+    for (int cell = 0; cell < 14; ++cell) {
+        const Block block = render(renderer, characters[cell]);
+        for (int row = 0; row < 20; ++row)
+            ASSERT_EQ(std::memcmp(block.data() + row * 48, pixels + row * stripRow + cell * 48, 48), 0)
+                << "cell " << cell << " row " << row;
+    }
+    Block symbol(960, 0xAB);
+    renderer.symbol2Image(symbol.data(), ko::CText2Image::eSymbolMarker);
+    for (int row = 0; row < 20; ++row)
+        ASSERT_EQ(std::memcmp(symbol.data() + row * 48, pixels + row * stripRow + 14 * 48, 48), 0);
+}
+
+TEST(CText2Image, EveryGlyphIsDrawnAndDiffersFromTheOthers)
+{
+    ko::CText2Image renderer;
+    std::set<Block> seen;
+    const char characters[] = "0123456789:.-";
+    for (const char* c = characters; *c; ++c) {
+        const Block block = render(renderer, *c);
+        const bool hasInk = std::any_of(block.begin(), block.end(), [](unsigned char b) { return b != 0; });
+        EXPECT_TRUE(hasInk) << *c;
+        EXPECT_TRUE(seen.insert(block).second) << "glyph of '" << *c << "' repeats another";
+    }
+    const Block blank = render(renderer, ' ');
+    EXPECT_TRUE(std::all_of(blank.begin(), blank.end(), [](unsigned char b) { return b == 0; }));
+    Block symbol(960, 0);
+    renderer.symbol2Image(symbol.data(), ko::CText2Image::eSymbolMarker);
+    EXPECT_TRUE(seen.insert(symbol).second);
+    EXPECT_TRUE(seen.insert(blank).second);
+}
+
+TEST(CText2Image, UnknownCharactersAndSymbolsWriteNothing)
+{
+    ko::CText2Image renderer;
+    const Block untouched(960, 0xAB);
+    for (char c : {'A', '/', '\0', '\x7f', static_cast<char>(0xE4), '?'})
+        EXPECT_EQ(render(renderer, c), untouched) << static_cast<int>(c);
+    Block symbol(960, 0xAB);
+    renderer.symbol2Image(symbol.data(), static_cast<ko::CText2Image::eGraphicSymbol>(1));
+    EXPECT_EQ(symbol, untouched);
+}
+
+TEST(CText2Image, CopiesShareTheGlyphsAndOutliveTheOriginal)
+{
+    Block expected;
+    ko::CText2Image copy;
+    {
+        ko::CText2Image original;
+        expected = render(original, '7');
+        ko::CText2Image constructed(original);
+        copy = constructed;
+    }
+    EXPECT_EQ(render(copy, '7'), expected);
+    unsigned char* block = copy.allocCharImage_RGB();
+    copy.digit2Image(block, '7');
+    EXPECT_EQ(std::memcmp(block, expected.data(), 960), 0);
+    copy.freeCharImage_RGB(block);
+}
+
+TEST(CText2Image, CommittedStripIsWhatTheGeneratorWrites)
+{
+    QTemporaryDir dir;
+    ASSERT_TRUE(dir.isValid());
+    const QString generated = dir.filePath(QStringLiteral("digits.bmp"));
+    ASSERT_EQ(QProcess::execute(QStringLiteral(COMMONKIT_GLYPHGEN), {generated}), 0);
+    QFile fresh(generated);
+    QFile committed(QStringLiteral(COMMONKIT_GLYPH_STRIP));
+    ASSERT_TRUE(fresh.open(QIODevice::ReadOnly));
+    ASSERT_TRUE(committed.open(QIODevice::ReadOnly));
+    const QByteArray committedBytes = committed.readAll();
+    EXPECT_EQ(fresh.readAll(), committedBytes);
+    EXPECT_EQ(stripBytes(), committedBytes);
+}
+
+} // namespace

@@ -1,0 +1,131 @@
+#include "util/TimeFunctions.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <ctime>
+
+namespace {
+
+// Days since 1970-01-01 of a proleptic Gregorian date, computed without Qt.
+qint64 daysFromCivil(qint64 y, unsigned m, unsigned d)
+{
+    y -= m <= 2;
+    const qint64 era = (y >= 0 ? y : y - 399) / 400;
+    const unsigned yoe = static_cast<unsigned>(y - era * 400);
+    const unsigned doy = (153 * (m + (m > 2 ? -3 : 9)) + 2) / 5 + d - 1;
+    const unsigned doe = yoe * 365 + yoe / 4 - yoe / 100 + doy;
+    return era * 146097 + static_cast<qint64>(doe) - 719468;
+}
+
+struct UtcCase
+{
+    int year, month, day, hour, minute, second, msec;
+};
+
+// Across the epoch, leap days, the 2038 signed 32-bit limit and the end of the
+// unsigned 32-bit range.
+const UtcCase kUtcCases[] = {
+    {1970, 1, 1, 0, 0, 0, 0},     {1970, 1, 1, 0, 0, 0, 1},       {1970, 1, 1, 0, 0, 1, 500},
+    {1972, 2, 29, 12, 0, 0, 999}, {1999, 12, 31, 23, 59, 59, 999}, {2000, 2, 29, 0, 0, 0, 0},
+    {2000, 3, 1, 0, 0, 0, 0},     {2024, 2, 29, 23, 59, 59, 1},   {2024, 5, 6, 7, 8, 9, 123},
+    {2038, 1, 19, 3, 14, 8, 0},   {2100, 2, 28, 23, 59, 59, 999}, {2100, 3, 1, 0, 0, 0, 0},
+    {2106, 2, 7, 6, 28, 15, 999},
+};
+
+qint64 expectedMilliSeconds(const UtcCase& c)
+{
+    const qint64 days = daysFromCivil(c.year, static_cast<unsigned>(c.month), static_cast<unsigned>(c.day));
+    return ((days * 24 + c.hour) * 60 + c.minute) * 60000 + c.second * 1000 + c.msec;
+}
+
+TEST(TimeFunctions, ToStampsAgreeWithCivilArithmeticInUtcAndLocalForms)
+{
+    for (const UtcCase& c : kUtcCases) {
+        const QDateTime utc(QDate(c.year, c.month, c.day), QTime(c.hour, c.minute, c.second, c.msec), Qt::UTC);
+        const qint64 ms = expectedMilliSeconds(c);
+        SCOPED_TRACE(utc.toString(Qt::ISODateWithMs).toStdString());
+        // The same instant as a local date-time must give the same stamps.
+        for (const QDateTime& dateTime : {utc, utc.toLocalTime()}) {
+            EXPECT_EQ(ko::toMilliSeconds(dateTime), ms);
+            EXPECT_EQ(ko::toMicroSeconds(dateTime), ms * 1000);
+            EXPECT_EQ(ko::toFrameTime(dateTime), static_cast<quint64>(ms) * 1000);
+            EXPECT_EQ(ko::toNanoSeconds(dateTime), ms * 1000000);
+            EXPECT_EQ(ko::toSeconds(dateTime), ms / 1000);
+            EXPECT_DOUBLE_EQ(ko::toSecondsFrac(dateTime), static_cast<double>(ms) / 1000.0);
+        }
+        EXPECT_EQ(ms, utc.toMSecsSinceEpoch());
+    }
+}
+
+TEST(TimeFunctions, FromStampsGiveUtcDateTimesOfTheSameInstant)
+{
+    for (const UtcCase& c : kUtcCases) {
+        const QDateTime utc(QDate(c.year, c.month, c.day), QTime(c.hour, c.minute, c.second, c.msec), Qt::UTC);
+        const qint64 ms = expectedMilliSeconds(c);
+        SCOPED_TRACE(utc.toString(Qt::ISODateWithMs).toStdString());
+        EXPECT_EQ(ko::fromMilliSeconds(ms), utc);
+        EXPECT_EQ(ko::fromMilliSeconds(ms).timeSpec(), Qt::UTC);
+        EXPECT_EQ(ko::fromMicroSeconds(ms * 1000 + 999), utc);
+        EXPECT_EQ(ko::fromFrameTime(static_cast<quint64>(ms) * 1000 + 999), utc);
+        EXPECT_EQ(ko::fromNanoSeconds(ms * 1000000 + 999999), utc);
+        // fromSeconds yields local time; compare instants.
+        EXPECT_EQ(ko::fromSeconds(ms / 1000).toMSecsSinceEpoch(), ms / 1000 * 1000);
+        EXPECT_EQ(ko::fromSeconds(ms / 1000).timeSpec(), Qt::LocalTime);
+        EXPECT_EQ(ko::fromSeconds(static_cast<double>(ms) / 1000.0 + 1e-4).toMSecsSinceEpoch(), ms);
+        EXPECT_DOUBLE_EQ(ko::toSecondsFrac(static_cast<quint64>(ms) * 1000), static_cast<double>(ms) * 1e-3);
+    }
+}
+
+TEST(TimeFunctions, SecondsWrapAsUnsigned32Bit)
+{
+    // A second or more before 1970 Qt's time_t is the error value 0xFFFFFFFF;
+    // the milliseconds of the time of day are still added.
+    for (const QDateTime& before : {QDateTime(QDate(1969, 12, 31), QTime(23, 59, 58, 250), Qt::UTC),
+                                    QDateTime(QDate(1960, 2, 29), QTime(12, 0, 0, 250), Qt::UTC)}) {
+        EXPECT_EQ(ko::toSeconds(before), 0xFFFFFFFFLL);
+        EXPECT_EQ(ko::toMilliSeconds(before), 0xFFFFFFFFLL * 1000 + 250);
+        EXPECT_EQ(ko::toFrameTime(before), (0xFFFFFFFFULL * 1000 + 250) * 1000);
+    }
+    // An invalid date-time gives the same error value.
+    EXPECT_EQ(ko::toSeconds(QDateTime()), 0xFFFFFFFFLL);
+
+    // Negative stamps: the seconds round toward zero, wrap to 2106, and the
+    // remaining milliseconds are subtracted.
+    const QDateTime epoch(QDate(1970, 1, 1), QTime(0, 0), Qt::UTC);
+    struct Case { qint64 ms; qint64 wrappedSeconds; qint64 extraMs; };
+    const Case cases[] = {
+        {-1500, 0xFFFFFFFFLL, -500}, {-1000, 0xFFFFFFFFLL, 0}, {-2500, 0xFFFFFFFELL, -500},
+        {-999, 0, -999}, {-1, 0, -1}, {4294967296500LL, 0, 500},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(ko::fromMilliSeconds(c.ms), epoch.addSecs(c.wrappedSeconds).addMSecs(c.extraMs)) << c.ms;
+    EXPECT_EQ(ko::fromSeconds(qint64(-1)), QDateTime::fromMSecsSinceEpoch(0xFFFFFFFFLL * 1000));
+    EXPECT_EQ(ko::fromSeconds(qint64(0x100000005LL)), QDateTime::fromMSecsSinceEpoch(5000));
+}
+
+TEST(TimeFunctions, CurrentValuesAreConsistent)
+{
+    const qint64 before = QDateTime::currentMSecsSinceEpoch();
+    const qint64 ms = ko::currentMilliSeconds();
+    const qint64 us = ko::currentMicroSeconds();
+    const quint64 frame = ko::currentFrameTime();
+    const qint64 ns = ko::currentNanoSeconds();
+    const qint64 s = ko::currentSeconds();
+    const double frac = ko::currentSecondsFrac();
+    const qint64 after = QDateTime::currentMSecsSinceEpoch();
+    EXPECT_GE(ms, before);
+    EXPECT_LE(ms, after);
+    EXPECT_EQ(us % 1000, 0);
+    EXPECT_EQ(frame % 1000, 0u);
+    EXPECT_EQ(ns % 1000000, 0);
+    EXPECT_GE(us / 1000, ms);
+    EXPECT_LE(static_cast<qint64>(frame / 1000), after);
+    EXPECT_LE(ns / 1000000, after);
+    EXPECT_GE(s, before / 1000);
+    EXPECT_LE(s, after / 1000);
+    EXPECT_GE(frac, static_cast<double>(before) / 1000.0 - 1e-3);
+    EXPECT_LE(frac, static_cast<double>(after) / 1000.0 + 1e-3);
+}
+
+} // namespace

@@ -1,0 +1,76 @@
+#include "CommandLine.h"
+
+#include "Command.h"
+
+#include "resources/Translations.h"
+
+#include <QLocale>
+#include <QTextStream>
+
+#include <cstdio>
+
+namespace cktool {
+
+namespace {
+
+QString languageOptionText()
+{
+    return tr("Language of the texts: de or fr.");
+}
+
+QString wrongArgumentCount(const QString& command)
+{
+    return tr("%1: wrong number of arguments (see commonkit %1 --help)").arg(command);
+}
+
+} // namespace
+
+CommandLine::CommandLine(const QString& command, const QString& description) : m_command(command)
+{
+    m_parser.setApplicationDescription(description);
+    m_parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
+    m_parser.addHelpOption();
+    m_parser.addOption(QCommandLineOption(QStringLiteral("lang"),
+                                          languageOptionText(),
+                                          QStringLiteral("lang")));
+}
+
+void CommandLine::addPositional(const QString& name, const QString& description, const QString& syntax)
+{
+    m_parser.addPositionalArgument(name, description, syntax.isEmpty() ? name : syntax);
+}
+
+bool CommandLine::parse(const QStringList& arguments, int minPositional, int maxPositional)
+{
+    if (!m_parser.parse(arguments))
+        throw CommandError(QStringLiteral("%1: %2").arg(m_command, m_parser.errorText()), 2);
+    if (m_parser.isSet(QStringLiteral("help"))) {
+        QString help = m_parser.helpText();
+        help.replace(QCoreApplication::applicationFilePath(), QStringLiteral("commonkit"));
+        QTextStream(stdout) << help;
+        return false;
+    }
+    const int count = m_parser.positionalArguments().size();
+    if (count < minPositional || (maxPositional >= 0 && count > maxPositional)) {
+        throw CommandError(wrongArgumentCount(m_command), 2);
+    }
+    return true;
+}
+
+void applyLanguage(const QStringList& arguments)
+{
+    QString language;
+    for (int i = 0; i < arguments.size(); ++i) {
+        const QString& argument = arguments.at(i);
+        if (argument == QLatin1String("--lang") && i + 1 < arguments.size())
+            language = arguments.at(i + 1);
+        else if (argument.startsWith(QLatin1String("--lang=")))
+            language = argument.mid(7);
+    }
+    if (language.isEmpty() || language == QLatin1String("en"))
+        return;
+    if (!ko::availableTranslations().contains(language) || !ko::installTranslations(QLocale(language)))
+        throw CommandError(tr("unknown language '%1' (use de or fr)").arg(language), 2);
+}
+
+} // namespace cktool

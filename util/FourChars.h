@@ -1,0 +1,39 @@
+#pragma once
+
+#include "support/core/Export.h"
+
+#include <QByteArray>
+#include <QString>
+
+class QTextStream;
+
+namespace ko {
+
+// A four-character code packed into 32 bits, first character in the most
+// significant byte: FourChars("Time") == 0x54696D65. Shorter texts are padded
+// with blanks, longer ones keep their first four characters.
+class COMMONKIT_EXPORT FourChars
+{
+public:
+    FourChars(unsigned int value = 0) : m_value(value) {}  // NOLINT: implicit by design
+    FourChars(const QString& text);                         // NOLINT
+    FourChars(const char* text);                            // NOLINT: Latin-1 text
+    // A null pointer leaves the code 0.
+    explicit FourChars(const QString* text);
+    FourChars(const FourChars& other) = default;
+    FourChars& operator=(const FourChars& other) = default;
+
+    operator unsigned int() const { return m_value; }
+
+    // The four bytes, most significant first, as Latin-1 characters.
+    QString toString() const;
+    void writeTo(QTextStream& stream) const;
+
+protected:
+    void initFourChars(QByteArray& bytes);
+
+private:
+    unsigned int m_value;
+};
+
+} // namespace ko
