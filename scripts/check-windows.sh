@@ -4,7 +4,7 @@
 set -euo pipefail
 ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 shopt -s nullglob
-sources=("$ROOT"/platform/windows/*.cpp)
+sources=("$ROOT"/platform/*.cpp "$ROOT"/platform/windows/*.cpp)
 if [ ${#sources[@]} -eq 0 ]; then
   echo "no Windows platform sources yet"
   exit 0
