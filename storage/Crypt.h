@@ -45,8 +45,9 @@ public:
 
     // The hash computed by libcrypto's DES crypt. The result lives in a
     // buffer of the calling thread that the next call on that thread
-    // overwrites. Null when libcrypto refuses the salt (libcrypto takes a
-    // missing salt character as 'A' and accepts only 7-bit salt characters).
+    // overwrites. Null when libcrypto refuses the salt: it wants two
+    // characters below code 128. For salt characters outside "./0-9A-Za-z"
+    // libcrypto's salt values may differ from those of crypt_r.
     static char* crypt_sll(const char* key, const char* salt);
     // As above with a salt from Qt's generator seeded with the current time
     // in seconds: the salt changes from second to second.
