@@ -1,0 +1,91 @@
+#include "storage/BlowFish.h"
+
+#include "support/core/Log.h"
+
+#include <openssl/blowfish.h>
+#include <openssl/crypto.h>
+
+#include <cstring>
+#include <memory>
+
+// libcrypto 3 marks the low-level Blowfish functions deprecated; the routine
+// is defined by them. Silence exactly those calls.
+#if defined(_MSC_VER)
+#  define COMMONKIT_OPENSSL_LEGACY_BEGIN __pragma(warning(push)) __pragma(warning(disable : 4996))
+#  define COMMONKIT_OPENSSL_LEGACY_END __pragma(warning(pop))
+#else
+#  define COMMONKIT_OPENSSL_LEGACY_BEGIN \
+      _Pragma("GCC diagnostic push") _Pragma("GCC diagnostic ignored \"-Wdeprecated-declarations\"")
+#  define COMMONKIT_OPENSSL_LEGACY_END _Pragma("GCC diagnostic pop")
+#endif
+
+namespace ko {
+
+namespace {
+
+// Built into every installation: values written by one are read by any other.
+const unsigned char kKey[4] = {0x6b, 0x31, 0xd4, 0x0e};
+const unsigned char kInitialVector[8] = {0x52, 0x9a, 0x07, 0xe3, 0x1c, 0x44, 0xb8, 0x6f};
+
+// The data goes through the cipher in pieces of this size. Since it is a
+// multiple of the block size, restarting the position counter for each piece
+// while carrying the vector over gives the same bytes as one pass.
+constexpr int kChunkSize = 4096;
+
+QByteArray* runCipher(const QByteArray& data, int mode)
+{
+    if (data.isEmpty())
+        return nullptr;
+    auto result = std::make_unique<QByteArray>();
+    result->reserve(data.size());
+
+    BF_KEY key;
+    unsigned char vector[8];
+    std::memcpy(vector, kInitialVector, sizeof vector);
+    COMMONKIT_OPENSSL_LEGACY_BEGIN
+    BF_set_key(&key, sizeof kKey, kKey);
+    COMMONKIT_OPENSSL_LEGACY_END
+
+    unsigned char output[kChunkSize];
+    for (int offset = 0; offset < data.size(); offset += kChunkSize) {
+        const int length = qMin(kChunkSize, data.size() - offset);
+        int position = 0;
+        COMMONKIT_OPENSSL_LEGACY_BEGIN
+        BF_cfb64_encrypt(reinterpret_cast<const unsigned char*>(data.constData()) + offset, output, length, &key,
+                         vector, &position, mode);
+        COMMONKIT_OPENSSL_LEGACY_END
+        result->append(reinterpret_cast<const char*>(output), length);
+    }
+    OPENSSL_cleanse(output, sizeof output);
+    OPENSSL_cleanse(&key, sizeof key);
+    return result.release();
+}
+
+} // namespace
+
+QByteArray* BlowFish::blowFishEncode(const QByteArray& data)
+{
+    return runCipher(data, BF_ENCRYPT);
+}
+
+QByteArray* BlowFish::blowFishDecode(const QByteArray& data)
+{
+    return runCipher(data, BF_DECRYPT);
+}
+
+QByteArray* BlowFish::blowFishEncodeString(const QString& text)
+{
+    return blowFishEncode(text.toUtf8());
+}
+
+QString* BlowFish::blowFishDecodeString(const QByteArray& data)
+{
+    const std::unique_ptr<QByteArray> decoded(blowFishDecode(data));
+    if (!decoded) {
+        LogLine(Log::Warning, "ko::BlowFish::blowFishDecodeString") << "empty data, nothing to decode";
+        return new QString();
+    }
+    return new QString(QString::fromUtf8(*decoded));
+}
+
+} // namespace ko

@@ -1,0 +1,97 @@
+// ko::BlowFish against libcrypto's 64-bit CFB Blowfish run in one pass over
+// the whole input with the same key and vector.
+
+#include "storage/BlowFish.h"
+
+#include <gtest/gtest.h>
+
+#include <openssl/blowfish.h>
+
+#include <memory>
+#include <random>
+
+namespace {
+
+using ko::BlowFish;
+
+QByteArray randomBytes(int size, unsigned int seed)
+{
+    std::mt19937 generator(seed);
+    QByteArray bytes(size, '\0');
+    for (char& c : bytes)
+        c = static_cast<char>(generator() & 0xffu);
+    return bytes;
+}
+
+// One BF_cfb64_encrypt call over all of data.
+QByteArray reference(const QByteArray& data, int mode)
+{
+    const unsigned char key[4] = {0x6b, 0x31, 0xd4, 0x0e};
+    unsigned char vector[8] = {0x52, 0x9a, 0x07, 0xe3, 0x1c, 0x44, 0xb8, 0x6f};
+    QByteArray out(data.size(), '\0');
+    int position = 0;
+    BF_KEY schedule;
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wdeprecated-declarations"
+    BF_set_key(&schedule, 4, key);
+    BF_cfb64_encrypt(reinterpret_cast<const unsigned char*>(data.constData()),
+                     reinterpret_cast<unsigned char*>(out.data()), data.size(), &schedule, vector, &position, mode);
+#pragma GCC diagnostic pop
+    return out;
+}
+
+TEST(BlowFish, MatchesOnePassOfTheCipherAcrossChunkBoundaries)
+{
+    for (const int size : {1, 7, 8, 9, 63, 4095, 4096, 4097, 8191, 8192, 8200, 3 * 4096 + 5}) {
+        const QByteArray plain = randomBytes(size, static_cast<unsigned int>(size));
+        const std::unique_ptr<QByteArray> encoded(BlowFish::blowFishEncode(plain));
+        ASSERT_TRUE(encoded) << size;
+        EXPECT_EQ(encoded->size(), size);
+        EXPECT_EQ(*encoded, reference(plain, BF_ENCRYPT)) << size;
+        EXPECT_NE(*encoded, plain) << size;
+
+        const std::unique_ptr<QByteArray> decoded(BlowFish::blowFishDecode(*encoded));
+        ASSERT_TRUE(decoded) << size;
+        EXPECT_EQ(*decoded, plain) << size;
+        // Decoding arbitrary bytes is the cipher's decryption too.
+        const std::unique_ptr<QByteArray> decodedPlain(BlowFish::blowFishDecode(plain));
+        EXPECT_EQ(*decodedPlain, reference(plain, BF_DECRYPT)) << size;
+    }
+}
+
+TEST(BlowFish, EveryCallStartsFromTheBuiltInVector)
+{
+    const QByteArray plain("stored password");
+    const std::unique_ptr<QByteArray> first(BlowFish::blowFishEncode(plain));
+    const std::unique_ptr<QByteArray> second(BlowFish::blowFishEncode(plain));
+    ASSERT_TRUE(first && second);
+    EXPECT_EQ(*first, *second);
+    // CFB: a longer input begins with the encoding of its prefix.
+    const std::unique_ptr<QByteArray> longer(BlowFish::blowFishEncode(plain + QByteArray(5000, 'x')));
+    EXPECT_TRUE(longer->startsWith(*first));
+}
+
+TEST(BlowFish, EmptyDataGivesNoObject)
+{
+    EXPECT_EQ(BlowFish::blowFishEncode(QByteArray()), nullptr);
+    EXPECT_EQ(BlowFish::blowFishDecode(QByteArray()), nullptr);
+    EXPECT_EQ(BlowFish::blowFishEncodeString(QString()), nullptr);
+    const std::unique_ptr<QString> text(BlowFish::blowFishDecodeString(QByteArray()));
+    ASSERT_TRUE(text);
+    EXPECT_TRUE(text->isEmpty());
+}
+
+TEST(BlowFish, TextRoundTripsThroughUtf8)
+{
+    for (const QString& text : {QStringLiteral("a"), QStringLiteral("Kennwort f\u00fcr \u00e9t\u00e9 \u20ac"),
+                                QString(5000, QChar(0x263a))}) {
+        const std::unique_ptr<QByteArray> encoded(BlowFish::blowFishEncodeString(text));
+        ASSERT_TRUE(encoded);
+        EXPECT_EQ(*encoded, reference(text.toUtf8(), BF_ENCRYPT));
+        const std::unique_ptr<QString> decoded(BlowFish::blowFishDecodeString(*encoded));
+        ASSERT_TRUE(decoded);
+        EXPECT_EQ(*decoded, text);
+    }
+}
+
+} // namespace
