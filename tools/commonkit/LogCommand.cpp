@@ -83,7 +83,6 @@ void writeXml(QTextStream& out, const QString& path, const std::vector<std::uniq
     for (const auto& entry : entries)
         entry->writeTo(writer);
     writer.writeEndDocument();
-
 }
 
 int runLog(const QStringList& arguments)
