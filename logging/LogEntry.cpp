@@ -1,0 +1,119 @@
+#include "logging/LogEntry.h"
+
+#include "logging/LogEntryFactory.h"
+#include "logging/LogWriter.h"
+#include "logging/ProsaLogWriter.h"
+#include "support/core/Log.h"
+
+#include <QCoreApplication>
+#include <QTextStream>
+
+#include <algorithm>
+
+namespace ko {
+namespace {
+
+// Whether QString::arg would find a placeholder (%1 to %99, or %L1...) to
+// replace; asking arg() without one makes Qt print a warning.
+bool hasPlaceholder(const QString& text)
+{
+    const int size = text.size();
+    for (int i = 0; i + 1 < size; ++i) {
+        if (text.at(i) != QLatin1Char('%'))
+            continue;
+        int next = i + 1;
+        if (text.at(next) == QLatin1Char('L') && next + 1 < size)
+            ++next;
+        if (text.at(next).isDigit())
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+LogEntry::LogEntry()
+    : m_time(FourChars("Time"), QStringLiteral("Time"), QDateTime::currentDateTime()),
+      m_user(FourChars("User"), QStringLiteral("User"))
+{
+    m_values.append(&m_time);
+    m_values.append(&m_user);
+}
+
+LogEntry::~LogEntry() = default;
+
+QString LogEntry::description()
+{
+    QString result = format();
+    if (!result.isEmpty()) {
+        for (int i = 2; i < m_values.size() && hasPlaceholder(result); ++i)
+            result = result.arg(m_values.at(i)->toString(), 0, QLatin1Char(' '));
+        return result;
+    }
+    QTextStream stream(&result, QIODevice::ReadWrite);
+    ProsaLogWriter writer(stream, ' ');
+    for (int i = 2; i < m_values.size(); ++i)
+        writer.writeAttribute(*m_values.at(i));
+    stream.flush();
+    return result;
+}
+
+LogValue* LogEntry::logValue(FourChars id) const
+{
+    for (LogValue* value : m_values) {
+        if (value->id() == id)
+            return value;
+    }
+    return nullptr;
+}
+
+void LogEntry::writeTo(ILogWriter& writer) const
+{
+    writer.writeStartElement(*this);
+    try {
+        for (const LogValue* value : m_values)
+            writer.writeAttribute(*value);
+    } catch (...) {
+        writer.writeEndElement(*this);
+        throw;
+    }
+    writer.writeEndElement(*this);
+}
+
+LogEntry* LogEntry::clone() const
+{
+    LogEntry* copy = logEntryFactory().create(type());
+    if (!copy) {
+        LogLine(Log::Error, "ko::LogEntry::clone")
+            << "log entry kind '" << type().toString() << "' is not registered in the factory";
+        return nullptr;
+    }
+    copy->copyFrom(*this);
+    return copy;
+}
+
+bool LogEntry::operator==(const LogEntry& other) const
+{
+    return time() == other.time() && type() == other.type() && category().id == other.category().id
+           && user() == other.user();
+}
+
+QString LogEntry::tr(const char* sourceText, const char* disambiguation, int n)
+{
+    return QCoreApplication::translate("ActionLog", sourceText, disambiguation, n);
+}
+
+void LogEntry::append(LogValue* value)
+{
+    if (value)
+        m_values.append(value);
+}
+
+void LogEntry::copyFrom(const LogEntry& other)
+{
+    const int count = std::min(m_values.size(), other.m_values.size());
+    for (int i = 0; i < count; ++i)
+        m_values.at(i)->assign(*other.m_values.at(i));
+}
+
+} // namespace ko

@@ -1,0 +1,93 @@
+#include "logging/LogValue.h"
+
+#include "support/core/QtDeprecated.h"
+
+#include <QTextStream>
+
+namespace ko {
+
+LogValue::LogValue(const FourChars& id, const QString& name) : m_id(id), m_name(name)
+{
+}
+
+LogValue::~LogValue() = default;
+
+QString LogValue::toString() const
+{
+    QString text;
+    QTextStream stream(&text, QIODevice::ReadWrite);
+    write(stream);
+    stream.flush();
+    return text;
+}
+
+template<typename T>
+void TLogValue<T>::assign(const LogValue& other)
+{
+    if (const auto* same = dynamic_cast<const TLogValue<T>*>(&other))
+        value = same->value;
+}
+
+template<>
+bool TLogValue<int>::isSet() const
+{
+    return value != 0;
+}
+
+template<>
+void TLogValue<int>::fromString(const QString& text)
+{
+    value = text.toInt(nullptr, 10);
+}
+
+template<>
+QTextStream& TLogValue<int>::write(QTextStream& stream) const
+{
+    return stream << value;
+}
+
+template<>
+bool TLogValue<QString>::isSet() const
+{
+    return !value.isEmpty();
+}
+
+template<>
+void TLogValue<QString>::fromString(const QString& text)
+{
+    value = text;
+}
+
+template<>
+QTextStream& TLogValue<QString>::write(QTextStream& stream) const
+{
+    return stream << value;
+}
+
+template<>
+bool TLogValue<QDateTime>::isSet() const
+{
+    return value != QDateTime();
+}
+
+template<>
+void TLogValue<QDateTime>::fromString(const QString& text)
+{
+    COMMONKIT_DEPRECATED_BEGIN
+    value = QDateTime::fromString(text, Qt::SystemLocaleShortDate);
+    COMMONKIT_DEPRECATED_END
+}
+
+template<>
+QTextStream& TLogValue<QDateTime>::write(QTextStream& stream) const
+{
+    COMMONKIT_DEPRECATED_BEGIN
+    return stream << value.toString(Qt::SystemLocaleShortDate);
+    COMMONKIT_DEPRECATED_END
+}
+
+template class TLogValue<int>;
+template class TLogValue<QString>;
+template class TLogValue<QDateTime>;
+
+} // namespace ko

@@ -1,0 +1,338 @@
+// Log values, entries, the category table and the entry factory.
+
+#include "TestEntries.h"
+
+#include "logging/LogEntryFactory.h"
+#include "logging/LogWriter.h"
+#include "logging/XMLLogReader.h"
+#include "resources/Translations.h"
+
+#include <gtest/gtest.h>
+
+#include <QTranslator>
+
+#include <memory>
+#include <stdexcept>
+
+namespace {
+
+using cktest::NoteEntry;
+using cktest::TextEntry;
+
+TEST(LogValue, SetStateParsingAndTextOfTheThreeTypes)
+{
+    struct IntCase
+    {
+        const char* text;
+        int value;
+        bool set;
+        const char* written;
+    };
+    for (const IntCase& c : {IntCase{"42", 42, true, "42"}, IntCase{"-7", -7, true, "-7"},
+                             IntCase{"0", 0, false, "0"}, IntCase{"12abc", 0, false, "0"},
+                             IntCase{"0x10", 0, false, "0"}, IntCase{"", 0, false, "0"}}) {
+        ko::TLogValue<int> value("Numb", QStringLiteral("number"), 99);
+        value.fromString(QString::fromLatin1(c.text));
+        EXPECT_EQ(value.value, c.value) << c.text;
+        EXPECT_EQ(value.isSet(), c.set) << c.text;
+        EXPECT_EQ(value.toString(), QString::fromLatin1(c.written)) << c.text;
+    }
+
+    ko::TLogValue<QString> text("Text", QStringLiteral("text"));
+    EXPECT_FALSE(text.isSet());
+    text.fromString(QStringLiteral(" a & <b> \"ü\" "));
+    EXPECT_TRUE(text.isSet());
+    EXPECT_EQ(text.toString(), QStringLiteral(" a & <b> \"ü\" "));
+    EXPECT_EQ(text.idToString(), QStringLiteral("Text"));
+    EXPECT_EQ(static_cast<unsigned int>(text.id()), 0x54657874u);
+
+    ko::TLogValue<QDateTime> time("When", QStringLiteral("when"));
+    EXPECT_FALSE(time.isSet());
+    EXPECT_TRUE(time.toString().isEmpty());
+    const QDateTime moment(QDate(2024, 5, 6), QTime(7, 8, 9, 123));
+    time.value = moment;
+    EXPECT_TRUE(time.isSet());
+    const QString written = time.toString();
+    EXPECT_FALSE(written.isEmpty());
+    time.fromString(written);
+    EXPECT_EQ(time.value, cktest::afterRoundTrip(moment));
+    EXPECT_EQ(time.value.time().msec(), 0) << "milliseconds are not kept";
+    time.fromString(QStringLiteral("not a date"));
+    EXPECT_FALSE(time.isSet());
+}
+
+TEST(LogValue, AssignCopiesOnlyFromTheSameType)
+{
+    ko::TLogValue<int> number("Numb", QStringLiteral("number"), 5);
+    const ko::TLogValue<int> other("Othr", QStringLiteral("other"), 17);
+    const ko::TLogValue<QString> text("Text", QStringLiteral("text"), QStringLiteral("17"));
+    number.assign(text);
+    EXPECT_EQ(number.value, 5);
+    number.assign(other);
+    EXPECT_EQ(number.value, 17);
+    EXPECT_EQ(number.idToString(), QStringLiteral("Numb")) << "assign copies the value, not the id";
+}
+
+TEST(LogEntry, TimeAndUserComeFirstAndLookupFindsTheFirstMatch)
+{
+    const QDateTime before = QDateTime::currentDateTime();
+    TextEntry entry(QStringLiteral("hello"), 3);
+    ASSERT_EQ(entry.values().size(), 5);
+    EXPECT_EQ(entry.values().at(0)->idToString(), QStringLiteral("Time"));
+    EXPECT_EQ(entry.values().at(0)->name(), QStringLiteral("Time"));
+    EXPECT_EQ(entry.values().at(1)->idToString(), QStringLiteral("User"));
+    EXPECT_EQ(entry.values().at(2)->idToString(), QStringLiteral("Text"));
+    EXPECT_GE(entry.time(), before);
+    EXPECT_LE(entry.time(), QDateTime::currentDateTime());
+    EXPECT_TRUE(entry.user().isEmpty());
+
+    EXPECT_EQ(entry.logValue("Text"), &entry.text);
+    EXPECT_EQ(entry.logValue("Time"), entry.values().at(0));
+    EXPECT_EQ(entry.logValue("Nope"), nullptr);
+
+    // Two values with the same id: the first one answers.
+    struct Duplicated : TextEntry
+    {
+        Duplicated() : second("Text", QStringLiteral("second")) { append(&second); }
+        ko::TLogValue<QString> second;
+    } duplicated;
+    EXPECT_EQ(duplicated.logValue("Text"), &duplicated.text);
+}
+
+TEST(LogEntry, DescriptionFillsTheTemplateOrListsTheValues)
+{
+    TextEntry entry(QStringLiteral("a%2b"), 7);
+    entry.setUser(QStringLiteral("%1 user"));
+    // Values fill the placeholders in turn by Qt's arg rules; time and user never do.
+    EXPECT_EQ(entry.description(), QStringLiteral("Text 'a7b', number 7.")) << "arg replaces every copy of the lowest placeholder";
+
+    entry.text.value = QStringLiteral("plain");
+    EXPECT_EQ(entry.description(), QStringLiteral("Text 'plain', number 7."));
+
+    // Only one value beyond the user: the second placeholder stays.
+    struct OneValue : ko::LogEntry
+    {
+        OneValue() : text("Text", QStringLiteral("text"), QStringLiteral("x")) { append(&text); }
+        ko::FourChars type() const override { return "OneV"; }
+        ko::LogCategory category() const override { return {}; }
+        QString format() const override { return QStringLiteral("%1 and %2"); }
+        QString title() const override { return QString(); }
+        ko::TLogValue<QString> text;
+    } oneValue;
+    EXPECT_EQ(oneValue.description(), QStringLiteral("x and %2"));
+
+    // No value beyond the user: the template as it is.
+    cktest::UnregisteredEntry bare;
+    EXPECT_TRUE(bare.description().isEmpty());
+    struct Bare : cktest::UnregisteredEntry
+    {
+        QString format() const override { return QStringLiteral("Nothing %1"); }
+    } bareWithTemplate;
+    EXPECT_EQ(bareWithTemplate.description(), QStringLiteral("Nothing %1"));
+
+    // Without a template: "name: text " per value after time and user.
+    NoteEntry note;
+    note.setUser(QStringLiteral("someone"));
+    note.note.value = QStringLiteral("remember");
+    EXPECT_EQ(note.description(), QStringLiteral("note: remember "));
+}
+
+TEST(LogEntry, EqualityIgnoresTheKindsOwnValues)
+{
+    TextEntry first(QStringLiteral("one"), 1);
+    TextEntry second(QStringLiteral("two"), 2);
+    second.setTime(first.time());
+    EXPECT_TRUE(first == second);
+
+    second.setUser(QStringLiteral("other"));
+    EXPECT_FALSE(first == second);
+    second.setUser(QString());
+    second.setTime(first.time().addSecs(1));
+    EXPECT_TRUE(first != second);
+
+    NoteEntry note;
+    note.setTime(first.time());
+    EXPECT_FALSE(first == note) << "different type and category";
+}
+
+TEST(LogEntry, CloneCopiesEveryValueThroughTheFactory)
+{
+    TextEntry entry(QStringLiteral("copy me"), 42);
+    entry.setUser(QStringLiteral("me"));
+    entry.when.value = QDateTime(QDate(2020, 2, 29), QTime(23, 59, 58, 999));
+    std::unique_ptr<ko::LogEntry> copy(entry.clone());
+    ASSERT_NE(copy, nullptr);
+    ASSERT_EQ(copy->type(), ko::FourChars("TstE"));
+    auto* text = dynamic_cast<TextEntry*>(copy.get());
+    ASSERT_NE(text, nullptr);
+    EXPECT_EQ(text->text.value, QStringLiteral("copy me"));
+    EXPECT_EQ(text->number.value, 42);
+    EXPECT_EQ(text->when.value, entry.when.value);
+    EXPECT_EQ(text->time(), entry.time());
+    EXPECT_EQ(text->user(), QStringLiteral("me"));
+    EXPECT_TRUE(*copy == entry);
+
+    cktest::UnregisteredEntry unregistered;
+    EXPECT_EQ(unregistered.clone(), nullptr);
+}
+
+// Records the calls a writer gets; throws on the attribute named throwOn.
+class RecordingWriter : public ko::ILogWriter
+{
+public:
+    QStringList calls;
+    QString throwOn;
+
+    void* getInterface(const char*) override { return nullptr; }
+    const void* getInterface(const char*) const override { return nullptr; }
+    void writeStartDocument() override { calls << QStringLiteral("startDocument"); }
+    void writeEndDocument() override { calls << QStringLiteral("endDocument"); }
+    void writeStartElement(const ko::LogEntry& entry) override { calls << "start " + entry.type().toString(); }
+    void writeEndElement(const ko::LogEntry& entry) override { calls << "end " + entry.type().toString(); }
+    void writeAttribute(const ko::LogValue& value) override
+    {
+        if (value.idToString() == throwOn)
+            throw std::runtime_error("attribute failed");
+        calls << value.idToString();
+    }
+};
+
+TEST(LogEntry, WriteToVisitsEveryValueAndAlwaysEndsTheElement)
+{
+    TextEntry entry;
+    RecordingWriter writer;
+    entry.writeTo(writer);
+    EXPECT_EQ(writer.calls, QStringList({"start TstE", "Time", "User", "Text", "Numb", "When", "end TstE"}))
+        << "unset values are the writer's business, all of them are passed";
+
+    RecordingWriter failing;
+    failing.throwOn = QStringLiteral("Numb");
+    EXPECT_THROW(entry.writeTo(failing), std::runtime_error);
+    EXPECT_EQ(failing.calls, QStringList({"start TstE", "Time", "User", "Text", "end TstE"}));
+}
+
+ko::ELogCategory categoryOf(const char* letters)
+{
+    return static_cast<ko::ELogCategory>(static_cast<unsigned int>(ko::FourChars(letters)));
+}
+
+TEST(LogCategory, TableHasThirtySevenRowsInOrder)
+{
+    const struct
+    {
+        const char* id;
+        const char* name;
+    } table[] = {
+        {"    ", "None"}, {"Aces", "Access"}, {"Logn", "Logon & Logoff"}, {"UsGr", "User & Groups"},
+        {"Auth", "Authorize"}, {"SoUp", "Software updates"}, {"cSet", "Camera Settings"},
+        {"cWeB", "Web browser"}, {"NMsg", "Network messages"}, {"SofB", "Softbuttons"},
+        {"Form", "Formatting"}, {"appC", "Daxil configuration"}, {"aQit", "Quit"},
+        {"lMgr", "Layout Manager"}, {"DspS", "Display scaling"}, {"cMen", "Context menus"},
+        {"uAss", "Upload Assistant"}, {"aLog", "Action log"}, {"Srch", "Event Search"}, {"Expt", "Export"},
+        {"LoAr", "Local archive"}, {"SrVi", "Video search"}, {"Play", "Play"}, {"View", "Viewing"},
+        {"Alrm", "Alarm"}, {"Sequ", "Sequencer"}, {"Layo", "Layout"}, {"Audi", "Audio"}, {"lPTZ", "PTZ"},
+        {"pPTZ", "PTZ post"}, {"lPtC", "PTZ config"}, {"pPtC", "PTZ post config"}, {"cSgO", "Signal outs"},
+        {"Eror", "Error"}, {"Cont", "Remote control"}, {"Devi", "Devices"}, {"Syst", "System"},
+    };
+    const QList<ko::ELogCategory> ids = ko::LogCategory::categoryIds();
+    ASSERT_EQ(ids.size(), 37);
+    QStringList names;
+    for (int i = 0; i < ids.size(); ++i) {
+        EXPECT_EQ(ko::FourChars(ids.at(i)).toString(), QString::fromLatin1(table[i].id)) << i;
+        const ko::LogCategory category(categoryOf(table[i].id));
+        EXPECT_EQ(category.id, ids.at(i));
+        EXPECT_EQ(category.name, QString::fromLatin1(table[i].name)) << table[i].id;
+        names << QString::fromLatin1(table[i].name);
+    }
+    names.sort(Qt::CaseSensitive);
+    EXPECT_EQ(ko::LogCategory::categoryNames(), names);
+    EXPECT_EQ(ko::LogCategory::categoryNames().first(), QStringLiteral("Access"));
+    EXPECT_EQ(static_cast<unsigned int>(ko::CategoryAccess), 0x41636573u);
+
+    for (const char* unknown : {"Nope", "aces", "", "\x01\x02\x03\x04"}) {
+        const ko::LogCategory category(categoryOf(unknown));
+        EXPECT_EQ(category.id, ko::CategoryNone) << unknown;
+        EXPECT_EQ(ko::FourChars(category.id).toString(), QStringLiteral("    "));
+        EXPECT_EQ(category.name, QStringLiteral("None"));
+    }
+}
+
+TEST(LogCategory, EveryTextHasGermanAndFrenchTranslations)
+{
+    QStringList sources;
+    for (ko::ELogCategory id : ko::LogCategory::categoryIds())
+        sources << QString::fromLatin1(ko::LogCategory::untranslatedName(id));
+    sources << QStringLiteral("Action log error")
+            << QStringLiteral("Error '%1' reading action log '%2' in line '%3', column '%4'.");
+    for (const char* language : {"de", "fr"}) {
+        QTranslator translator;
+        ASSERT_TRUE(translator.load(QStringLiteral(":/CommonKit_%1.qm").arg(QLatin1String(language))));
+        for (const QString& source : sources) {
+            const QString translated = translator.translate("ActionLog", source.toUtf8().constData());
+            EXPECT_FALSE(translated.isEmpty()) << language << ": " << source.toStdString();
+            EXPECT_EQ(translated.count(QLatin1Char('%')), source.count(QLatin1Char('%'))) << source.toStdString();
+        }
+    }
+
+    ASSERT_TRUE(ko::installTranslations(QLocale(QStringLiteral("de"))));
+    EXPECT_EQ(ko::LogCategory(ko::CategoryError).name, QStringLiteral("Fehler"));
+    EXPECT_EQ(ko::ParseXMLLogEntry().title(), QStringLiteral("Aktionsprotokollfehler"));
+    EXPECT_TRUE(ko::LogCategory::categoryNames().contains(QStringLiteral("Geräte")));
+    ASSERT_TRUE(ko::installTranslations(QLocale(QStringLiteral("fr"))));
+    EXPECT_EQ(ko::ParseXMLLogEntry(QStringLiteral("e"), QStringLiteral("f"), 1, 2).description(),
+              QStringLiteral("Erreur 'e' lors de la lecture du journal des actions 'f' à la ligne '1', colonne '2'."));
+    ko::removeTranslations();
+    EXPECT_EQ(ko::LogCategory(ko::CategoryError).name, QStringLiteral("Error"));
+}
+
+ko::LogEntry* createNote()
+{
+    return new NoteEntry;
+}
+
+ko::LogEntry* createText()
+{
+    return new TextEntry;
+}
+
+TEST(LogEntryFactory, RegistersReplacesAndRemembersUnknownCodes)
+{
+    ko::LogEntryFactory factory;
+    EXPECT_EQ(factory.create("Abcd"), nullptr);
+    EXPECT_EQ(factory.types(), QList<ko::FourChars>({"Abcd"})) << "insert-on-miss leaves the code behind";
+    EXPECT_EQ(factory.create("Abcd"), nullptr) << "and it still creates nothing";
+    EXPECT_TRUE(factory.entryNames().isEmpty());
+
+    factory.registerCreator("Zzzz", createNote, "zeta");
+    factory.registerCreator("Aaaa", createText, "Beta");
+    factory.registerCreator("Mmmm", createText, "alpha");
+    std::unique_ptr<ko::LogEntry> entry(factory.create("Zzzz"));
+    ASSERT_NE(entry, nullptr);
+    EXPECT_EQ(entry->type(), ko::FourChars("TstN"));
+    EXPECT_EQ(factory.entryNames(), QStringList({"Beta", "alpha", "zeta"})) << "sorted case-sensitively";
+    EXPECT_EQ(factory.types(), QList<ko::FourChars>({"Aaaa", "Abcd", "Mmmm", "Zzzz"})) << "numeric order";
+
+    // A copy is independent of the original.
+    ko::LogEntryFactory copy = factory;
+    factory.registerCreator("Zzzz", createText, "omega");
+    entry.reset(copy.create("Zzzz"));
+    EXPECT_EQ(entry->type(), ko::FourChars("TstN"));
+    entry.reset(factory.create("Zzzz"));
+    EXPECT_EQ(entry->type(), ko::FourChars("TstE")) << "a second registration replaces the first";
+    EXPECT_EQ(factory.entryNames(), QStringList({"Beta", "alpha", "omega"}));
+    copy = factory;
+    EXPECT_EQ(copy.entryNames(), factory.entryNames());
+}
+
+TEST(LogEntryFactory, LibraryKindsAreRegisteredAtLoad)
+{
+    std::unique_ptr<ko::LogEntry> entry(ko::logEntryFactory().create("XmlP"));
+    ASSERT_NE(entry, nullptr);
+    EXPECT_EQ(entry->type(), ko::FourChars("XmlP"));
+    EXPECT_EQ(entry->category().id, ko::CategoryError);
+    EXPECT_EQ(entry->user(), QStringLiteral("Unknown"));
+    EXPECT_TRUE(ko::logEntryFactory().entryNames().contains(QStringLiteral("Action log error")));
+    EXPECT_EQ(&ko::logEntryFactory(), &ko::logEntryFactory());
+}
+
+} // namespace

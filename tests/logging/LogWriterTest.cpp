@@ -1,0 +1,203 @@
+// The prose and XML writers. Well-formedness is checked with QDomDocument,
+// an XML parser independent of the library's reader.
+
+#include "TestEntries.h"
+
+#include "logging/ProsaLogWriter.h"
+#include "logging/XMLLogWriter.h"
+
+#include <gtest/gtest.h>
+
+#include <QBuffer>
+#include <QDomDocument>
+#include <QTextStream>
+
+#include <iterator>
+#include <memory>
+#include <vector>
+
+namespace {
+
+using cktest::TextEntry;
+using cktest::writeDocument;
+
+const QByteArray k_header = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>"
+                            "<Entries Version=\"v0.1\" LogFile=\"test.kol\" Date=\"2014-05-06T07:08:09\">";
+
+// Parses with QDomDocument; fails the test with the parser's message.
+QDomDocument parse(const QByteArray& bytes)
+{
+    QDomDocument document;
+    QString message;
+    int line = 0;
+    int column = 0;
+    EXPECT_TRUE(document.setContent(bytes, &message, &line, &column))
+        << message.toStdString() << " at " << line << ":" << column << " in " << bytes.toStdString();
+    return document;
+}
+
+QString timeText(const QDateTime& time)
+{
+    ko::TLogValue<QDateTime> value("Time", QStringLiteral("Time"), time);
+    return value.toString();
+}
+
+TEST(XMLLogWriter, HeaderIsOneLineWithItsAttributesInOrder)
+{
+    EXPECT_EQ(writeDocument({}, false), k_header);
+    EXPECT_EQ(writeDocument({}, true), k_header + "</Entries>\n");
+
+    struct Case
+    {
+        QString app;
+        QString lng;
+        QByteArray extra;
+    };
+    for (const Case& c : {Case{"2.1", "", " ApplicationVersion=\"2.1\""}, Case{"", "de", " LanguageVersion=\"de\""},
+                          Case{"2.1", "de", " ApplicationVersion=\"2.1\" LanguageVersion=\"de\""}}) {
+        QBuffer buffer;
+        buffer.open(QIODevice::WriteOnly);
+        QTextStream stream(&buffer);
+        ko::XMLLogWriter writer(&stream, QStringLiteral("ignored"), QDateTime(QDate(2014, 5, 6), QTime(7, 8, 9, 500)));
+        writer.setStartDocumentName(QStringLiteral("a&b.kol"));
+        writer.setAppVersion(c.app);
+        writer.setLngVersion(c.lng);
+        writer.writeStartDocument();
+        EXPECT_EQ(buffer.data(), "<?xml version=\"1.0\" encoding=\"UTF-8\"?><Entries Version=\"v0.1\" "
+                                 "LogFile=\"a&amp;b.kol\" Date=\"2014-05-06T07:08:09\""
+                                     + c.extra + ">");
+    }
+}
+
+TEST(XMLLogWriter, EntriesAreEmptyElementsWithOnlyTheirSetValues)
+{
+    TextEntry onlyTime;
+    const QByteArray live = writeDocument({&onlyTime}, false);
+    EXPECT_EQ(live, k_header + "<Entry ID=\"TstE\" Time=\"" + timeText(onlyTime.time()).toUtf8() + "\"/>");
+
+    TextEntry full(QStringLiteral("x"), -3);
+    full.setUser(QStringLiteral("anna"));
+    full.when.value = QDateTime(QDate(2001, 2, 3), QTime(4, 5, 6));
+    const QDomDocument document = parse(writeDocument({&onlyTime, &full}, true));
+    const QDomNodeList entries = document.documentElement().elementsByTagName(QStringLiteral("Entry"));
+    ASSERT_EQ(entries.size(), 2);
+    EXPECT_EQ(entries.at(0).attributes().size(), 2) << "only ID and Time";
+    const QDomNamedNodeMap attributes = entries.at(1).attributes();
+    ASSERT_EQ(attributes.size(), 6);
+    const QDomElement second = entries.at(1).toElement();
+    EXPECT_EQ(second.attribute(QStringLiteral("ID")), QStringLiteral("TstE"));
+    EXPECT_EQ(second.attribute(QStringLiteral("User")), QStringLiteral("anna"));
+    EXPECT_EQ(second.attribute(QStringLiteral("Text")), QStringLiteral("x"));
+    EXPECT_EQ(second.attribute(QStringLiteral("Numb")), QStringLiteral("-3"));
+    EXPECT_EQ(second.attribute(QStringLiteral("When")), timeText(full.when.value));
+    EXPECT_FALSE(second.hasChildNodes());
+}
+
+TEST(XMLLogWriter, AwkwardTextsStayWellFormedAndOneLine)
+{
+    const QString texts[] = {
+        QStringLiteral("a & b"), QStringLiteral("<tag attr=\"v\">"), QStringLiteral("it's \"quoted\""),
+        QStringLiteral("Grüße, ½ € ✓ 日本"), QString::fromUtf8("emoji \xF0\x9F\x98\x80"),
+        QStringLiteral("line\nbreak\r\tand tab"), QStringLiteral("]]> and &amp;"),
+    };
+    std::vector<std::unique_ptr<TextEntry>> owned;
+    std::vector<const ko::LogEntry*> entries;
+    for (const QString& text : texts) {
+        owned.push_back(std::make_unique<TextEntry>(text, 1));
+        owned.back()->setUser(text);
+        entries.push_back(owned.back().get());
+    }
+    const QByteArray live = writeDocument(entries, false);
+    EXPECT_FALSE(live.contains('\n')) << "line breaks in values are escaped";
+    EXPECT_FALSE(live.contains("</Entries>"));
+    const QDomDocument document = parse(live + "\n</Entries>\n");
+    const QDomNodeList elements = document.documentElement().elementsByTagName(QStringLiteral("Entry"));
+    ASSERT_EQ(elements.size(), static_cast<int>(std::size(texts)));
+    for (int i = 0; i < elements.size(); ++i) {
+        EXPECT_EQ(elements.at(i).toElement().attribute(QStringLiteral("Text")), texts[i]) << i;
+        EXPECT_EQ(elements.at(i).toElement().attribute(QStringLiteral("User")), texts[i]) << i;
+    }
+}
+
+TEST(XMLLogWriter, CharactersXmlCannotCarryBecomeReplacementCharacters)
+{
+    TextEntry entry(QStringLiteral("bell\x07 nul") + QChar(0) + QStringLiteral(" lone") + QChar(0xD800) + QChar(0xFFFF),
+                    1);
+    const QDomDocument document = parse(writeDocument({&entry}, true));
+    const QString text = document.documentElement().firstChildElement().attribute(QStringLiteral("Text"));
+    const QChar r(QChar::ReplacementCharacter);
+    EXPECT_EQ(text, QStringLiteral("bell") + r + QStringLiteral(" nul") + r + QStringLiteral(" lone") + r + r);
+
+    // A value id that cannot be an attribute name is left out.
+    struct BadId : TextEntry
+    {
+        BadId() : bad("1 x", QStringLiteral("bad"), QStringLiteral("v")) { append(&bad); }
+        ko::TLogValue<QString> bad;
+    } badId;
+    const QDomDocument second = parse(writeDocument({&badId}, true));
+    EXPECT_EQ(second.documentElement().firstChildElement().attributes().size(), 2);
+}
+
+TEST(XMLLogWriter, LiveFilesCanBeAppendedToByAFreshWriterAndThenClosed)
+{
+    // Session 1 writes only the header, session 2 appends one entry, session
+    // 3 another; the file is finally closed with a line break, the end tag
+    // and a line break.
+    QByteArray file = writeDocument({}, false);
+    for (int session = 0; session < 2; ++session) {
+        TextEntry entry(QStringLiteral("session %1").arg(session), session + 1);
+        QBuffer buffer(&file);
+        buffer.open(QIODevice::WriteOnly | QIODevice::Append);
+        QTextStream stream(&buffer);
+        ko::XMLLogWriter writer(&stream, QString(), QDateTime::currentDateTime());
+        entry.writeTo(writer);
+    }
+    EXPECT_FALSE(file.contains('\n'));
+    const QDomDocument document = parse(file + "\n</Entries>\n");
+    const QDomNodeList entries = document.documentElement().elementsByTagName(QStringLiteral("Entry"));
+    ASSERT_EQ(entries.size(), 2);
+    EXPECT_EQ(entries.at(1).toElement().attribute(QStringLiteral("Text")), QStringLiteral("session 1"));
+    EXPECT_EQ(document.documentElement().attribute(QStringLiteral("LogFile")), QStringLiteral("test.kol"));
+}
+
+TEST(XMLLogWriter, WritesToStringStreamsInOrderWithTheStreamsOwnText)
+{
+    QString text;
+    QTextStream stream(&text);
+    ko::XMLLogWriter writer(&stream, QString(), QDateTime(QDate(2014, 5, 6), QTime(7, 8, 9)));
+    writer.setStartDocumentName(QStringLiteral("test.kol"));
+    stream << "<!-- before -->";
+    writer.writeStartDocument();
+    TextEntry entry(QStringLiteral("ü"), 0);
+    entry.setTime(QDateTime());
+    entry.writeTo(writer);
+    stream << "<!-- after -->";
+    writer.writeEndDocument();
+    stream.flush();
+    EXPECT_EQ(text, QStringLiteral("<!-- before -->") + QString::fromUtf8(k_header)
+                        + QStringLiteral("<Entry ID=\"TstE\" Text=\"ü\"/><!-- after --></Entries>\n"));
+    EXPECT_EQ(writer.getInterface("ko::ILogWriter"), static_cast<ko::ILogWriter*>(&writer));
+    EXPECT_EQ(writer.getInterface("ko::Nothing"), nullptr);
+}
+
+TEST(ProsaLogWriter, OneLinePerEntryWithTheSeparatorAfterEveryValue)
+{
+    QString text;
+    QTextStream stream(&text);
+    ko::ProsaLogWriter writer(stream, ',');
+    cktest::UnregisteredEntry bare;
+    bare.setUser(QStringLiteral("bob"));
+    writer.writeStartDocument();
+    bare.writeTo(writer);
+    TextEntry entry(QStringLiteral("hi"), 0);
+    entry.setUser(QStringLiteral("eve"));
+    entry.writeTo(writer);
+    writer.writeEndDocument();
+    const QString time1 = timeText(bare.time());
+    const QString time2 = timeText(entry.time());
+    EXPECT_EQ(text, "Time: " + time1 + ",User: bob,Unregistered\n" + "Time: " + time2
+                        + ",User: eve,text: hi,number: 0,when: ,Test entry\n")
+        << "the prose writer shows unset values too";
+}
+
+} // namespace

@@ -1,0 +1,242 @@
+// Reading action log files back: round trips, cut-off live files, malformed
+// files and the attribute rules.
+
+#include "TestEntries.h"
+
+#include "logging/XMLLogReader.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <memory>
+#include <vector>
+
+namespace {
+
+using cktest::TextEntry;
+using cktest::writeDocument;
+
+struct ReadResult
+{
+    std::vector<std::unique_ptr<ko::LogEntry>> entries; // including error entries
+    int nulls = 0;                                      // null answers before the end
+    bool fault = false;
+    QXmlStreamReader::Error error = QXmlStreamReader::NoError;
+};
+
+class XMLLogReaderTest : public ::testing::Test
+{
+protected:
+    QString store(const QByteArray& bytes, const QString& name = QStringLiteral("log.kol"))
+    {
+        const QString path = m_dir.filePath(name);
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        file.write(bytes);
+        return path;
+    }
+
+    // Reads the way the action log does: until the end or an error.
+    ReadResult read(const QString& path)
+    {
+        ReadResult result;
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly | QIODevice::Text));
+        ko::XMLLogReader reader(&file);
+        for (int guard = 0; !reader.atEnd() && !reader.hasError() && guard < 100000; ++guard) {
+            std::unique_ptr<ko::LogEntry> entry(reader.readNextLogEntry());
+            if (entry)
+                result.entries.push_back(std::move(entry));
+            else if (!reader.atEnd())
+                ++result.nulls;
+        }
+        result.fault = reader.hasFault();
+        result.error = reader.error();
+        return result;
+    }
+
+    ReadResult readBytes(const QByteArray& bytes) { return read(store(bytes)); }
+
+    QTemporaryDir m_dir;
+};
+
+TEST_F(XMLLogReaderTest, ValuesSurviveAWriteAndARead)
+{
+    const QString texts[] = {
+        QStringLiteral("a & b < c > d"), QStringLiteral("\"double\" and 'single'"),
+        QStringLiteral("Grüße aus Köln, ½ € ✓ 日本語"), QString::fromUtf8("\xF0\x9F\x93\xB7 camera"),
+        QStringLiteral("tab\tnew\nline"), QStringLiteral("&amp; stays &amp;"),
+    };
+    std::vector<std::unique_ptr<TextEntry>> written;
+    std::vector<const ko::LogEntry*> pointers;
+    int number = -1000;
+    for (const QString& text : texts) {
+        written.push_back(std::make_unique<TextEntry>(text, number));
+        number = number * -3 + 7;
+        written.back()->setUser(text + QStringLiteral(" user"));
+        written.back()->when.value = QDateTime(QDate(2023, 12, 31), QTime(23, 59, 59));
+        pointers.push_back(written.back().get());
+    }
+    for (bool closed : {false, true}) {
+        const ReadResult result = readBytes(writeDocument(pointers, closed));
+        EXPECT_FALSE(result.fault);
+        EXPECT_EQ(result.error, closed ? QXmlStreamReader::NoError : QXmlStreamReader::PrematureEndOfDocumentError);
+        ASSERT_EQ(result.entries.size(), written.size());
+        for (size_t i = 0; i < written.size(); ++i) {
+            const auto* entry = dynamic_cast<const TextEntry*>(result.entries[i].get());
+            ASSERT_NE(entry, nullptr);
+            EXPECT_EQ(entry->text.value, written[i]->text.value) << i;
+            EXPECT_EQ(entry->user(), written[i]->user()) << i;
+            EXPECT_EQ(entry->number.value, written[i]->number.value) << i;
+            EXPECT_EQ(entry->time(), cktest::afterRoundTrip(written[i]->time())) << i;
+            EXPECT_EQ(entry->when.value, cktest::afterRoundTrip(written[i]->when.value)) << i;
+        }
+    }
+}
+
+TEST_F(XMLLogReaderTest, ALiveFileCutAnywhereInItsLastEntryReadsTheEntriesBefore)
+{
+    TextEntry first(QStringLiteral("first & one"), 1);
+    TextEntry second(QStringLiteral("zweite Ü"), 2);
+    TextEntry last(QStringLiteral("letzte \"€\" <x>"), 3);
+    last.setUser(QStringLiteral("Jürgen"));
+    const QByteArray before = writeDocument({&first, &second}, false);
+    const QByteArray full = writeDocument({&first, &second, &last}, false);
+    ASSERT_TRUE(full.startsWith(before));
+
+    for (int cut = before.size(); cut <= full.size(); ++cut) {
+        const ReadResult result = readBytes(full.left(cut));
+        const size_t expected = cut == full.size() ? 3 : 2;
+        ASSERT_EQ(result.entries.size(), expected) << "cut at byte " << cut;
+        for (const auto& entry : result.entries)
+            EXPECT_EQ(entry->type(), ko::FourChars("TstE")) << "no error entry, cut at byte " << cut;
+        EXPECT_FALSE(result.fault) << cut;
+        EXPECT_EQ(result.error, QXmlStreamReader::PrematureEndOfDocumentError) << cut;
+    }
+    // The same file closed the way a live log is finalised.
+    const ReadResult closed = readBytes(full + "\n</Entries>\n");
+    EXPECT_EQ(closed.entries.size(), 3u);
+    EXPECT_EQ(closed.error, QXmlStreamReader::NoError);
+}
+
+TEST_F(XMLLogReaderTest, MalformedTextGivesOneErrorEntryWithLineAndColumn)
+{
+    TextEntry entry(QStringLiteral("ok"), 1);
+    const QByteArray good = writeDocument({&entry, &entry}, false);
+    struct Case
+    {
+        const char* name;
+        QByteArray bytes;
+        int line;
+        QByteArray lineText; // the faulty line up to and including the character where the fault shows
+    };
+    const Case cases[] = {
+        {"stray end tag", good + "\n</Bogus>", 2, "</Bogus>"},
+        {"stray end tag after a closed document", good + "\n</Entries>\n  </Entries>", 3, "  </"},
+        {"double <", good + "\n\n  <<Entry ID=\"TstE\"/>", 3, "  <<"},
+        {"unquoted attribute", good + "\n<Entry ID=TstE/>", 2, "<Entry ID=T"},
+        {"undefined entity", good + "\n<Entry ID=\"TstE\" Text=\"&bogus;\"/>", 2, "<Entry ID=\"TstE\" Text=\"&bogus;"},
+        {"text before the declaration", "garbage" + good, 1, "g"},
+    };
+    for (const Case& c : cases) {
+        const QString path = store(c.bytes);
+        const ReadResult result = read(path);
+        EXPECT_TRUE(result.fault) << c.name;
+        ASSERT_FALSE(result.entries.empty()) << c.name;
+        auto* error = dynamic_cast<ko::ParseXMLLogEntry*>(result.entries.back().get());
+        ASSERT_NE(error, nullptr) << c.name;
+        for (size_t i = 0; i + 1 < result.entries.size(); ++i)
+            EXPECT_EQ(result.entries[i]->type(), ko::FourChars("TstE")) << c.name;
+        EXPECT_EQ(result.entries.size(), c.line == 1 ? 1u : 3u) << c.name << ": entries before the fault, then the error";
+        EXPECT_EQ(error->line(), c.line) << c.name;
+        EXPECT_EQ(error->column(), c.lineText.size()) << c.name;
+        EXPECT_FALSE(error->errorText().isEmpty()) << c.name;
+        EXPECT_EQ(error->fileName(), path);
+        EXPECT_EQ(error->user(), QStringLiteral("Unknown"));
+        EXPECT_EQ(error->category().id, ko::CategoryError);
+        EXPECT_EQ(error->description().toStdString(), QStringLiteral("Error '%1' reading action log '%2' in line '%3', column '%4'.")
+                                            .arg(error->errorText(), path)
+                                            .arg(c.line)
+                                            .arg(c.lineText.size())
+                                            .toStdString());
+    }
+}
+
+TEST_F(XMLLogReaderTest, UnknownKindsAreSkippedAndReadingGoesOn)
+{
+    const QByteArray text =
+        "<?xml version=\"1.0\"?><Entries><Entry ID=\"Nope\" Text=\"lost\"/><Entry/><Other ID=\"TstE\"/>"
+        "<Entry ID=\"TstE\" Text=\"kept\"/></Entries>";
+    const ReadResult result = readBytes(text);
+    EXPECT_EQ(result.nulls, 2) << "the unknown kind and the element without ID";
+    ASSERT_EQ(result.entries.size(), 1u);
+    EXPECT_EQ(dynamic_cast<const TextEntry&>(*result.entries[0]).text.value, QStringLiteral("kept"));
+}
+
+TEST_F(XMLLogReaderTest, AttributeOrderDecidesWhatIsKept)
+{
+    const QDateTime fileTime(QDate(2001, 2, 3), QTime(4, 5));
+    ko::TLogValue<QDateTime> timeValue("Time", QStringLiteral("Time"), fileTime);
+    const QString time = timeValue.toString();
+    const QByteArray text = "<?xml version=\"1.0\"?><Entries>"
+                            "<Entry Time=\"" + time.toUtf8() + "\" ID=\"TstE\" User=\"u1\"/>"
+                            "<Entry ID=\"TstE\" Time=\"" + time.toUtf8() + "\" User=\"u2\" Bogu=\"x\" Text=\"lost\" Numb=\"5\"/>"
+                            "<Entry ID=\"TstE\" Numb=\"12\" Text=\"all\" User=\"u3\"/>"
+                            "</Entries>";
+    const QDateTime before = QDateTime::currentDateTime();
+    const ReadResult result = readBytes(text);
+    ASSERT_EQ(result.entries.size(), 3u);
+    const auto& first = dynamic_cast<const TextEntry&>(*result.entries[0]);
+    EXPECT_GE(first.time(), before) << "a time before ID is lost: the entry keeps its own";
+    EXPECT_EQ(first.user(), QStringLiteral("u1"));
+
+    const auto& second = dynamic_cast<const TextEntry&>(*result.entries[1]);
+    EXPECT_EQ(second.time(), cktest::afterRoundTrip(fileTime));
+    EXPECT_EQ(second.user(), QStringLiteral("u2"));
+    EXPECT_TRUE(second.text.value.isEmpty()) << "an unknown attribute ends the element";
+    EXPECT_EQ(second.number.value, 0);
+
+    const auto& third = dynamic_cast<const TextEntry&>(*result.entries[2]);
+    EXPECT_EQ(third.number.value, 12);
+    EXPECT_EQ(third.text.value, QStringLiteral("all"));
+    EXPECT_EQ(third.user(), QStringLiteral("u3"));
+}
+
+TEST_F(XMLLogReaderTest, ErrorEntriesThemselvesReadBack)
+{
+    ko::ParseXMLLogEntry error(QStringLiteral("Unexpected '<'."), QStringLiteral("/var/log/a.kol"), 3, 14);
+    const ReadResult result = readBytes(writeDocument({&error}, true));
+    ASSERT_EQ(result.entries.size(), 1u);
+    EXPECT_FALSE(result.fault);
+    const auto& read = dynamic_cast<const ko::ParseXMLLogEntry&>(*result.entries[0]);
+    EXPECT_EQ(read.errorText(), QStringLiteral("Unexpected '<'."));
+    EXPECT_EQ(read.fileName(), QStringLiteral("/var/log/a.kol"));
+    EXPECT_EQ(read.line(), 3);
+    EXPECT_EQ(read.column(), 14);
+    EXPECT_EQ(read.values().at(2)->name(), QStringLiteral("source"));
+    EXPECT_EQ(read.values().at(5)->name(), QStringLiteral("colunm"));
+}
+
+TEST_F(XMLLogReaderTest, EmptyFilesAndMissingInput)
+{
+    const ReadResult empty = readBytes(QByteArray());
+    EXPECT_TRUE(empty.entries.empty());
+    EXPECT_FALSE(empty.fault);
+
+    ko::XMLLogReader noFile(nullptr);
+    EXPECT_EQ(noFile.readNextLogEntry(), nullptr);
+    EXPECT_FALSE(noFile.hasFault());
+
+    // Deep nesting and a huge attribute do not hurt.
+    QByteArray deep = "<?xml version=\"1.0\"?><Entries>";
+    for (int i = 0; i < 2000; ++i)
+        deep += "<a>";
+    deep += "<Entry ID=\"TstE\" Text=\"" + QByteArray(1 << 20, 'x') + "\"/>";
+    const ReadResult nested = readBytes(deep);
+    ASSERT_EQ(nested.entries.size(), 1u);
+    EXPECT_EQ(dynamic_cast<const TextEntry&>(*nested.entries[0]).text.value.size(), 1 << 20);
+}
+
+} // namespace
