@@ -201,53 +201,6 @@ TEST(Properties, TypedAccessorsReadWriteTheirOwnClassOnly)
     EXPECT_EQ(kogen::IntProperty::getValue(number, 0), -5);
 }
 
-TEST(Properties, TypedAccessorsRoundTripEveryClass)
-{
-    kogen::BoolProperty b(QStringLiteral("b"));
-    kogen::UIntProperty u(QStringLiteral("u"));
-    kogen::U64Property u64(QStringLiteral("u64"));
-    kogen::FloatProperty f(QStringLiteral("f"));
-    kogen::DoubleProperty d(QStringLiteral("d"));
-    kogen::StringProperty s(QStringLiteral("s"));
-    kogen::StringListProperty sl(QStringLiteral("sl"));
-    kogen::ByteArrayProperty ba(QStringLiteral("ba"));
-    kogen::RectProperty r(QStringLiteral("r"));
-    kogen::TimeProperty t(QStringLiteral("t"));
-    kogen::DateTimeProperty dt(QStringLiteral("dt"));
-    kogen::VariantProperty v(QStringLiteral("v"));
-
-    kogen::BoolProperty::setValue(b, true);
-    kogen::UIntProperty::setValue(u, 4000000000u);
-    kogen::U64Property::setValue(u64, 0x100000005ULL);
-    kogen::FloatProperty::setValue(f, 0.25f);
-    kogen::DoubleProperty::setValue(d, -1e-300);
-    kogen::StringProperty::setValue(s, QStringLiteral("\u00e4x"));
-    kogen::StringListProperty::setValue(sl, {QStringLiteral("a"), QStringLiteral("b")});
-    kogen::ByteArrayProperty::setValue(ba, QByteArray("\0\1", 2));
-    kogen::RectProperty::setValue(r, QRect(-3, 4, 5, 6));
-    kogen::TimeProperty::setValue(t, QTime(23, 59, 58, 999));
-    const QDateTime moment(QDate(2024, 5, 6), QTime(7, 8, 9), Qt::UTC);
-    kogen::DateTimeProperty::setValue(dt, moment);
-    kogen::VariantProperty::setValue(v, QVariant(QSize(3, 4)));
-
-    EXPECT_TRUE(kogen::BoolProperty::getValue(b, false));
-    EXPECT_EQ(kogen::UIntProperty::getValue(u, 0), 4000000000u);
-    EXPECT_EQ(kogen::U64Property::getValue(u64, 0), 0x100000005ULL);
-    EXPECT_EQ(kogen::FloatProperty::getValue(f, 0), 0.25f);
-    EXPECT_EQ(kogen::DoubleProperty::getValue(d, 0), -1e-300);
-    EXPECT_EQ(kogen::StringProperty::getValue(s, {}), QStringLiteral("\u00e4x"));
-    EXPECT_EQ(kogen::StringListProperty::getValue(sl, {}), (QStringList{QStringLiteral("a"), QStringLiteral("b")}));
-    EXPECT_EQ(kogen::ByteArrayProperty::getValue(ba, {}), QByteArray("\0\1", 2));
-    EXPECT_EQ(kogen::RectProperty::getValue(r, {}), QRect(-3, 4, 5, 6));
-    EXPECT_EQ(kogen::TimeProperty::getValue(t, {}), QTime(23, 59, 58, 999));
-    EXPECT_EQ(kogen::DateTimeProperty::getValue(dt, {}), moment);
-    EXPECT_EQ(kogen::VariantProperty::getValue(v, {}), QVariant(QSize(3, 4)));
-    // The variant forms carry the class's own type.
-    EXPECT_EQ(u64.variantValue().userType(), QMetaType::ULongLong);
-    EXPECT_EQ(f.variantValue().userType(), QMetaType::Float);
-    EXPECT_EQ(v.variantValue().userType(), QMetaType::QSize);
-}
-
 TEST(Properties, CopiesShareTheValidatorButNotTheValue)
 {
     kogen::IntProperty original(QStringLiteral("n"));

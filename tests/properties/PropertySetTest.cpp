@@ -216,21 +216,6 @@ TEST(PropertySet, DumpFramesEveryPropertyWithRules)
     EXPECT_EQ(dumpOf(set), expected);
 }
 
-TEST(PropertySet, VariantValuesRoundTrip)
-{
-    PropertySet set = sample();
-    const QVariantMap values = set.variantValues();
-    EXPECT_EQ(values, (QVariantMap{{QStringLiteral("enabled"), true}, {QStringLiteral("name"), QStringLiteral("cam 1")},
-                                   {QStringLiteral("width"), 640}}));
-    PropertySet other;
-    other.add(new kogen::IntProperty(QStringLiteral("width")));
-    other.add(new kogen::StringProperty(QStringLiteral("name")));
-    other.add(new kogen::BoolProperty(QStringLiteral("enabled")));
-    EXPECT_FALSE(other == set);
-    EXPECT_TRUE(other.setVariantValues(values));
-    EXPECT_TRUE(other == set);
-}
-
 TEST(PropertySet, ValidateRunsInNameOrderAndStopsAtAnException)
 {
     PropertySet set;
