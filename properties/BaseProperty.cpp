@@ -1,0 +1,45 @@
+#include "properties/BaseProperty.h"
+
+#include "properties/PropertyValidator.h"
+
+#include <QTextStream>
+
+namespace kogen {
+
+BaseProperty::BaseProperty() : m_valid(false)
+{
+}
+
+BaseProperty::BaseProperty(const QString& name) : m_valid(false), m_name(name)
+{
+}
+
+BaseProperty::BaseProperty(const BaseProperty& other) = default;
+
+// Copies description, validation message, valid flag, validator (shared) and
+// name, in the order of the members.
+BaseProperty& BaseProperty::operator=(const BaseProperty& other) = default;
+
+BaseProperty::~BaseProperty() = default;
+
+bool BaseProperty::validate(PropertySet& set)
+{
+    if (!m_validator)
+        return true;
+    // Hold the validator while it runs: it may replace itself on the property.
+    const boost::shared_ptr<PropertyValidator> validator = m_validator;
+    return validator->validate(set, *this);
+}
+
+void BaseProperty::dumpHeader(QTextStream& stream) const
+{
+    stream << "Property name: " << m_name << "\n"
+           << "Property description: " << m_description << "\n";
+}
+
+void BaseProperty::dumpFooter(QTextStream& stream)
+{
+    stream << "--------------------------------------------\n";
+}
+
+} // namespace kogen

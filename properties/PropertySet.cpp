@@ -1,0 +1,179 @@
+#include "properties/PropertySet.h"
+
+#include "properties/Properties.h"
+
+#include <QTextStream>
+
+namespace kogen {
+namespace {
+
+const char* const k_setRule = "=======================================";
+
+// An entry's property; an empty entry (left by setVariantValues for an
+// unknown name) reads as the IllegalProperty.
+const BaseProperty& propertyOf(const boost::shared_ptr<BaseProperty>& entry)
+{
+    if (entry)
+        return *entry;
+    return IllegalProperty::instance();
+}
+
+} // namespace
+
+PropertySet::PropertySet() = default;
+PropertySet::PropertySet(const PropertySet& other) = default;
+PropertySet& PropertySet::operator=(const PropertySet& other) = default;
+PropertySet::~PropertySet() = default;
+
+void PropertySet::add(BaseProperty* property)
+{
+    if (property)
+        add(boost::shared_ptr<BaseProperty>(property));
+}
+
+void PropertySet::add(boost::shared_ptr<BaseProperty> property)
+{
+    if (!property)
+        return;
+    const QString name = property->propertyName();
+    m_properties.insert(name, std::move(property));
+}
+
+void PropertySet::remove(const QString& name)
+{
+    m_properties.remove(name);
+}
+
+void PropertySet::clear()
+{
+    m_properties.clear();
+}
+
+bool PropertySet::contains(const QString& name) const
+{
+    return m_properties.contains(name);
+}
+
+int PropertySet::count() const
+{
+    return m_properties.size();
+}
+
+QStringList PropertySet::allPropertyNames() const
+{
+    return m_properties.keys();
+}
+
+PropertySet::iterator PropertySet::begin()
+{
+    return m_properties.begin();
+}
+
+PropertySet::iterator PropertySet::end()
+{
+    return m_properties.end();
+}
+
+PropertySet::const_iterator PropertySet::begin() const
+{
+    return m_properties.constBegin();
+}
+
+PropertySet::const_iterator PropertySet::end() const
+{
+    return m_properties.constEnd();
+}
+
+BaseProperty& PropertySet::operator[](const QString& name)
+{
+    // constFind: a lookup must not detach the map shared with other copies.
+    const auto it = m_properties.constFind(name);
+    if (it != m_properties.constEnd() && it.value())
+        return *it.value();
+    return IllegalProperty::instance();
+}
+
+const BaseProperty& PropertySet::operator[](const QString& name) const
+{
+    const auto it = m_properties.constFind(name);
+    if (it != m_properties.constEnd() && it.value())
+        return *it.value();
+    return IllegalProperty::instance();
+}
+
+QMap<QString, QVariant> PropertySet::variantValues() const
+{
+    QMap<QString, QVariant> values;
+    for (auto it = m_properties.constBegin(); it != m_properties.constEnd(); ++it)
+        values.insert(it.key(), propertyOf(it.value()).variantValue());
+    return values;
+}
+
+bool PropertySet::setVariantValues(const QMap<QString, QVariant>& values)
+{
+    bool result = true;
+    for (auto it = values.constBegin(); it != values.constEnd(); ++it) {
+        // The map's own index operation: it inserts an empty entry for a
+        // name not yet present. Callers rely on seeing such names afterwards.
+        boost::shared_ptr<BaseProperty>& entry = m_properties[it.key()];
+        if (!entry || !entry->setVariantValue(it.value()))
+            result = false;
+    }
+    return result;
+}
+
+void PropertySet::validate()
+{
+    // Walk a snapshot: a validator may add or remove properties of this set
+    // (the set then detaches from the snapshot), and the snapshot keeps the
+    // properties alive meanwhile.
+    const PropertyMap snapshot = m_properties;
+    for (auto it = snapshot.constBegin(); it != snapshot.constEnd(); ++it) {
+        if (it.value())
+            it.value()->validate(*this);
+    }
+}
+
+bool PropertySet::operator==(const PropertySet& other) const
+{
+    if (allPropertyNames() != other.allPropertyNames())
+        return false;
+    if (m_properties.isEmpty())
+        return true;
+    for (auto it = m_properties.constBegin(); it != m_properties.constEnd(); ++it) {
+        const BaseProperty& property = propertyOf(it.value());
+        const QVariant value = property.variantValue();
+        if (!value.isValid())
+            return false;
+        const QVariant otherValue = other[property.propertyName()].variantValue();
+        if (!otherValue.isValid())
+            return false;
+        if (value != otherValue)
+            return false;
+    }
+    return true;
+}
+
+QTextStream& PropertySet::dump(QTextStream& stream) const
+{
+    stream << k_setRule << "\n";
+    for (auto it = m_properties.constBegin(); it != m_properties.constEnd(); ++it) {
+        propertyOf(it.value()).dump(stream);
+        stream << "\n";
+    }
+    stream << k_setRule;
+    return stream;
+}
+
+int PropertySet::metaTypeId()
+{
+    static const int id = qRegisterMetaType<PropertySet>("kogen::PropertySet");
+    return id;
+}
+
+namespace {
+// Register the meta-type when the library loads.
+[[maybe_unused]] const int k_metaTypeAtLoad = PropertySet::metaTypeId();
+} // namespace
+
+} // namespace kogen
