@@ -50,19 +50,25 @@ std::unique_ptr<ko::FeatureMatrix> buildMatrix()
 void printGrid(DemoContext& context, const ko::FeatureMatrix& matrix)
 {
     QTextStream& out = context.out;
-    const int labelWidth = 14;
+    int labelWidth = 0;
+    for (const ko::FeatureGroup* features : matrix.featureGroups())
+        labelWidth = qMax(labelWidth, features->description().size());
+    int cellWidth = qMax(tr("yes").size(), tr("no").size()) + 2;
+    for (const ko::UserGroup* users : matrix.userGroups())
+        cellWidth = qMax(cellWidth, users->description().size());
+
     QString header = QString(labelWidth + 2, QLatin1Char(' '));
     for (const ko::UserGroup* users : matrix.userGroups())
-        header += users->description().left(14).leftJustified(15);
-    out << header.trimmed().prepend(QString(labelWidth + 2, QLatin1Char(' '))) << "\n";
+        header += QStringLiteral("  ") + users->description().leftJustified(cellWidth);
+    out << header.trimmed().prepend(QString(labelWidth + 4, QLatin1Char(' '))) << "\n";
     for (const ko::FeatureGroup* features : matrix.featureGroups()) {
-        QString line = QStringLiteral("  ") + features->description().left(labelWidth).leftJustified(labelWidth);
+        QString line = QStringLiteral("  ") + features->description().leftJustified(labelWidth);
         for (const ko::UserGroup* users : matrix.userGroups()) {
             const bool allowed = matrix.isAllowed(features->featureGroup(), users->userGroup());
             QString cell = allowed ? tr("yes") : tr("no");
             if (matrix.isChangeDisabled(features->featureGroup(), users->userGroup()))
                 cell += QStringLiteral(" *");
-            line += cell.leftJustified(15);
+            line += QStringLiteral("  ") + cell.leftJustified(cellWidth);
         }
         out << line.trimmed().prepend(QStringLiteral("  ")) << "\n";
     }
