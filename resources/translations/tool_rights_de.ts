@@ -25,8 +25,8 @@
     </message>
     <message>
         <location filename="../../tools/commonkit/RightsCommand.cpp" line="53"/>
-        <source>note: %1 words beyond the grid are ignored</source>
-        <translation>Hinweis: %1 Wörter jenseits des Rasters werden ignoriert</translation>
+        <source>note: %1 word(s) beyond the grid are ignored</source>
+        <translation>Hinweis: %1 Wort/Wörter jenseits des Rasters ignoriert</translation>
     </message>
     <message>
         <location filename="../../tools/commonkit/RightsCommand.cpp" line="62"/>

@@ -25,8 +25,8 @@
     </message>
     <message>
         <location filename="../../tools/commonkit/RightsCommand.cpp" line="53"/>
-        <source>note: %1 words beyond the grid are ignored</source>
-        <translation>remarque : %1 mots au-delà de la grille sont ignorés</translation>
+        <source>note: %1 word(s) beyond the grid are ignored</source>
+        <translation>remarque : %1 mot(s) au-delà de la grille ignoré(s)</translation>
     </message>
     <message>
         <location filename="../../tools/commonkit/RightsCommand.cpp" line="62"/>

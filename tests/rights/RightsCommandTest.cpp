@@ -54,12 +54,15 @@ TEST(RightsCommand, ReadsAMatrixInsideAnOuterGroup)
         QSettings store(file, QSettings::IniFormat);
         store.setValue(QStringLiteral("Client/FeatureMatrix/Rows"), 2);
         store.setValue(QStringLiteral("Client/FeatureMatrix/Columns"), 2);
-        store.setValue(QStringLiteral("Client/FeatureMatrix/Matrix"), QByteArray("6+"));
+        store.setValue(QStringLiteral("Client/FeatureMatrix/Matrix"), QByteArray("6+7+x"));
     }
     const ToolRun run = runTool({QStringLiteral("rights"), QStringLiteral("show"), file, QStringLiteral("--group"),
                                  QStringLiteral("Client/")});
     ASSERT_EQ(run.exitCode, 0) << run.err.toStdString();
     EXPECT_TRUE(run.out.contains(QStringLiteral("row 0: 0 1\nrow 1: 1 0\n"))) << run.out.toStdString();
+    // The word after the grid and the text after the last "+" are noted, not fatal.
+    EXPECT_EQ(run.err, QStringLiteral("note: text after the last '+' is ignored\n"
+                                      "note: 1 word(s) beyond the grid are ignored\n"));
     // Without the group there is no matrix at the top level.
     EXPECT_NE(runTool(show(file)).exitCode, 0);
 }

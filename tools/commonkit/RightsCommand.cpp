@@ -50,7 +50,7 @@ qint64 checkWords(const QByteArray& text, qint64 cells, const QString& where)
     if (!rest.isEmpty())
         QTextStream(stderr) << tr("note: text after the last '+' is ignored") << "\n";
     if (pieces.size() > needed)
-        QTextStream(stderr) << tr("note: %1 words beyond the grid are ignored").arg(pieces.size() - needed) << "\n";
+        QTextStream(stderr) << tr("note: %1 word(s) beyond the grid are ignored").arg(pieces.size() - needed) << "\n";
     return pieces.size();
 }
 
