@@ -66,7 +66,7 @@ void printGrid(QTextStream& out, const ko::FeatureMatrix& matrix)
     for (int column = 0; column < columns; ++column)
         header += QLatin1Char(' ') + QString::number(column).rightJustified(cellWidth);
     out << header << "\n";
-    int allowed = 0;
+    qint64 allowed = 0;
     for (int row = 0; row < rows; ++row) {
         QString line = rowLabel.arg(row).leftJustified(labelWidth);
         for (int column = 0; column < columns; ++column) {
@@ -76,7 +76,7 @@ void printGrid(QTextStream& out, const ko::FeatureMatrix& matrix)
         }
         out << line << "\n";
     }
-    out << tr("%1 of %2 cells allowed").arg(allowed).arg(rows * columns) << "\n";
+    out << tr("%1 of %2 cells allowed").arg(allowed).arg(qint64(rows) * columns) << "\n";
 }
 
 int runShow(const QString& fileName, const QString& outerGroup)
