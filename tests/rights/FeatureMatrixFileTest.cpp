@@ -1,0 +1,97 @@
+// The feature matrix saved to and loaded from real QSettings files.
+
+#include "MatrixTestSupport.h"
+
+#include "storage/Settings.h"
+
+#include <gtest/gtest.h>
+
+#include <QSettings>
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <cstdint>
+
+namespace {
+
+using rightstest::makeMatrix;
+
+struct Shape { int rows; int columns; };
+
+// Cell counts below, at and above multiples of 32, and some larger grids.
+const Shape kShapes[] = {
+    {0, 0}, {1, 1}, {2, 3}, {1, 31}, {1, 32}, {2, 16}, {4, 8}, {3, 11}, {7, 9}, {8, 8},
+    {5, 13}, {13, 5}, {10, 10}, {1, 33}, {33, 1}, {16, 6}, {31, 31}, {32, 32}, {3, 100},
+};
+
+// A reproducible pattern; seed 0 is all allowed, seed 1 all forbidden.
+bool patternCell(int seed, int row, int column)
+{
+    if (seed < 2)
+        return seed == 0;
+    std::uint32_t x = static_cast<std::uint32_t>(seed) * 2654435761u ^ static_cast<std::uint32_t>(row * 40503 + column * 9973);
+    x ^= x >> 13;
+    x *= 0x5bd1e995u;
+    x ^= x >> 15;
+    return (x & 3u) != 0;
+}
+
+class FeatureMatrixFile : public ::testing::TestWithParam<QSettings::Format>
+{
+protected:
+    QTemporaryDir m_dir;
+};
+
+TEST_P(FeatureMatrixFile, RoundTripsGridsOfManyShapes)
+{
+    const QSettings::Format format = GetParam();
+    int fileNumber = 0;
+    for (const Shape& shape : kShapes) {
+        for (int seed = 0; seed < 5; ++seed) {
+            const std::string label = std::to_string(shape.rows) + "x" + std::to_string(shape.columns) + "/" +
+                                      std::to_string(seed);
+            const int cells = shape.rows * shape.columns;
+            const QString file = m_dir.filePath(QStringLiteral("matrix%1.ini").arg(fileNumber++));
+            const auto pattern = [seed](int row, int column) { return patternCell(seed, row, column); };
+            std::vector<bool> expected;
+            for (int index = 0; index < cells; ++index)
+                expected.push_back(pattern(index / shape.columns, index % shape.columns));
+
+            auto source = makeMatrix(shape.rows, shape.columns, pattern);
+            {
+                ko::Settings settings(file, format);
+                source->save(&settings);
+            }
+            EXPECT_FALSE(source->isDirty()) << label;
+            QSettings raw(file, format);
+            EXPECT_EQ(raw.value(QStringLiteral("FeatureMatrix/Rows")).toInt(), shape.rows) << label;
+            EXPECT_EQ(raw.value(QStringLiteral("FeatureMatrix/Columns")).toInt(), shape.columns) << label;
+            EXPECT_EQ(raw.value(QStringLiteral("FeatureMatrix/Matrix")).toByteArray(), rightstest::packedText(expected))
+                << label;
+
+            // Loaded into a fresh matrix (all allowed) and into one holding the
+            // opposite of every cell.
+            for (const bool opposite : {false, true}) {
+                auto target = opposite ? makeMatrix(shape.rows, shape.columns,
+                                                    [&](int row, int column) { return !pattern(row, column); })
+                                       : makeMatrix(shape.rows, shape.columns);
+                ko::Settings settings(file, format);
+                target->load(&settings);
+                for (int index = 0; index < cells; ++index)
+                    ASSERT_EQ(target->isAllowed(index / shape.columns, index % shape.columns), expected[index])
+                        << label << " cell " << index;
+                // A complete read clears the flag; a multiple of 32 cells ends
+                // early and keeps it set when a cell changed.
+                const bool changed = opposite ? cells > 0 : std::find(expected.begin(), expected.end(), false) != expected.end();
+                EXPECT_EQ(target->isDirty(), cells % 32 == 0 && changed) << label << (opposite ? " opposite" : " fresh");
+            }
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Formats, FeatureMatrixFile, ::testing::Values(QSettings::IniFormat, QSettings::NativeFormat),
+                         [](const ::testing::TestParamInfo<QSettings::Format>& format) {
+                             return format.param == QSettings::IniFormat ? "Ini" : "Native";
+                         });
+
+} // namespace

@@ -1,0 +1,209 @@
+// Groups, the grid, its dirty flag, the "Matrix" text and the load rules.
+
+#include "MatrixTestSupport.h"
+
+#include "storage/Settings.h"
+
+#include <gtest/gtest.h>
+
+#include <QSettings>
+#include <QTemporaryDir>
+
+#include <utility>
+#include <vector>
+
+namespace {
+
+using rightstest::CapturedLog;
+using rightstest::makeMatrix;
+
+using Cell = std::pair<int, int>;
+
+TEST(FeatureMatrix, OwnsGroupsAndFeaturesAndReplacesEntriesById)
+{
+    CapturedLog log;
+    ko::FeatureMatrix matrix(5, 4);
+    auto* replaced = new ko::FeatureGroup(0);
+    matrix.addFeatureGroup(replaced);
+    matrix.addFeatureGroup(new ko::FeatureGroup(0));
+    delete replaced; // a replaced entry goes back to the caller
+    matrix.addFeatureGroup(new ko::FeatureGroup(1));
+    matrix.addUserGroup(new ko::UserGroup(2));
+    matrix.addUserGroup(nullptr);
+    EXPECT_EQ(matrix.rows(), 2); // groups added, not the allocated 5 x 4
+    EXPECT_EQ(matrix.columns(), 1);
+
+    auto* seek = new ko::Feature(10);
+    seek->setDescription(QStringLiteral("Seek"));
+    matrix.addFeatureToGroup(seek, 1);
+    matrix.addFeatureToGroup(new ko::Feature(6), 9); // no such group: dropped with a warning
+    EXPECT_TRUE(matrix.featureGroups().value(1)->containsFeature(10));
+    EXPECT_FALSE(matrix.containsFeatureGroup(9));
+    EXPECT_EQ(log.lines.size(), 1u);
+
+    // Copies of a feature group hold their own features.
+    ko::FeatureGroup copy(*matrix.featureGroups().value(1));
+    ko::FeatureGroup assigned(5);
+    assigned.addFeature(new ko::Feature(99));
+    assigned = copy;
+    EXPECT_EQ(assigned.features().keys(), QList<int>{10});
+    EXPECT_EQ(assigned.features().value(10)->description(), QStringLiteral("Seek"));
+    EXPECT_NE(assigned.features().value(10), seek);
+}
+
+TEST(FeatureMatrix, FeatureIsAllowedWhenAnyOfItsGroupsIs)
+{
+    // Feature 7 is in groups 0 and 2, feature 8 only in group 1.
+    auto matrix = makeMatrix(3, 3);
+    matrix->addFeatureToGroup(new ko::Feature(7), 0);
+    matrix->addFeatureToGroup(new ko::Feature(7), 2);
+    matrix->addFeatureToGroup(new ko::Feature(8), 1);
+    matrix->setAllowed(0, 1, false);
+    matrix->setAllowed(1, 2, false);
+    struct Case { int feature; int column; bool allowed; };
+    const Case cases[] = {{7, 0, true}, {7, 1, true}, {8, 1, true}, {8, 2, false}, {9, 0, false}};
+    for (const Case& c : cases)
+        EXPECT_EQ(matrix->isFeatureAllowed(c.feature, c.column), c.allowed) << c.feature << "/" << c.column;
+    matrix->setAllowed(2, 1, false);
+    EXPECT_FALSE(matrix->isFeatureAllowed(7, 1));
+}
+
+TEST(FeatureMatrix, CellsStartAllowedAndOnlyChangesMakeItDirty)
+{
+    auto matrix = makeMatrix(3, 4);
+    for (int index = 0; index < 12; ++index)
+        EXPECT_TRUE(matrix->isAllowed(index / 4, index % 4));
+    for (const Cell& outside : {Cell(3, 0), Cell(0, 4), Cell(-1, 0)})
+        EXPECT_FALSE(matrix->isAllowed(outside.first, outside.second));
+    EXPECT_FALSE(matrix->isDirty());
+
+    struct Step { int row; int column; bool allowed; bool dirtyAfter; };
+    const Step steps[] = {{0, 0, true, false}, {3, 0, false, false}, {1, 2, false, true}, {1, 2, true, true}};
+    CapturedLog log; // the cell outside the grid is refused with a warning
+    for (const Step& step : steps) {
+        matrix->setAllowed(step.row, step.column, step.allowed);
+        EXPECT_EQ(matrix->isAllowed(step.row, step.column), step.allowed && step.row < 3);
+        EXPECT_EQ(matrix->isDirty(), step.dirtyAfter);
+    }
+    EXPECT_EQ(log.lines.size(), 1u);
+
+    // Locking a cell only lists it.
+    matrix->disableAbilityToChange(1, 0);
+    matrix->disableAbilityToChange(1, 0);
+    EXPECT_EQ(matrix->lockedCells(), (QList<QPair<int, int>>{qMakePair(1, 0), qMakePair(1, 0)}));
+    EXPECT_TRUE(matrix->isChangeDisabled(1, 0));
+    EXPECT_TRUE(matrix->isAllowed(1, 0));
+}
+
+class FeatureMatrixStore : public ::testing::Test
+{
+protected:
+    FeatureMatrixStore() : store(dir.filePath(QStringLiteral("m.ini")), QSettings::IniFormat), settings(&store) {}
+    void write(int rows, int columns, const QByteArray& text)
+    {
+        store.clear();
+        store.setValue(QStringLiteral("FeatureMatrix/Rows"), rows);
+        store.setValue(QStringLiteral("FeatureMatrix/Columns"), columns);
+        store.setValue(QStringLiteral("FeatureMatrix/Matrix"), text);
+    }
+    QTemporaryDir dir;
+    QSettings store;
+    ko::Settings settings;
+};
+
+TEST_F(FeatureMatrixStore, SaveWritesTheCountsAndThePackedText)
+{
+    struct Case { int rows; int columns; std::vector<Cell> forbidden; const char* text; };
+    const Case cases[] = {
+        {2, 3, {{1, 2}}, "31+"},
+        {2, 16, {}, "4294967295+"},                        // 32 cells: one word, nothing after
+        {5, 7, {{0, 0}}, "4294967294+7+"},                 // a full and a partial word
+        {4, 8, {{3, 7}}, "2147483647+"},                   // the last cell is bit 31
+        {3, 1, {{0, 0}, {2, 0}}, "2+"},                    // packing runs on across row ends
+        {2, 40, {{0, 39}, {1, 0}}, "4294967295+4294966911+65535+"},
+        {0, 5, {}, ""},
+    };
+    for (const Case& c : cases) {
+        auto matrix = makeMatrix(c.rows, c.columns);
+        for (const Cell& cell : c.forbidden)
+            matrix->setAllowed(cell.first, cell.second, false);
+        store.clear();
+        settings.beginGroup(QStringLiteral("Outer"));
+        matrix->save(&settings);
+        settings.endGroup();
+        EXPECT_EQ(store.allKeys(), (QStringList{QStringLiteral("Outer/FeatureMatrix/Columns"),
+                                                QStringLiteral("Outer/FeatureMatrix/Matrix"),
+                                                QStringLiteral("Outer/FeatureMatrix/Rows")}));
+        EXPECT_EQ(store.value(QStringLiteral("Outer/FeatureMatrix/Rows")), QVariant(c.rows));
+        EXPECT_EQ(store.value(QStringLiteral("Outer/FeatureMatrix/Columns")), QVariant(c.columns));
+        EXPECT_EQ(store.value(QStringLiteral("Outer/FeatureMatrix/Matrix")), QVariant(QByteArray(c.text)));
+    }
+}
+
+TEST_F(FeatureMatrixStore, LoadStopsAtTheFirstMissingWord)
+{
+    // 3 x 16 = 48 cells: a full word and 16 bits of a second one. The cells
+    // forbiddenFrom .. forbiddenTo - 1 (in packing order) end up forbidden.
+    struct Case { const char* text; int forbiddenFrom; int forbiddenTo; bool dirty; };
+    const Case cases[] = {
+        {"", 0, 0, false},                              // no "+": nothing read
+        {"12345", 0, 0, false},
+        {"0+", 0, 32, true},                            // second word missing: early return
+        {"abc+", 0, 32, true},                          // not a number: 0
+        {"-1+", 0, 32, true},
+        {"4294967296+", 0, 32, true},                   // more than 32 bits: 0
+        {"4294967295+0+", 32, 48, false},               // complete
+        {"4294967295+65535+junk+99+", 0, 0, false},     // trailing words are ignored
+        {"4294967294+4294901759+", 0, 1, false},        // bit 16 of word two is beyond the grid
+    };
+    for (const Case& c : cases) {
+        auto matrix = makeMatrix(3, 16);
+        write(3, 16, c.text);
+        matrix->load(&settings);
+        for (int index = 0; index < 48; ++index) {
+            const bool forbidden = index >= c.forbiddenFrom && index < c.forbiddenTo;
+            EXPECT_EQ(matrix->isAllowed(index / 16, index % 16), !forbidden) << c.text << " cell " << index;
+        }
+        EXPECT_EQ(matrix->isDirty(), c.dirty) << c.text;
+    }
+
+    // 32 cells: the read always ends by looking for a further word.
+    write(2, 16, "4294967295+");
+    auto clean = makeMatrix(2, 16);
+    clean->load(&settings);
+    EXPECT_FALSE(clean->isDirty());
+    auto changed = makeMatrix(2, 16);
+    changed->setAllowed(1, 15, false);
+    changed->load(&settings);
+    EXPECT_TRUE(changed->isAllowed(1, 15));
+    EXPECT_TRUE(changed->isDirty());
+}
+
+TEST_F(FeatureMatrixStore, IncompatibleStoredDimensionsAreLoggedAndChangeNothing)
+{
+    // Another number of user groups, of feature groups, and nothing saved.
+    const Cell stored[] = {{2, 4}, {3, 3}, {-1, -1}};
+    for (const Cell& dimensions : stored) {
+        CapturedLog log;
+        if (dimensions.first < 0)
+            store.clear();
+        else
+            write(dimensions.first, dimensions.second, "0+");
+        auto matrix = makeMatrix(2, 3);
+        matrix->setAllowed(0, 1, false);
+        matrix->load(&settings);
+        ASSERT_EQ(log.lines.size(), 1u);
+        const std::string expected = " E [ko::FeatureMatrix::load] Saved matrix not compatible with current matrix.";
+        ASSERT_GE(log.lines[0].size(), expected.size());
+        EXPECT_EQ(log.lines[0].substr(log.lines[0].size() - expected.size()), expected);
+        for (int index = 0; index < 6; ++index)
+            EXPECT_EQ(matrix->isAllowed(index / 3, index % 3), index != 1);
+        EXPECT_TRUE(matrix->isDirty());
+    }
+    CapturedLog log;
+    ko::FeatureMatrix empty(0, 0);
+    empty.load(&settings);
+    EXPECT_TRUE(log.lines.empty());
+}
+
+} // namespace
