@@ -69,6 +69,8 @@ TEST(Tool, EverySubcommandHasHelpAndTheToolHasAVersion)
         const ToolRun run = runTool({QString::fromLatin1(command), QStringLiteral("--help")});
         EXPECT_EQ(run.exitCode, 0) << command;
         EXPECT_TRUE(run.out.contains(QStringLiteral("--lang"))) << command;
+        EXPECT_TRUE(run.out.startsWith(QStringLiteral("Usage: commonkit %1 ").arg(QLatin1String(command))))
+            << run.out.toStdString();
     }
     const ToolRun version = runTool({QStringLiteral("--version")});
     EXPECT_EQ(version.exitCode, 0);

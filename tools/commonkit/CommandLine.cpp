@@ -46,7 +46,11 @@ bool CommandLine::parse(const QStringList& arguments, int minPositional, int max
         throw CommandError(QStringLiteral("%1: %2").arg(m_command, m_parser.errorText()), 2);
     if (m_parser.isSet(QStringLiteral("help"))) {
         QString help = m_parser.helpText();
-        help.replace(QCoreApplication::applicationFilePath(), QStringLiteral("commonkit"));
+        // The first line names the program as it was started; show the subcommand.
+        const QString program = QCoreApplication::arguments().value(0);
+        const int at = help.indexOf(program);
+        if (at >= 0)
+            help.replace(at, program.size(), QStringLiteral("commonkit ") + m_command);
         QTextStream(stdout) << help;
         return false;
     }
