@@ -1,4 +1,6 @@
+#include "resources/Translations.h"
 #include "support/compression/ZlibDevice.h"
+#include "support/crypto/IODevice.h"
 
 #include <gtest/gtest.h>
 
@@ -209,6 +211,31 @@ TEST(ZlibDevice, HighlyCompressedStreamsAreInflatedInBoundedSteps)
     EXPECT_TRUE(allZero);
     EXPECT_LE(largestBuffered, 65536);
     EXPECT_TRUE(reader.atEnd());
+}
+
+TEST(ZlibDevice, DeviceErrorsAreTranslated)
+{
+    struct Case { const char* language; const char* zlib; const char* cipher; };
+    const Case cases[] = {
+        {"de", "Ungültige Kompressionsstufe 12.", "Der verschlüsselte Datenstrom endet vor seinem letzten Block."},
+        {"fr", "Niveau de compression 12 non valide.", "Le flux chiffré se termine avant son dernier bloc."},
+    };
+    for (const Case& c : cases) {
+        ASSERT_TRUE(ko::installTranslations(QLocale(QString::fromLatin1(c.language))));
+        QBuffer buffer;
+        ZlibDevice zlib(&buffer, 12);
+        EXPECT_FALSE(zlib.open(QIODevice::WriteOnly));
+        EXPECT_EQ(zlib.errorString(), QString::fromUtf8(c.zlib));
+
+        QByteArray cut("\x01short");
+        QBuffer source(&cut);
+        ko::crypto::IODevice cipher(&source, ko::crypto::secure_string("k"));
+        ASSERT_TRUE(cipher.open(QIODevice::ReadOnly));
+        char byte;
+        EXPECT_EQ(cipher.read(&byte, 1), -1);
+        EXPECT_EQ(cipher.errorString(), QString::fromUtf8(c.cipher));
+    }
+    ko::removeTranslations();
 }
 
 } // namespace
