@@ -208,6 +208,15 @@ TEST_F(RSAKeyPairTest, InteroperatesWithTheOpensslTool)
     EXPECT_TRUE(toolKey.verify(digest, secure_string(base64.constData(), static_cast<std::size_t>(base64.size()))));
     EXPECT_EQ(bytes(toolKey.sign(digest)), base64);
 
+    // The older RSA-specific public key form loads as a public key.
+    const QString rsaPublicPath = dir.filePath(QStringLiteral("rsa-public.pem"));
+    ASSERT_EQ(openssl({"rsa", "-in", toolKeyPath, "-RSAPublicKey_out", "-out", rsaPublicPath}), 0);
+    EXPECT_TRUE(readFile(rsaPublicPath).startsWith("-----BEGIN RSA PUBLIC KEY-----"));
+    RSAKeyPair rsaPublic;
+    ASSERT_TRUE(rsaPublic.loadFile(rsaPublicPath.toStdString())) << rsaPublic.lastError();
+    EXPECT_TRUE(rsaPublic.emptyPrivateKey());
+    EXPECT_TRUE(rsaPublic.verify(digest, secure_string(base64.constData(), static_cast<std::size_t>(base64.size()))));
+
     // An encrypted PKCS#8 key needs its passphrase.
     const QString lockedPath = dir.filePath(QStringLiteral("locked.pem"));
     ASSERT_EQ(openssl({"pkcs8", "-topk8", "-in", toolKeyPath, "-out", lockedPath, "-passout", "pass:sesame"}), 0);
