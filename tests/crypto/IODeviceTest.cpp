@@ -59,6 +59,8 @@ Decrypted decrypt(QByteArray stream, const secure_string& key, int piece = 7000)
     Decrypted result{true, {}, {}};
     QByteArray block(piece, Qt::Uninitialized);
     for (;;) {
+        // Whatever the stream size, at most one opened chunk is held.
+        EXPECT_LE(device.bytesAvailable(), k_chunk);
         const qint64 n = device.read(block.data(), piece);
         if (n < 0) {
             result.ok = false;
