@@ -1,0 +1,63 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de">
+<context>
+    <name>cktool</name>
+    <message>
+        <source>Expressions</source>
+        <translation>Ausdrücke</translation>
+    </message>
+    <message>
+        <source>Filter as code: %1</source>
+        <translation>Filter als Code: %1</translation>
+    </message>
+    <message>
+        <source>Filter as SQL: %1</source>
+        <translation>Filter als SQL: %1</translation>
+    </message>
+    <message>
+        <source>  bound values in order: %1</source>
+        <translation>  gebundene Werte der Reihe nach: %1</translation>
+    </message>
+    <message>
+        <source>  %1 (events %2, zone %3, recording %4): %5</source>
+        <translation>  %1 (Ereignisse %2, Zone %3, Aufnahme %4): %5</translation>
+    </message>
+    <message>
+        <source>yes</source>
+        <translation>ja</translation>
+    </message>
+    <message>
+        <source>no</source>
+        <translation>nein</translation>
+    </message>
+    <message>
+        <source>matches</source>
+        <translation>passt</translation>
+    </message>
+    <message>
+        <source>no match</source>
+        <translation>passt nicht</translation>
+    </message>
+    <message>
+        <source>Sort list: %1</source>
+        <translation>Sortierliste: %1</translation>
+    </message>
+    <message>
+        <source>Function: %1 gives &quot;%2&quot;</source>
+        <translation>Funktion: %1 ergibt „%2“</translation>
+    </message>
+    <message>
+        <source>Stream: %1 bytes written, read back %2</source>
+        <translation>Datenstrom: %1 Bytes geschrieben, zurückgelesen %2</translation>
+    </message>
+    <message>
+        <source>equal</source>
+        <translation>gleich</translation>
+    </message>
+    <message>
+        <source>different</source>
+        <translation>verschieden</translation>
+    </message>
+</context>
+</TS>
