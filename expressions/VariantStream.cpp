@@ -3,6 +3,8 @@
 #include <QByteArray>
 #include <QByteArrayList>
 #include <QDataStream>
+#include <QDateTime>
+#include <QTimeZone>
 #include <QHash>
 #include <QMap>
 #include <QMetaType>
@@ -172,6 +174,13 @@ QVariant readValue(QDataStream& in, int nesting)
         value = QVariant(static_cast<int>(typeId), nullptr);
         if (!QMetaType::load(in, static_cast<int>(typeId), value.data()))
             return corrupt(in);
+        // A date-time in an unknown time zone cannot even be written again
+        // (Qt dereferences the missing zone): refuse it here.
+        if (typeId == QMetaType::QDateTime) {
+            const QDateTime dateTime = value.toDateTime();
+            if (dateTime.timeSpec() == Qt::TimeZone && !dateTime.timeZone().isValid())
+                return corrupt(in);
+        }
         break;
     }
     if (!ok(in))

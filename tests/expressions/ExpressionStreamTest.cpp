@@ -232,6 +232,16 @@ TEST(ExpressionStream, HostileCountsAndDepthsAreBounded)
     readBack(bigList.bytes, &status);
     EXPECT_NE(status, QDataStream::Ok);
 
+    // A date-time in a time zone that does not exist: Qt could not write
+    // such a value again, so the reader refuses it.
+    Expected zone;
+    zone.tag("class kogen::ConstExpression").i32(1).flag(false);
+    zone.out << quint32(QMetaType::QDateTime) << qint8(0) << QDate(2020, 1, 1) << QTime(1, 0) << qint8(Qt::TimeZone)
+             << QStringLiteral("No/Such_Zone");
+    const ExpressionHandle zoned = readBack(zone.bytes, &status);
+    EXPECT_EQ(status, QDataStream::ReadCorruptData);
+    EXPECT_FALSE(written(zoned).isEmpty());
+
     // Nesting deeper than the reader allows.
     Expected deep;
     for (int i = 0; i <= Expression::maxReadDepth(); ++i)
