@@ -4,7 +4,7 @@
 <context>
     <name>QObject</name>
     <message>
-        <location filename="../../properties/PropertyValidator.cpp" line="27" />
+        <location filename="../../properties/PropertyValidator.cpp" line="29" />
         <source>Value out of range.</source>
         <translation>Wert außerhalb des zulässigen Bereichs.</translation>
     </message>
