@@ -59,5 +59,41 @@
         <source>different</source>
         <translation>verschieden</translation>
     </message>
+    <message>
+        <source>expr: cannot read standard input</source>
+        <translation>expr: Standardeingabe kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>expr: cannot open '%1': %2</source>
+        <translation>expr: '%1' kann nicht geöffnet werden: %2</translation>
+    </message>
+    <message>
+        <source>Reads an expression tree from a data stream file and prints it as SQL.</source>
+        <translation>Liest einen Ausdrucksbaum aus einer Datenstrom-Datei und gibt ihn als SQL aus.</translation>
+    </message>
+    <message>
+        <source>The stream file, or - for standard input.</source>
+        <translation>Die Datenstrom-Datei oder - für die Standardeingabe.</translation>
+    </message>
+    <message>
+        <source>Print C-like code text instead of SQL.</source>
+        <translation>C-ähnlichen Codetext statt SQL ausgeben.</translation>
+    </message>
+    <message>
+        <source>Print &quot;?&quot; for bound values and list the values in order.</source>
+        <translation>„?“ für gebundene Werte ausgeben und die Werte der Reihe nach auflisten.</translation>
+    </message>
+    <message>
+        <source>expr: '%1' is not a complete expression stream</source>
+        <translation>expr: '%1' ist kein vollständiger Ausdrucksdatenstrom</translation>
+    </message>
+    <message>
+        <source>expr: '%1' holds a node this library cannot read, or other data after the expression</source>
+        <translation>expr: '%1' enthält einen Knoten, den diese Bibliothek nicht lesen kann, oder weitere Daten nach dem Ausdruck</translation>
+    </message>
+    <message>
+        <source>Print an expression stream as SQL or code text</source>
+        <translation>Einen Ausdrucksdatenstrom als SQL oder Codetext ausgeben</translation>
+    </message>
 </context>
 </TS>

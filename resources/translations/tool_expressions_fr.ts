@@ -59,5 +59,41 @@
         <source>different</source>
         <translation>différent</translation>
     </message>
+    <message>
+        <source>expr: cannot read standard input</source>
+        <translation>expr : impossible de lire l'entrée standard</translation>
+    </message>
+    <message>
+        <source>expr: cannot open '%1': %2</source>
+        <translation>expr : impossible d'ouvrir '%1' : %2</translation>
+    </message>
+    <message>
+        <source>Reads an expression tree from a data stream file and prints it as SQL.</source>
+        <translation>Lit un arbre d'expression depuis un fichier de flux de données et l'affiche en SQL.</translation>
+    </message>
+    <message>
+        <source>The stream file, or - for standard input.</source>
+        <translation>Le fichier de flux, ou - pour l'entrée standard.</translation>
+    </message>
+    <message>
+        <source>Print C-like code text instead of SQL.</source>
+        <translation>Afficher un texte de code de style C au lieu du SQL.</translation>
+    </message>
+    <message>
+        <source>Print &quot;?&quot; for bound values and list the values in order.</source>
+        <translation>Afficher « ? » pour les valeurs liées et lister les valeurs dans l'ordre.</translation>
+    </message>
+    <message>
+        <source>expr: '%1' is not a complete expression stream</source>
+        <translation>expr : '%1' n'est pas un flux d'expression complet</translation>
+    </message>
+    <message>
+        <source>expr: '%1' holds a node this library cannot read, or other data after the expression</source>
+        <translation>expr : '%1' contient un nœud que cette bibliothèque ne sait pas lire, ou d'autres données après l'expression</translation>
+    </message>
+    <message>
+        <source>Print an expression stream as SQL or code text</source>
+        <translation>Afficher un flux d'expression en SQL ou en texte de code</translation>
+    </message>
 </context>
 </TS>
