@@ -397,7 +397,8 @@ void CastExpression::read(QDataStream& in)
     qint32 version = 0;
     qint32 type = 0;
     in >> version >> type;
-    m_type = static_cast<QVariant::Type>(type);
+    // Through quint32: every 32-bit pattern is a value of QVariant::Type.
+    m_type = static_cast<QVariant::Type>(static_cast<quint32>(type));
     m_operand = readExpression(in);
 }
 
