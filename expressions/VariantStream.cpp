@@ -1,0 +1,207 @@
+#include "expressions/VariantStream.h"
+
+#include <QByteArray>
+#include <QByteArrayList>
+#include <QDataStream>
+#include <QDateTime>
+#include <QTimeZone>
+#include <QHash>
+#include <QMap>
+#include <QMetaType>
+#include <QStringList>
+
+namespace kogen {
+
+namespace {
+
+constexpr int kMaxNesting = 64;
+
+bool isBoundedType(quint32 typeId)
+{
+    switch (typeId) {
+    case QMetaType::Bool:
+    case QMetaType::Int:
+    case QMetaType::UInt:
+    case QMetaType::LongLong:
+    case QMetaType::ULongLong:
+    case QMetaType::Double:
+    case QMetaType::QChar:
+    case QMetaType::QString:
+    case QMetaType::QByteArray:
+    case QMetaType::QBitArray:
+    case QMetaType::QDate:
+    case QMetaType::QTime:
+    case QMetaType::QDateTime:
+    case QMetaType::QUrl:
+    case QMetaType::QLocale:
+    case QMetaType::QRect:
+    case QMetaType::QRectF:
+    case QMetaType::QSize:
+    case QMetaType::QSizeF:
+    case QMetaType::QLine:
+    case QMetaType::QLineF:
+    case QMetaType::QPoint:
+    case QMetaType::QPointF:
+    case QMetaType::QRegExp:
+    case QMetaType::QRegularExpression:
+    case QMetaType::QUuid:
+    case QMetaType::Long:
+    case QMetaType::Short:
+    case QMetaType::Char:
+    case QMetaType::ULong:
+    case QMetaType::UShort:
+    case QMetaType::UChar:
+    case QMetaType::Float:
+    case QMetaType::SChar:
+    case QMetaType::QColor:
+    case QMetaType::QTransform:
+    case QMetaType::QMatrix4x4:
+    case QMetaType::QVector2D:
+    case QMetaType::QVector3D:
+    case QMetaType::QVector4D:
+    case QMetaType::QQuaternion:
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool ok(const QDataStream& in) { return in.status() == QDataStream::Ok; }
+
+QVariant readValue(QDataStream& in, int nesting);
+
+// Elements are appended one by one while the stream has data, so a hostile
+// element count costs nothing until the elements are really there.
+QVariant readList(QDataStream& in, int nesting)
+{
+    quint32 count = 0;
+    in >> count;
+    QVariantList list;
+    for (quint32 i = 0; i < count && ok(in); ++i) {
+        QVariant item = readValue(in, nesting + 1);
+        if (!ok(in))
+            return QVariantList();
+        list.append(item);
+    }
+    return ok(in) ? list : QVariantList();
+}
+
+template<typename Map>
+Map readMap(QDataStream& in, int nesting)
+{
+    quint32 count = 0;
+    in >> count;
+    Map map;
+    for (quint32 i = 0; i < count && ok(in); ++i) {
+        QString key;
+        in >> key;
+        QVariant value = readValue(in, nesting + 1);
+        if (!ok(in))
+            return Map();
+        map.insert(key, value);
+    }
+    return ok(in) ? map : Map();
+}
+
+template<typename List, typename Item>
+List readPlainList(QDataStream& in)
+{
+    quint32 count = 0;
+    in >> count;
+    List list;
+    for (quint32 i = 0; i < count && ok(in); ++i) {
+        Item item;
+        in >> item;
+        if (!ok(in))
+            return List();
+        list.append(item);
+    }
+    return ok(in) ? list : List();
+}
+
+QVariant corrupt(QDataStream& in)
+{
+    in.setStatus(QDataStream::ReadCorruptData);
+    return QVariant();
+}
+
+QVariant readValue(QDataStream& in, int nesting)
+{
+    if (nesting > kMaxNesting)
+        return corrupt(in);
+    quint32 typeId = 0;
+    qint8 isNull = 0;
+    in >> typeId >> isNull;
+    if (!ok(in))
+        return QVariant();
+
+    if (typeId == QMetaType::User) {
+        QByteArray name;
+        in >> name;
+        if (!ok(in))
+            return QVariant();
+        const int userType = QMetaType::type(name.constData());
+        if (userType == QMetaType::UnknownType)
+            return corrupt(in);
+        QVariant value(userType, nullptr);
+        if (!QMetaType::load(in, userType, value.data()))
+            return corrupt(in);
+        return value;
+    }
+
+    QVariant value;
+    switch (typeId) {
+    case QMetaType::UnknownType:
+        return QVariant();
+    case QMetaType::QVariantList:
+        value = readList(in, nesting);
+        break;
+    case QMetaType::QVariantMap:
+        value = readMap<QVariantMap>(in, nesting);
+        break;
+    case QMetaType::QVariantHash:
+        value = readMap<QVariantHash>(in, nesting);
+        break;
+    case QMetaType::QStringList:
+        value = readPlainList<QStringList, QString>(in);
+        break;
+    case QMetaType::QByteArrayList:
+        value = QVariant::fromValue(readPlainList<QByteArrayList, QByteArray>(in));
+        break;
+    default:
+        if (!isBoundedType(typeId))
+            return corrupt(in);
+        value = QVariant(static_cast<int>(typeId), nullptr);
+        if (!QMetaType::load(in, static_cast<int>(typeId), value.data()))
+            return corrupt(in);
+        // A date-time in an unknown time zone cannot even be written again
+        // (Qt dereferences the missing zone): refuse it here.
+        if (typeId == QMetaType::QDateTime) {
+            const QDateTime dateTime = value.toDateTime();
+            if (dateTime.timeSpec() == Qt::TimeZone && !dateTime.timeZone().isValid())
+                return corrupt(in);
+        }
+        break;
+    }
+    if (!ok(in))
+        return QVariant();
+    if (isNull)
+        return QVariant(static_cast<QVariant::Type>(typeId));
+    return value;
+}
+
+} // namespace
+
+void writeVariant(QDataStream& out, const QVariant& value) { out << value; }
+
+QVariant readVariant(QDataStream& in)
+{
+    if (in.version() < QDataStream::Qt_5_0) {
+        QVariant value;
+        in >> value;
+        return value;
+    }
+    return readValue(in, 0);
+}
+
+} // namespace kogen

@@ -1,0 +1,263 @@
+#include "ExpressionTestSupport.h"
+
+#include <gtest/gtest.h>
+
+#include <QBuffer>
+#include <QDataStream>
+#include <QDate>
+#include <QRandomGenerator>
+#include <QRegExp>
+
+#include <vector>
+
+namespace {
+
+using namespace kogen;
+using cktest::Record;
+using cktest::sql;
+
+ExpressionHandle c(const QVariant& value, bool placeholder = false) { return ConstExpression(value, placeholder); }
+
+QByteArray written(const ExpressionHandle& e)
+{
+    QByteArray bytes;
+    QDataStream out(&bytes, QIODevice::WriteOnly);
+    out << e;
+    return bytes;
+}
+
+ExpressionHandle readBack(const QByteArray& bytes, QDataStream::Status* status = nullptr, qint64* consumed = nullptr)
+{
+    QDataStream in(bytes);
+    const ExpressionHandle e = Expression::readExpression(in);
+    if (status)
+        *status = in.status();
+    if (consumed)
+        *consumed = in.device()->pos();
+    return e;
+}
+
+// The layout of one record, built field by field with QDataStream itself.
+struct Expected
+{
+    QByteArray bytes;
+    QDataStream out{&bytes, QIODevice::WriteOnly};
+    Expected& tag(const char* name) { out << name; return *this; }
+    Expected& i32(qint32 v) { out << v; return *this; }
+    Expected& text(const QString& v) { out << v; return *this; }
+    Expected& flag(bool v) { out << v; return *this; }
+    Expected& variant(const QVariant& v) { out << v; return *this; }
+};
+
+TEST(ExpressionStream, ComparatorLayoutByteByByte)
+{
+    Record r;
+    const ExpressionHandle e = *r.a == QVariant(3);
+    Expected expected;
+    expected.tag("class kogen::Comparator").i32(1).i32(Comparator::Equal).i32(1).i32(2);
+    expected.tag("class kogen::ValueExpression").i32(2).text(QStringLiteral("a")).text(QString());
+    expected.tag("class kogen::ConstExpression").i32(1).flag(true).variant(3);
+    const QByteArray bytes = written(e);
+    EXPECT_EQ(bytes.toHex().toStdString(), expected.bytes.toHex().toStdString());
+    // The tag: 32-bit big-endian length including the zero byte, then the bytes.
+    EXPECT_EQ(bytes.left(4).toHex().toStdString(), "00000018");
+    EXPECT_EQ(bytes.mid(4, 24), QByteArray("class kogen::Comparator", 24));
+
+    QDataStream::Status status = QDataStream::Ok;
+    const ExpressionHandle back = readBack(bytes, &status);
+    EXPECT_EQ(status, QDataStream::Ok);
+    EXPECT_TRUE(back.equals(e));
+    EXPECT_EQ(back->toString(Expression::PrintSql | Expression::PrintPlaceholders).toStdString(), "a = ?");
+    EXPECT_EQ(back->collectPlaceholders(), (QList<QVariant>{3}));
+}
+
+TEST(ExpressionStream, FunctionAndCastLayouts)
+{
+    Expected fn;
+    fn.tag("class kogen::FunctionExpression").i32(2).text(QStringLiteral("count")).flag(true).i32(1).i32(1);
+    fn.tag("class kogen::ValueExpression").i32(2).text(QStringLiteral("x")).text(QStringLiteral("y"));
+    EXPECT_EQ(written(count(ValueExpression(QStringLiteral("x"), QStringLiteral("y")), true)), fn.bytes);
+
+    Expected cast;
+    cast.tag("class kogen::CastExpression").i32(1).i32(QVariant::Double);
+    cast.tag("class kogen::ExpressionList").i32(1).i32(0);
+    EXPECT_EQ(written(toDouble(ExpressionHandle())), cast.bytes);
+}
+
+TEST(ExpressionStream, EveryReadableClassRoundTrips)
+{
+    Record r;
+    const ExpressionHandle a = ValueExpression(*r.a);
+    ElementOf in(a);
+    in << 1 << QStringLiteral("two") << ExpressionHandle(ValueExpression(QStringLiteral("b"), QStringLiteral("bee")));
+    const std::vector<ExpressionHandle> trees = {
+        c(QVariant()),
+        c(QStringLiteral("it's"), true),
+        c(QDate(2024, 2, 29)),
+        c(QDateTime(QDate(2024, 2, 29), QTime(1, 2, 3, 4), Qt::UTC), true),
+        c(QRegExp(QStringLiteral("a+b"))),
+        c(QVariantList{1, QStringLiteral("x"), QVariantList{2.5}}),
+        c(QStringList{QStringLiteral("p"), QStringLiteral("q")}),
+        c(QVariantMap{{QStringLiteral("k"), 1}}),
+        c(QVariant(QVariant::Int)),
+        ValueExpression(QStringLiteral("my field"), QStringLiteral("alias")),
+        toInt(a),
+        toDateTime(c(QStringLiteral("2024-01-01T00:00:00"))),
+        ExpressionList(QList<QVariant>{1, 2}),
+        ExpressionList(),
+        in,
+        (*r.a > QVariant(1) && *r.b <= QVariant(2)) || !(*r.s != QVariant(QStringLiteral("z"))),
+        ((a + c(1)) * c(2)) / c(3) - (a % c(4)) + (a & c(5)) + (a | c(6)) + (a ^ c(7)),
+        -a,
+        ~a,
+        ExpressionHandle(count(ValueExpression(*r.a), true)),
+        like(a, QStringLiteral("a%"), QStringLiteral("!")),
+        currentDate(),
+        coalesce(ExpressionList(a, c(0))),
+    };
+    for (const ExpressionHandle& e : trees) {
+        const QByteArray bytes = written(e);
+        QDataStream::Status status = QDataStream::Ok;
+        qint64 consumed = 0;
+        const ExpressionHandle back = readBack(bytes, &status, &consumed);
+        EXPECT_EQ(status, QDataStream::Ok) << sql(e);
+        EXPECT_EQ(consumed, bytes.size()) << sql(e);
+        EXPECT_TRUE(back.equals(e)) << sql(e);
+        EXPECT_EQ(Expression::classTag(*back), Expression::classTag(*e));
+        for (auto style : {Expression::PrintSql | Expression::PrintPlaceholders, Expression::PrintStyle(Expression::PrintCode)})
+            EXPECT_EQ(back->toString(style), e->toString(style)) << sql(e);
+        EXPECT_EQ(back->collectPlaceholders(), e->collectPlaceholders()) << sql(e);
+        EXPECT_EQ(written(back), bytes) << sql(e);
+    }
+    // A null value keeps its type and its null state.
+    const ExpressionHandle nullInt = readBack(written(c(QVariant(QVariant::Int))));
+    const QVariant value = nullInt->evaluate();
+    EXPECT_EQ(value.type(), QVariant::Int);
+    EXPECT_TRUE(value.isNull());
+    // The distinct flag survives and prints again.
+    EXPECT_EQ(sql(readBack(written(count(ValueExpression(*r.a), true)))), "count(DISTINCT a)");
+}
+
+TEST(ExpressionStream, UnknownTagsGiveTheEmptyListAndConsumeOnlyTheTag)
+{
+    Record r;
+    SwitchCase sw(*r.a);
+    sw.switchCase(c(1), c(2));
+    const QByteArray switchBytes = written(sw);
+    EXPECT_TRUE(switchBytes.startsWith(QByteArray("\0\0\0\x18" "class kogen::SwitchCase", 27)));
+    QDataStream::Status status = QDataStream::Ok;
+    qint64 consumed = 0;
+    const ExpressionHandle back = readBack(switchBytes, &status, &consumed);
+    EXPECT_EQ(back.constData(), ExpressionList::empty().constData());
+    EXPECT_EQ(status, QDataStream::Ok);
+    EXPECT_EQ(consumed, 4 + 24);
+
+    Expected foreign;
+    foreign.tag("class other::Thing").i32(7);
+    EXPECT_TRUE(readBack(foreign.bytes, &status, &consumed)->isEmpty());
+    EXPECT_EQ(consumed, 4 + 19);
+
+    // Inside an operator the unknown child becomes an empty list, and the
+    // reader goes on at the misaligned position.
+    const QByteArray nested = written(ExpressionList(sw, c(5)));
+    const ExpressionHandle list = readBack(nested, &status);
+    ASSERT_NE(dynamic_cast<const ExpressionList*>(list.constData()), nullptr);
+    EXPECT_TRUE(static_cast<const ExpressionList&>(*list).children().value(0)->isEmpty());
+}
+
+TEST(ExpressionStream, RegistryRefusesDuplicatesAndKeepsPrototypesUntouched)
+{
+    EXPECT_FALSE(Expression::registerExpressionClass(c(1)));
+    EXPECT_FALSE(Expression::registerExpressionClass(NotOperator(c(1))));
+    // Reading twice gives independent nodes; the prototype does not change.
+    const QByteArray bytes = written(c(QStringLiteral("first")));
+    const ExpressionHandle one = readBack(bytes);
+    const ExpressionHandle two = readBack(written(c(QStringLiteral("second"))));
+    EXPECT_NE(one.constData(), two.constData());
+    EXPECT_EQ(one->evaluate(), QVariant(QStringLiteral("first")));
+    EXPECT_EQ(two->evaluate(), QVariant(QStringLiteral("second")));
+}
+
+// Every prefix and a set of corrupted copies of valid streams: the reader
+// must come back (under the sanitizers: without a fault) and a cut stream
+// must never read as a complete, equal tree.
+TEST(ExpressionStream, TruncatedAndCorruptedStreamsAreSafe)
+{
+    Record r;
+    const std::vector<ExpressionHandle> trees = {
+        (*r.a == QVariant(3)) && (ElementOf(*r.b) << 1 << 2 << 3),
+        coalesce(ExpressionList(toInt(ValueExpression(*r.s)), c(QVariantList{1, QVariantMap{{QStringLiteral("k"), 2}}}))),
+        -(*r.a + QVariant(QStringList{QStringLiteral("x")})) * c(QDateTime(QDate(2020, 1, 1), QTime(0, 0), Qt::UTC)),
+    };
+    QRandomGenerator random(12345);
+    for (const ExpressionHandle& e : trees) {
+        const QByteArray bytes = written(e);
+        for (int cut = 0; cut < bytes.size(); ++cut) {
+            QDataStream::Status status = QDataStream::Ok;
+            const ExpressionHandle back = readBack(bytes.left(cut), &status);
+            EXPECT_NE(status, QDataStream::Ok) << "cut at " << cut;
+            back->toString(Expression::PrintSql);
+            back->evaluate(r.set, nullptr);
+        }
+        for (int round = 0; round < 400; ++round) {
+            QByteArray damaged = bytes;
+            const int flips = 1 + static_cast<int>(random.bounded(4));
+            for (int i = 0; i < flips; ++i) {
+                const int at = static_cast<int>(random.bounded(static_cast<quint32>(damaged.size())));
+                damaged[at] = static_cast<char>(random.bounded(256));
+            }
+            if (round % 3 == 0)
+                damaged[static_cast<int>(random.bounded(static_cast<quint32>(damaged.size())))] = '\xff';
+            const ExpressionHandle back = readBack(damaged);
+            back->toString(Expression::PrintSql | Expression::PrintPlaceholders);
+            back->toString(Expression::PrintCode);
+            back->collectPlaceholders();
+        }
+    }
+}
+
+TEST(ExpressionStream, HostileCountsAndDepthsAreBounded)
+{
+    // A list claiming two billion children, then nothing.
+    Expected huge;
+    huge.tag("class kogen::ExpressionList").i32(1).i32(0x7fffffff);
+    QDataStream::Status status = QDataStream::Ok;
+    EXPECT_TRUE(readBack(huge.bytes, &status)->isEmpty());
+    EXPECT_EQ(status, QDataStream::ReadPastEnd);
+
+    // A constant whose variant list claims two billion elements.
+    Expected bigList;
+    bigList.tag("class kogen::ConstExpression").i32(1).flag(false);
+    bigList.out << quint32(QMetaType::QVariantList) << qint8(0) << quint32(0x7fffffff);
+    readBack(bigList.bytes, &status);
+    EXPECT_NE(status, QDataStream::Ok);
+
+    // A date-time in a time zone that does not exist: Qt could not write
+    // such a value again, so the reader refuses it.
+    Expected zone;
+    zone.tag("class kogen::ConstExpression").i32(1).flag(false);
+    zone.out << quint32(QMetaType::QDateTime) << qint8(0) << QDate(2020, 1, 1) << QTime(1, 0) << qint8(Qt::TimeZone)
+             << QStringLiteral("No/Such_Zone");
+    const ExpressionHandle zoned = readBack(zone.bytes, &status);
+    EXPECT_EQ(status, QDataStream::ReadCorruptData);
+    EXPECT_FALSE(written(zoned).isEmpty());
+
+    // Nesting deeper than the reader allows.
+    Expected deep;
+    for (int i = 0; i <= Expression::maxReadDepth(); ++i)
+        deep.tag("class kogen::NotOperator").i32(1).i32(1);
+    deep.tag("class kogen::ConstExpression").i32(1).flag(false).variant(1);
+    readBack(deep.bytes, &status);
+    EXPECT_EQ(status, QDataStream::ReadCorruptData);
+
+    // Just within the limit it reads.
+    Expected allowed;
+    for (int i = 0; i < Expression::maxReadDepth() - 1; ++i)
+        allowed.tag("class kogen::NotOperator").i32(1).i32(1);
+    allowed.tag("class kogen::ConstExpression").i32(1).flag(false).variant(true);
+    const ExpressionHandle ok = readBack(allowed.bytes, &status);
+    EXPECT_EQ(status, QDataStream::Ok);
+    EXPECT_EQ(ok->evaluate(), QVariant(false)); // 999 negations of true
+}
+
+} // namespace

@@ -1,0 +1,215 @@
+#include "ExpressionTestSupport.h"
+
+#include "support/core/Log.h"
+
+#include <gtest/gtest.h>
+
+#include <QDate>
+#include <QRegExp>
+#include <QTextStream>
+
+#include <string>
+#include <vector>
+
+namespace {
+
+using namespace kogen;
+using cktest::bound;
+using cktest::code;
+using cktest::Record;
+using cktest::sql;
+
+using F = FunctionExpression;
+const QVariant null;
+
+ExpressionHandle c(const QVariant& value) { return ConstExpression(value, false); }
+
+FunctionExpression call(const char* name, const QList<QVariant>& arguments, bool distinct = false)
+{
+    ExpressionList list;
+    for (const QVariant& v : arguments)
+        list << c(v);
+    return FunctionExpression(QString::fromLatin1(name), list, distinct);
+}
+
+TEST(Functions, BuiltInRoutinesKeepTheirInMemoryMeaning)
+{
+    struct Case { const char* name; QList<QVariant> arguments; QVariant expected; };
+    const Case cases[] = {
+        {"max", {3, 7, 5}, 3},                          // inverted: the smallest
+        {"min", {3, 7, 5}, 7},                          // inverted: the largest
+        {"nullif", {1, 1}, 1},                          // inverted test
+        {"nullif", {1, 2}, null},
+        {"count", {1, 1, 2}, 3},
+        {"group_concat", {QStringLiteral("a"), QStringLiteral("b")}, QStringLiteral(",a,b")},
+        {"group_concat", {QStringLiteral("a,"), QStringLiteral("b")}, QStringLiteral(",a,b")},
+        {"coalesce", {null, QString(), 4, 5}, 4},
+        {"coalesce", {null, null}, null},
+        {"ifnull", {null, 2}, 2},
+        {"abs", {-3}, 3},
+        {"abs", {4.5}, 4.5},
+        {"hex", {255}, QStringLiteral("ff")},
+        {"round", {2.5}, 3.0},
+        {"round", {-2.5}, -2.0},
+        {"length", {QStringLiteral("abcd")}, 4},
+        {"lower", {QStringLiteral("AbC")}, QStringLiteral("abc")},
+        {"upper", {QStringLiteral("AbC")}, QStringLiteral("ABC")},
+        {"trim", {QStringLiteral("  x y ")}, QStringLiteral("x y")},
+        {"quote", {QStringLiteral("it's")}, QStringLiteral("it's")},
+        {"regexp", {QStringLiteral("abc"), QStringLiteral("a.c")}, true},
+        {"regexp", {QStringLiteral("abcd"), QStringLiteral("a.c")}, false},
+        {"regexp", {QStringLiteral("ABC"), QRegExp(QStringLiteral("a.c"), Qt::CaseInsensitive)}, true},
+    };
+    for (const Case& t : cases) {
+        const QVariant result = call(t.name, t.arguments).evaluate();
+        EXPECT_EQ(result, t.expected) << t.name << " " << result.toString().toStdString();
+        EXPECT_EQ(result.type(), t.expected.type()) << t.name;
+    }
+    EXPECT_EQ(call("count", {1, 1, 2}, true).evaluate(), QVariant(2));
+    EXPECT_EQ(call("group_concat", {QStringLiteral("a"), QStringLiteral("a")}, true).evaluate(), QVariant(QStringLiteral(",a")));
+    EXPECT_GE(call("random", {}).evaluate().toInt(), 0);
+    EXPECT_EQ(call("currentDate", {}).evaluate().type(), QVariant::Date);
+    EXPECT_EQ(call("currentTime", {}).evaluate().type(), QVariant::Time);
+    EXPECT_EQ(call("currentDateTime", {}).evaluate().type(), QVariant::DateTime);
+    EXPECT_FALSE(call("noSuchFunction", {1}).evaluate().isValid());
+}
+
+TEST(Functions, LikeRewritesPatternsItsOwnWay)
+{
+    struct Case { QString value; QString pattern; QString escape; bool expected; };
+    const Case cases[] = {
+        {QStringLiteral("abc"), QStringLiteral("a__"), QString(), true},
+        {QStringLiteral("abc"), QStringLiteral("a_"), QString(), false},
+        {QStringLiteral("a.c"), QStringLiteral("a.c"), QString(), true},
+        {QStringLiteral("abc"), QStringLiteral("a.c"), QString(), false},
+        // "%" becomes an escaped dot and a star: a run of dots, not any text.
+        {QStringLiteral("abc"), QStringLiteral("a%"), QString(), false},
+        {QStringLiteral("a"), QStringLiteral("a%"), QString(), true},
+        {QStringLiteral("a.."), QStringLiteral("a%"), QString(), true},
+        // The escape turns into a backslash, but "_" is rewritten after it:
+        // an escaped "_" ends up as a literal dot.
+        {QStringLiteral("a.c"), QStringLiteral("a!_c"), QStringLiteral("!"), true},
+        {QStringLiteral("a_c"), QStringLiteral("a!_c"), QStringLiteral("!"), false},
+        {QStringLiteral("abc"), QStringLiteral("a!_c"), QStringLiteral("!"), false},
+        {QStringLiteral("a\\b"), QStringLiteral("a\\b"), QStringLiteral("!"), true},
+    };
+    for (const Case& t : cases) {
+        const QVariant result = like(c(t.value), t.pattern, t.escape).evaluate();
+        EXPECT_EQ(result, QVariant(t.expected)) << t.value.toStdString() << " LIKE " << t.pattern.toStdString();
+    }
+    EXPECT_EQ(F::likePattern(QStringLiteral("a%_."), QString()), QStringLiteral("a\\.*.\\."));
+}
+
+TEST(Functions, LikeCacheEvictionDoesNotChangeResults)
+{
+    const ExpressionHandle first = like(c(QStringLiteral("xyz")), QStringLiteral("x_z"));
+    EXPECT_TRUE(first->evaluate().toBool());
+    for (int i = 0; i < 150; ++i)
+        EXPECT_FALSE(like(c(QStringLiteral("xyz")), QStringLiteral("p%1").arg(i)).evaluate().toBool());
+    EXPECT_TRUE(first->evaluate().toBool());
+    EXPECT_FALSE(like(c(QStringLiteral("xz")), QStringLiteral("x_z")).evaluate().toBool());
+}
+
+TEST(Functions, PrintingInSqlAndCode)
+{
+    Record r;
+    const ValueExpression x(QStringLiteral("x"));
+    struct Case { ExpressionHandle e; std::string sqlText; std::string codeText; };
+    const Case cases[] = {
+        {count(x, true), "count(DISTINCT x)", "count(x)"},
+        {count(x), "count(x)", "count(x)"},
+        {group_concat(x, true), "group_concat(DISTINCT x)", "group_concat(x)"},
+        {coalesce(ExpressionList(x, c(0))), "coalesce(x,0)", "coalesce(x,0)"},
+        {ifnull(*r.a + QVariant(1), c(0)), "ifnull(a+1,0)", "ifnull(a+1,0)"},
+        {kogen::random(), "random()", "random()"},
+        {like(x, QStringLiteral("a%"), QStringLiteral("\\")), "(x LIKE 'a%' ESCAPE '\\')", "like(x,\"a%\",\"\\\")"},
+        {like(x, QStringLiteral("a%")), "(x LIKE 'a%' ESCAPE '')", "like(x,\"a%\",\"\")"},
+        {regexp(x, QStringLiteral("p")), "(x REGEXP 'p')", "regexp(x,\"p\")"},
+        {regexp(x, QRegExp(QStringLiteral("p+"))), "(x REGEXP 'p+')", "regexp(x,\"p+\")"},
+        {upper(lower(x)), "upper(lower(x))", "upper(lower(x))"},
+    };
+    for (const Case& t : cases) {
+        EXPECT_EQ(sql(t.e), t.sqlText);
+        EXPECT_EQ(code(t.e), t.codeText);
+    }
+    // Clock functions print their value in SQL, their call in code text.
+    const std::string today = std::to_string(TypeTool::dateMicroSeconds(QDate::currentDate()));
+    const ExpressionHandle date = currentDate();
+    EXPECT_EQ(sql(date), today);
+    EXPECT_EQ(code(date), "currentDate()");
+    EXPECT_EQ(bound(date), "?");
+    const QList<QVariant> values = date->collectPlaceholders();
+    ASSERT_EQ(values.size(), 1);
+    EXPECT_EQ(values[0].type(), QVariant::Date) << "the value is collected as it is";
+}
+
+TEST(Functions, ArgumentsOfCallsAreNotCollected)
+{
+    Record r;
+    const ExpressionHandle e = (*r.a == QVariant(1)) && (abs(*r.b - QVariant(2)) > c(3)) && (*r.s == QVariant(QStringLiteral("z")));
+    // Three marks, two collected values: the placeholder inside abs() is not
+    // collected. Callers keep bound values out of function arguments.
+    // Arguments keep the style the call got: inside a comparison they print nested.
+    EXPECT_EQ(bound(e), "a = ? AND abs((b-?)) > 3 AND s = ?");
+    EXPECT_EQ(e->collectPlaceholders(), (QList<QVariant>{1, QStringLiteral("z")}));
+}
+
+TEST(Functions, EvaluationHandsOnTheSetAndConstness)
+{
+    Record r;
+    r.with(-4, 4);
+    bool constant = true;
+    EXPECT_EQ(r.eval(abs(ValueExpression(*r.a)), &constant), QVariant(4));
+    EXPECT_FALSE(constant);
+    EXPECT_EQ(r.eval(abs(c(-2)), &constant), QVariant(2));
+    EXPECT_TRUE(constant);
+    EXPECT_EQ(r.eval(FunctionExpression(QStringLiteral("count"), ExpressionList(ValueExpression(*r.a), ValueExpression(*r.b)), true)),
+              QVariant(2));
+    EXPECT_EQ(r.eval(FunctionExpression(QStringLiteral("count"), ExpressionList(ValueExpression(*r.b), c(4)), true)),
+              QVariant(1));
+    EXPECT_TRUE(FunctionExpression(QString(), ExpressionList(), false).isEmpty());
+    EXPECT_FALSE(count(ValueExpression(*r.a)).equals(&static_cast<const Expression&>(count(ValueExpression(*r.a), true))));
+    EXPECT_FALSE(min(ValueExpression(*r.a)).equals(&static_cast<const Expression&>(max(ValueExpression(*r.a)))));
+    EXPECT_TRUE(min(ValueExpression(*r.a)).equals(&static_cast<const Expression&>(min(ValueExpression(*r.a)))));
+}
+
+QVariant answer(const QList<QVariant>&) { return 42; }
+void printAnswer(QTextStream& out, Expression::PrintStyle, const QString&, const QList<ExpressionHandle>&)
+{
+    out << "forty_two()";
+}
+
+TEST(Functions, ApplicationsRegisterFunctionsAndPrinters)
+{
+    std::vector<std::string> lines;
+    auto previous = ko::Log::instance().setSink([&](int, const std::string& line) { lines.push_back(line); });
+
+    EXPECT_FALSE(F::registerFunction("abs", &answer, nullptr, 0, 0));
+    EXPECT_EQ(call("abs", {-1}).evaluate(), QVariant(1)) << "the first routine stays";
+    ASSERT_EQ(lines.size(), 1u);
+    EXPECT_NE(lines[0].find("[kogen::FunctionExpression::registerFunction] Function abs already declared."), std::string::npos);
+
+    EXPECT_TRUE(F::registerFunction("test_answer", &answer, &F::printDefault, 0, 0));
+    const ExpressionHandle e = FunctionExpression(QStringLiteral("test_answer"), ExpressionList(), false);
+    EXPECT_EQ(e->evaluate(), QVariant(42));
+    EXPECT_EQ(sql(e), "test_answer()");
+    EXPECT_TRUE(F::registerSqlPrintFunction("test_answer", &printAnswer));
+    EXPECT_EQ(sql(e), "forty_two()");
+    EXPECT_EQ(code(e), "test_answer()");
+
+    EXPECT_FALSE(F::registerSqlPrintFunction("test_unknown", &printAnswer));
+    ASSERT_EQ(lines.size(), 2u);
+    EXPECT_NE(lines[1].find("[kogen::FunctionExpression::registerSqlPrintFunction] Function test_unknown not declared."),
+              std::string::npos);
+    ko::Log::instance().setSink(previous);
+
+    F::FunctionEntry entry;
+    ASSERT_TRUE(F::functionEntry(QStringLiteral("like"), &entry));
+    EXPECT_EQ(entry.minArgs, 2);
+    EXPECT_EQ(entry.maxArgs, 3);
+    EXPECT_EQ(entry.printFunction, &F::printLike);
+    ASSERT_TRUE(F::functionEntry(QStringLiteral("currentTime"), &entry));
+    EXPECT_EQ(entry.printFunction, nullptr);
+}
+
+} // namespace

@@ -1,0 +1,210 @@
+#include "ExpressionTestSupport.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace kogen;
+using cktest::bound;
+using cktest::code;
+using cktest::Record;
+using cktest::sql;
+
+ExpressionHandle c(const QVariant& value) { return ConstExpression(value, false); }
+const QVariant null;
+
+TEST(Operators, ChainsOfOneOperatorBecomeOneNode)
+{
+    Record r;
+    const ExpressionHandle x = *r.a > QVariant(1);
+    const ExpressionHandle y = *r.b < QVariant(2);
+    const ExpressionHandle z = *r.s == QVariant(QStringLiteral("q"));
+
+    const BooleanOperator all = (x && y) && z;
+    EXPECT_EQ(all.children().size(), 3);
+    EXPECT_EQ(all.op(), BooleanOperator::And);
+    EXPECT_EQ(sql(all), "a > 1 AND b < 2 AND s = 'q'");
+
+    const BooleanOperator mixed = (x && y) || z;
+    EXPECT_EQ(mixed.op(), BooleanOperator::Or);
+    ASSERT_EQ(mixed.children().size(), 2);
+    EXPECT_TRUE(mixed.children()[0].equals(BooleanOperator(x, BooleanOperator::And, y)));
+    EXPECT_EQ(sql(mixed), "(a > 1 AND b < 2) OR s = 'q'");
+    EXPECT_EQ(code(mixed), "(a > 1 && b < 2) || s == \"q\"");
+
+    BooleanOperator grown(x, BooleanOperator::Or, y);
+    grown |= z;
+    grown &= x;
+    EXPECT_EQ(sql(grown), "(a > 1 OR b < 2 OR s = 'q') AND a > 1");
+
+    NumericOperator sum = *r.a + QVariant(1);
+    sum += c(2);
+    sum *= c(3);
+    EXPECT_EQ(sql(sum), "(a+1+2)*3");
+    EXPECT_EQ(sql((c(1) + c(2)) - c(3) - c(4)), "(1+2)-3-4"); // a new kind starts a new node
+    EXPECT_EQ(sql((*r.a - QVariant(1)) % c(2)), "(a-1) mod 2");
+    EXPECT_EQ(code((*r.a - QVariant(1)) % c(2)), "(a-1)%2");
+
+    ExpressionList three;
+    three << x << y << z;
+    EXPECT_TRUE(BooleanOperator::join(three, BooleanOperator::Or).equals(BooleanOperator(x, BooleanOperator::Or, y) || z));
+    EXPECT_TRUE(BooleanOperator::join(ExpressionList(x), BooleanOperator::And).equals(x));
+    EXPECT_EQ(NumericOperator::join(ExpressionList(), NumericOperator::Add).constData(), ExpressionList::empty().constData());
+    EXPECT_TRUE(NumericOperator::join(ExpressionList(x), NumericOperator::Add).equals(x));
+}
+
+TEST(Operators, PrintTable)
+{
+    Record r;
+    const ExpressionHandle a = ValueExpression(*r.a);
+    const ExpressionHandle b = ValueExpression(*r.b);
+    struct Case { ExpressionHandle e; std::string sqlText; std::string codeText; };
+    const Case cases[] = {
+        {*r.a == QVariant(3), "a = 3", "a == 3"},
+        {*r.a != *r.b, "a != b", "a != b"},
+        {*r.a < *r.b, "a < b", "a < b"},
+        {*r.a <= QVariant(3), "a <= 3", "a <= 3"},
+        {*r.a > a, "a > a", "a > a"},
+        {a >= b, "a >= b", "a >= b"},
+        {!(a && b), " NOT (a AND b)", " ! (a && b)"},
+        {(a + c(1)) * c(2), "(a+1)*2", "(a+1)*2"},
+        {a - b * c(2), "a-(b*2)", "a-(b*2)"},
+        {a / b, "a/b", "a/b"},
+        {(a & b) | (a ^ b), "(a&b)|(a^b)", "(a&b)|(a^b)"},
+        {-a, "-a", "-a"},
+        {-*r.a, "-a", "-a"},
+        {~(a + b), "~(a+b)", "~(a+b)"},
+        {+a, "a", "a"},
+        {ExpressionHandle(+*r.a), "a", "a"},
+        {(a + b) == c(3), "(a+b) = 3", "(a+b) == 3"},
+        {BooleanOperator::join(ExpressionList(), BooleanOperator::And), "", ""},
+    };
+    for (const Case& t : cases) {
+        EXPECT_EQ(sql(t.e), t.sqlText);
+        EXPECT_EQ(code(t.e), t.codeText);
+    }
+    // Sort lists: negation means descending, and the operand is not nested.
+    EXPECT_EQ(ExpressionList(-a, ~b).toString(Expression::PrintSql | Expression::PrintOrder).toStdString(), "a DESC,b");
+    EXPECT_EQ((-(a + b)).toString(Expression::PrintSql | Expression::PrintOrder).toStdString(), "a+b DESC");
+}
+
+TEST(Operators, PlaceholdersFollowPrintOrder)
+{
+    Record r;
+    const ExpressionHandle e = (*r.a == QVariant(3)) && (*r.b + QVariant(4) > c(5)) && (*r.s != QVariant(QStringLiteral("x")));
+    EXPECT_EQ(bound(e), "a = ? AND (b+?) > 5 AND s != ?");
+    EXPECT_EQ(e->collectPlaceholders(), (QList<QVariant>{3, 4, QStringLiteral("x")}));
+    EXPECT_EQ(code(*r.a == QVariant(3)), "a == 3");
+}
+
+TEST(Operators, ComparisonsGoThroughTheTypeTool)
+{
+    Record r;
+    struct Case { int a; int b; QVariant eq, ne, lt, le, gt, ge; };
+    const Case cases[] = {
+        {1, 2, false, true, true, true, false, false},
+        {2, 2, true, false, false, true, false, true},
+        {3, 2, false, true, false, false, true, true},
+    };
+    for (const Case& t : cases) {
+        r.with(t.a, t.b);
+        bool constant = true;
+        EXPECT_EQ(r.eval(*r.a == *r.b, &constant), t.eq);
+        EXPECT_FALSE(constant);
+        EXPECT_EQ(r.eval(*r.a != *r.b), t.ne);
+        EXPECT_EQ(r.eval(*r.a < *r.b), t.lt);
+        EXPECT_EQ(r.eval(*r.a <= *r.b), t.le);
+        EXPECT_EQ(r.eval(*r.a > *r.b), t.gt);
+        EXPECT_EQ(r.eval(*r.a >= *r.b), t.ge);
+    }
+    bool constant = false;
+    EXPECT_EQ((c(2) < c(3)).evaluate(PropertySet(), &constant), QVariant(true));
+    EXPECT_TRUE(constant);
+    // A mixed comparison that succeeds through the text rule.
+    EXPECT_EQ((c(QStringLiteral("abc")) < c(QStringLiteral("abd"))).evaluate(), QVariant(true));
+}
+
+// Exposes the operand-less constructor.
+struct BareBoolean : BooleanOperator
+{
+    explicit BareBoolean(BoolOp op) : BooleanOperator(op) {}
+    BareBoolean& add(ExpressionHandle operand)
+    {
+        append(operand);
+        return *this;
+    }
+};
+
+TEST(Operators, LogicStopsAtTheDecidingOperandAndAndStopsAtNull)
+{
+    struct Case { BooleanOperator::BoolOp op; QList<QVariant> operands; QVariant expected; };
+    const Case cases[] = {
+        {BooleanOperator::And, {null, false}, null},
+        {BooleanOperator::And, {false, null}, false},
+        {BooleanOperator::And, {true, true}, true},
+        {BooleanOperator::And, {true, QStringLiteral("false")}, false},
+        {BooleanOperator::And, {}, true},
+        {BooleanOperator::Or, {null, true}, true},
+        {BooleanOperator::Or, {null}, false},
+        {BooleanOperator::Or, {false, null, false}, false},
+        {BooleanOperator::Or, {}, false},
+    };
+    for (const Case& t : cases) {
+        BareBoolean e(t.op);
+        for (const QVariant& v : t.operands)
+            e.add(c(v));
+        EXPECT_EQ(e.evaluate(), t.expected) << sql(e);
+    }
+    // Single operand and empty operators, built through the chaining members.
+    Record r;
+    r.with(0, 0, QString(), QVariant());
+    const ExpressionHandle v = ValueExpression(*r.v);
+    EXPECT_EQ(r.eval(BooleanOperator(v, BooleanOperator::Or, c(false))), QVariant(false));
+    EXPECT_EQ(r.eval(BooleanOperator(v, BooleanOperator::And, c(false))), null);
+    EXPECT_EQ(r.eval(!v), null);
+    EXPECT_EQ(r.eval(!c(0)), QVariant(true));
+    // The operand after the deciding one is not evaluated: its flag is not seen.
+    bool constant = false;
+    EXPECT_EQ((c(false) && v).evaluate(r.set, &constant), QVariant(false));
+    EXPECT_TRUE(constant);
+    EXPECT_EQ((c(true) && v).evaluate(r.set, &constant), null);
+    EXPECT_FALSE(constant);
+}
+
+TEST(Operators, ArithmeticAndUnaryOperators)
+{
+    Record r;
+    r.with(5, 3, QStringLiteral("abc"));
+    struct Case { ExpressionHandle e; QVariant expected; };
+    const Case cases[] = {
+        {*r.a + QVariant(2), 7},
+        {*r.a - QVariant(2), 3},
+        {*r.a * QVariant(2), 10},
+        {*r.a / QVariant(2), 2},
+        {*r.a % QVariant(3), 2},
+        {*r.a & QVariant(6), 4},
+        {*r.a | QVariant(2), 7},
+        {*r.a ^ QVariant(1), 4},
+        {*r.a / QVariant(0), null},
+        {(*r.a / QVariant(0)) + c(1), null},
+        {-*r.a, -5},
+        {~ExpressionHandle(ValueExpression(*r.a)), 5}, // an exclusive or with 0: the operand itself
+        {-ExpressionHandle(ValueExpression(*r.s)), TypeTool::invertString(QStringLiteral("abc"))},
+        {~ExpressionHandle(ValueExpression(*r.s)), null},
+    };
+    for (const Case& t : cases)
+        EXPECT_EQ(r.eval(t.e), t.expected) << sql(t.e);
+
+    bool constant = false;
+    r.eval(-ExpressionHandle(ValueExpression(*r.s)), &constant);
+    EXPECT_TRUE(constant) << "an inverted string key counts as constant";
+    r.eval(-*r.a, &constant);
+    EXPECT_FALSE(constant);
+    // Equality compares the kind.
+    EXPECT_FALSE((*r.a + QVariant(1)).equals(&static_cast<const Expression&>(*r.a - QVariant(1))));
+    EXPECT_TRUE((*r.a + QVariant(1)).equals(&static_cast<const Expression&>(*r.a + QVariant(1))));
+    EXPECT_FALSE((*r.a == *r.b).equals(&static_cast<const Expression&>(*r.a != *r.b)));
+    EXPECT_FALSE((-*r.a).equals(&static_cast<const Expression&>(~ExpressionHandle(ValueExpression(*r.a)))));
+}
+
+} // namespace
