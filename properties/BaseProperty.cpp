@@ -1,5 +1,6 @@
 #include "properties/BaseProperty.h"
 
+#include "properties/Properties.h"
 #include "properties/PropertyValidator.h"
 
 #include <QTextStream>
@@ -21,6 +22,20 @@ BaseProperty::BaseProperty(const BaseProperty& other) = default;
 BaseProperty& BaseProperty::operator=(const BaseProperty& other) = default;
 
 BaseProperty::~BaseProperty() = default;
+
+void BaseProperty::setDescription(const QString& description)
+{
+    if (dynamic_cast<const IllegalProperty*>(this))
+        return;
+    m_description = description;
+}
+
+void BaseProperty::setValidator(const boost::shared_ptr<PropertyValidator>& validator)
+{
+    if (dynamic_cast<const IllegalProperty*>(this))
+        return;
+    m_validator = validator;
+}
 
 bool BaseProperty::validate(PropertySet& set)
 {

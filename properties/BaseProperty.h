@@ -51,11 +51,14 @@ public:
 
     QString propertyName() const { return m_name; }
 
+    // The null object (IllegalProperty) keeps an empty description and no
+    // validator: the setters do nothing on it, so that a lookup of a
+    // mistyped name cannot change what every other lookup sees.
     QString description() const { return m_description; }
-    void setDescription(const QString& description) { m_description = description; }
+    void setDescription(const QString& description);
 
     boost::shared_ptr<PropertyValidator> validator() const { return m_validator; }
-    void setValidator(const boost::shared_ptr<PropertyValidator>& validator) { m_validator = validator; }
+    void setValidator(const boost::shared_ptr<PropertyValidator>& validator);
 
     // The result of the last validation (false until a validator has run).
     bool isValid() const { return m_valid; }

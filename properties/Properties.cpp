@@ -24,12 +24,19 @@ bool isIllegal(const BaseProperty& property)
     return dynamic_cast<const IllegalProperty*>(&property) != nullptr;
 }
 
-// The float nearest to a double, infinite beyond the float range (what the
-// hardware conversion gives, without relying on it for out-of-range values).
+// The float nearest to a double, as IEEE rounding to nearest gives it, without
+// relying on a conversion of an out-of-range value: a value just above the
+// largest float still rounds down to it; from halfway between the largest
+// float and 2^128 on, the result is infinite.
 float narrowToFloat(double value)
 {
-    if (std::isfinite(value) && std::fabs(value) > static_cast<double>(std::numeric_limits<float>::max()))
-        return value > 0 ? std::numeric_limits<float>::infinity() : -std::numeric_limits<float>::infinity();
+    const double largest = static_cast<double>(std::numeric_limits<float>::max());
+    if (std::isfinite(value) && std::fabs(value) > largest) {
+        const double overflow = std::ldexp(1.0, 128) - std::ldexp(1.0, 103);
+        const float limit = std::fabs(value) >= overflow ? std::numeric_limits<float>::infinity()
+                                                         : std::numeric_limits<float>::max();
+        return value > 0 ? limit : -limit;
+    }
     return static_cast<float>(value);
 }
 

@@ -391,8 +391,9 @@ private:
 
 // The null object: what a property set answers for a name it lacks. It has
 // an empty name and no value, refuses every write, dumps as "IllegaProperty"
-// and validates as true (it has no validator). There is one library-wide
-// instance, which no set owns.
+// and validates as true (it has no validator; setValidator and
+// setDescription do nothing on it). There is one library-wide instance,
+// which no set owns.
 class COMMONKIT_EXPORT IllegalProperty : public BaseProperty
 {
 public:

@@ -1,6 +1,7 @@
 #include "properties/PropertySet.h"
 
 #include "properties/Properties.h"
+#include "support/core/Log.h"
 
 #include <QTextStream>
 
@@ -27,21 +28,43 @@ PropertySet::~PropertySet() = default;
 
 void PropertySet::add(BaseProperty* property)
 {
-    if (property)
-        add(boost::shared_ptr<BaseProperty>(property));
+    if (!property)
+        return;
+    // The library-wide null object lives outside every set: wrapping it in
+    // an owning pointer would delete a static object.
+    if (property == &IllegalProperty::instance()) {
+        ko::LogLine(ko::Log::Warning, "kogen::PropertySet::add")
+            << "the library-wide IllegalProperty cannot be added to a set; ignored";
+        return;
+    }
+    // The same heap property handed over twice: a second owner would delete
+    // it while the first still holds it.
+    const auto it = m_properties.constFind(property->propertyName());
+    if (it != m_properties.constEnd() && it.value().get() == property)
+        return;
+    add(boost::shared_ptr<BaseProperty>(property));
 }
 
 void PropertySet::add(boost::shared_ptr<BaseProperty> property)
 {
     if (!property)
         return;
+    if (property.get() == &IllegalProperty::instance()) {
+        ko::LogLine(ko::Log::Warning, "kogen::PropertySet::add")
+            << "the library-wide IllegalProperty cannot be added to a set; ignored";
+        return;
+    }
     const QString name = property->propertyName();
     m_properties.insert(name, std::move(property));
 }
 
 void PropertySet::remove(const QString& name)
 {
-    m_properties.remove(name);
+    // A copy of the name: the caller may pass a reference to the key stored
+    // in this very entry (set.remove(set.begin().key())), which the removal
+    // frees while the map still compares against it.
+    const QString key = name;
+    m_properties.remove(key);
 }
 
 void PropertySet::clear()

@@ -38,10 +38,12 @@ public:
     ~PropertySet();
 
     // Takes ownership of a heap property and adds it (see below). A null
-    // pointer is ignored.
+    // pointer, the library-wide IllegalProperty and a property this set
+    // already holds under its name are ignored.
     void add(BaseProperty* property);
     // Inserts the property under its propertyName(), replacing (and
-    // releasing) an entry of the same name. A null pointer is ignored.
+    // releasing) an entry of the same name. A null pointer and the
+    // library-wide IllegalProperty are ignored.
     void add(boost::shared_ptr<BaseProperty> property);
     // Removes the entry of that name, if there is one.
     void remove(const QString& name);

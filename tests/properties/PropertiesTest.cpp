@@ -109,6 +109,18 @@ TEST(Properties, SetVariantValueConvertsOrRefuses)
         {"float from double", make<kogen::FloatProperty>(), QVariant(1.5), true, QVariant(1.5f)},
         {"float beyond its range", make<kogen::FloatProperty>(), QVariant(big), true,
          QVariant(std::numeric_limits<float>::infinity())},
+        {"float just above its largest value rounds down", make<kogen::FloatProperty>(), QVariant(3.4028235e38), true,
+         QVariant(std::numeric_limits<float>::max())},
+        {"float from the text of its largest value", make<kogen::FloatProperty>(),
+         QVariant(QStringLiteral("-3.4028235e38")), true, QVariant(-std::numeric_limits<float>::max())},
+        {"float at the rounding limit", make<kogen::FloatProperty>(),
+         QVariant(std::ldexp(1.0, 128) - std::ldexp(1.0, 103)), true,
+         QVariant(std::numeric_limits<float>::infinity())},
+        {"float below the rounding limit", make<kogen::FloatProperty>(),
+         QVariant(std::ldexp(1.0, 128) - std::ldexp(1.0, 103) - std::ldexp(1.0, 75)), true,
+         QVariant(std::numeric_limits<float>::max())},
+        {"float negative beyond its range", make<kogen::FloatProperty>(), QVariant(-big), true,
+         QVariant(-std::numeric_limits<float>::infinity())},
         {"float from a date", make<kogen::FloatProperty>(), QVariant(QDate(2024, 1, 1)), false, QVariant(0.0f)},
         {"double from text", make<kogen::DoubleProperty>(), QVariant(QStringLiteral("2.5")), true, QVariant(2.5)},
         {"string from int", make<kogen::StringProperty>(), QVariant(12), true, QVariant(QStringLiteral("12"))},
@@ -201,6 +213,98 @@ TEST(Properties, TypedAccessorsReadWriteTheirOwnClassOnly)
     EXPECT_EQ(kogen::IntProperty::getValue(number, 0), -5);
 }
 
+// Every class with typed accessors: a value written with setValue reads back
+// through getValue and variantValue; on a property of another class both
+// throw and name the expected class (the string-list setter names
+// "StringProperty").
+TEST(Properties, EveryTypedAccessorPairRoundTripsAndNamesItsClass)
+{
+    kogen::PropertySet set;
+    set.add(new kogen::IntProperty(QStringLiteral("n")));
+    struct Case
+    {
+        const char* type;
+        Factory create;
+        std::function<void(BaseProperty&)> set;
+        std::function<QVariant(const BaseProperty&)> get;
+        QVariant expected;
+        const char* setterNames;
+    };
+    const QDateTime when(QDate(2024, 5, 6), QTime(7, 8, 9), Qt::UTC);
+    const Case cases[] = {
+        {"BoolProperty", make<kogen::BoolProperty>(), [](BaseProperty& p) { kogen::BoolProperty::setValue(p, true); },
+         [](const BaseProperty& p) { return QVariant(kogen::BoolProperty::getValue(p, false)); }, QVariant(true),
+         "BoolProperty"},
+        {"UIntProperty", make<kogen::UIntProperty>(), [](BaseProperty& p) { kogen::UIntProperty::setValue(p, 4294967295u); },
+         [](const BaseProperty& p) { return QVariant(kogen::UIntProperty::getValue(p, 0)); }, QVariant(4294967295u),
+         "UIntProperty"},
+        {"U64Property", make<kogen::U64Property>(),
+         [](BaseProperty& p) { kogen::U64Property::setValue(p, 0x123456789ULL); },
+         [](const BaseProperty& p) { return QVariant(qulonglong(kogen::U64Property::getValue(p, 0))); },
+         QVariant(qulonglong(0x123456789ULL)), "U64Property"},
+        {"FloatProperty", make<kogen::FloatProperty>(), [](BaseProperty& p) { kogen::FloatProperty::setValue(p, 0.25f); },
+         [](const BaseProperty& p) { return QVariant(kogen::FloatProperty::getValue(p, 0.0f)); }, QVariant(0.25f),
+         "FloatProperty"},
+        {"DoubleProperty", make<kogen::DoubleProperty>(), [](BaseProperty& p) { kogen::DoubleProperty::setValue(p, -1e-9); },
+         [](const BaseProperty& p) { return QVariant(kogen::DoubleProperty::getValue(p, 0.0)); }, QVariant(-1e-9),
+         "DoubleProperty"},
+        {"StringProperty", make<kogen::StringProperty>(),
+         [](BaseProperty& p) { kogen::StringProperty::setValue(p, QStringLiteral("t")); },
+         [](const BaseProperty& p) { return QVariant(kogen::StringProperty::getValue(p, {})); },
+         QVariant(QStringLiteral("t")), "StringProperty"},
+        {"StringListProperty", make<kogen::StringListProperty>(),
+         [](BaseProperty& p) { kogen::StringListProperty::setValue(p, {QStringLiteral("a"), QStringLiteral("b")}); },
+         [](const BaseProperty& p) { return QVariant(kogen::StringListProperty::getValue(p, {})); },
+         QVariant(QStringList{QStringLiteral("a"), QStringLiteral("b")}), "StringProperty"},
+        {"ByteArrayProperty", make<kogen::ByteArrayProperty>(),
+         [](BaseProperty& p) { kogen::ByteArrayProperty::setValue(p, QByteArray("\0x", 2)); },
+         [](const BaseProperty& p) { return QVariant(kogen::ByteArrayProperty::getValue(p, {})); },
+         QVariant(QByteArray("\0x", 2)), "ByteArrayProperty"},
+        {"RectProperty", make<kogen::RectProperty>(),
+         [](BaseProperty& p) { kogen::RectProperty::setValue(p, QRect(-1, -2, 3, 4)); },
+         [](const BaseProperty& p) { return QVariant(kogen::RectProperty::getValue(p, {})); },
+         QVariant(QRect(-1, -2, 3, 4)), "RectProperty"},
+        {"TimeProperty", make<kogen::TimeProperty>(),
+         [](BaseProperty& p) { kogen::TimeProperty::setValue(p, QTime(23, 59, 59, 999)); },
+         [](const BaseProperty& p) { return QVariant(kogen::TimeProperty::getValue(p, {})); },
+         QVariant(QTime(23, 59, 59, 999)), "TimeProperty"},
+        {"DateTimeProperty", make<kogen::DateTimeProperty>(),
+         [when](BaseProperty& p) { kogen::DateTimeProperty::setValue(p, when); },
+         [](const BaseProperty& p) { return QVariant(kogen::DateTimeProperty::getValue(p, {})); }, QVariant(when),
+         "DateTimeProperty"},
+        {"VariantProperty", make<kogen::VariantProperty>(),
+         [](BaseProperty& p) { kogen::VariantProperty::setValue(p, QVariant(QPoint(1, 2))); },
+         [](const BaseProperty& p) { return kogen::VariantProperty::getValue(p, {}); }, QVariant(QPoint(1, 2)),
+         "VariantProperty"},
+        {"PropertySetProperty", make<kogen::PropertySetProperty>(),
+         [set](BaseProperty& p) { kogen::PropertySetProperty::setValue(p, set); },
+         [](const BaseProperty& p) { return QVariant(kogen::PropertySetProperty::getValue(p, {}).variantValues()); },
+         QVariant(QVariantMap{{QStringLiteral("n"), 0}}), "PropertySetProperty"},
+    };
+    kogen::IntProperty other(QStringLiteral("other"));
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.type);
+        const auto property = c.create();
+        c.set(*property);
+        EXPECT_EQ(c.get(*property), c.expected);
+        EXPECT_EQ(property->variantValue(), c.expected);
+        const auto expectWrongType = [&](const std::function<void()>& call, const char* expected) {
+            try {
+                call();
+                ADD_FAILURE() << "no exception";
+            } catch (const ko::UnexpectedTypeException& error) {
+                EXPECT_EQ(error.name(), QStringLiteral("other"));
+                EXPECT_EQ(error.actualType(), QStringLiteral("IntProperty"));
+                EXPECT_EQ(error.expectedType(), QLatin1String(expected));
+                EXPECT_EQ(error.messageQt(), QStringLiteral("Property has the wrong type."));
+            }
+        };
+        expectWrongType([&] { c.get(other); }, c.type);
+        expectWrongType([&] { c.set(other); }, c.setterNames);
+    }
+    EXPECT_EQ(kogen::IntProperty::getValue(other, -1), 0);
+}
+
 TEST(Properties, CopiesShareTheValidatorButNotTheValue)
 {
     kogen::IntProperty original(QStringLiteral("n"));
@@ -262,6 +366,17 @@ TEST(Properties, DumpWritesFourLinesPerProperty)
     kogen::DateProperty noDay(QStringLiteral("noDay"));
     kogen::VariantProperty any(QStringLiteral("any"));
     kogen::VariantProperty::setValue(any, QVariant(2.5));
+    kogen::IntProperty count(QStringLiteral("count"));
+    kogen::IntProperty::setValue(count, -7);
+    kogen::UIntProperty unsignedMax(QStringLiteral("umax"));
+    kogen::UIntProperty::setValue(unsignedMax, 4294967295u);
+    kogen::FloatProperty tenth(QStringLiteral("tenth"));
+    kogen::FloatProperty::setValue(tenth, 0.1f);
+    kogen::StringProperty text(QStringLiteral("text"));
+    kogen::StringProperty::setValue(text, QStringLiteral("a, b"));
+    const QDateTime stampValue(QDate(2024, 5, 6), QTime(7, 8, 9));
+    kogen::DateTimeProperty stamp(QStringLiteral("stamp"));
+    kogen::DateTimeProperty::setValue(stamp, stampValue);
 
     struct Case { const BaseProperty& property; QString expected; };
     const Case cases[] = {
@@ -276,6 +391,11 @@ TEST(Properties, DumpWritesFourLinesPerProperty)
         {noon, header("noon") + "Property value: 12:00:05\n" + k_hyphens},
         {noDay, header("noDay") + "Property value: \n" + k_hyphens},
         {any, header("any") + "Property value: 2.5\n" + k_hyphens},
+        {count, header("count") + "Property value: -7\n" + k_hyphens},
+        {unsignedMax, header("umax") + "Property value: 4294967295\n" + k_hyphens},
+        {tenth, header("tenth") + "Property value: 0.1\n" + k_hyphens},
+        {text, header("text") + "Property value: a, b\n" + k_hyphens},
+        {stamp, header("stamp") + "Property value: " + stampValue.toString(Qt::TextDate) + "\n" + k_hyphens},
         {kogen::IllegalProperty::instance(), QStringLiteral("IllegaProperty\n")},
     };
     for (const Case& c : cases) {
@@ -326,6 +446,13 @@ TEST(Properties, IllegalPropertyIsARefusingNullObject)
     EXPECT_FALSE(illegal.setVariantValue(QVariant()));
     kogen::PropertySet set;
     EXPECT_TRUE(illegal.validate(set));
+    // A lookup of a mistyped name must not leave a description or a failing
+    // validator behind for every later lookup.
+    set[QStringLiteral("typo")].setDescription(QStringLiteral("oops"));
+    set[QStringLiteral("typo")].setValidator(boost::make_shared<kogen::DefaultIntValidator>(5, 6));
+    EXPECT_TRUE(illegal.description().isEmpty());
+    EXPECT_FALSE(illegal.validator());
+    EXPECT_TRUE(set[QStringLiteral("other")].validate(set));
     const kogen::IllegalProperty copy(illegal);
     EXPECT_EQ(copy.type(), QStringLiteral("IllegalProperty"));
 }

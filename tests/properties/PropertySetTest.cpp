@@ -78,6 +78,38 @@ TEST(PropertySet, AddReplacesRemoveReleasesAndOwnershipFollowsTheLastHolder)
     EXPECT_EQ(TrackedProperty::alive, 0) << "the last set releases its properties";
 }
 
+TEST(PropertySet, CarelessAddAndRemoveLeaveTheSetSound)
+{
+    ASSERT_EQ(TrackedProperty::alive, 0);
+    {
+        PropertySet set;
+        // Adding the library-wide null object (here found through a lookup of
+        // an absent name) must not hand a static object to an owner.
+        set.add(&set[QStringLiteral("absent")]);
+        set.add(&kogen::IllegalProperty::instance());
+        set.add(boost::shared_ptr<kogen::BaseProperty>(&kogen::IllegalProperty::instance(), [](kogen::BaseProperty*) {}));
+        EXPECT_EQ(set.count(), 0);
+
+        // The same heap property handed over twice stays one owned entry.
+        // Names on the heap (not literals), so that a freed key is noticed.
+        auto* twice = new TrackedProperty(QString::fromLatin1("twice"));
+        set.add(twice);
+        set.add(twice);
+        EXPECT_EQ(set.count(), 1);
+        EXPECT_EQ(TrackedProperty::alive, 1);
+        EXPECT_EQ(&set[QStringLiteral("twice")], twice);
+
+        // Removing by a reference to the stored key.
+        set.add(new TrackedProperty(QString::fromLatin1("other")));
+        set.remove(set.begin().key());
+        EXPECT_EQ(set.allPropertyNames(), QStringList{QStringLiteral("twice")});
+        set.remove(set.begin().key());
+        EXPECT_EQ(set.count(), 0);
+        EXPECT_EQ(TrackedProperty::alive, 0);
+    }
+    EXPECT_EQ(kogen::IllegalProperty::instance().type(), QStringLiteral("IllegalProperty"));
+}
+
 TEST(PropertySet, LookupOfAnAbsentNameAnswersWithTheNullObject)
 {
     PropertySet set = sample();
@@ -273,8 +305,14 @@ TEST(PropertySet, ValidatorMayChangeTheSetItValidates)
     EXPECT_EQ(set.count(), 0);
 }
 
+// Read before any test code touches the type: the library registers it
+// while it loads, before this program's own initialisers run.
+const int k_idBeforeMain = QMetaType::type("kogen::PropertySet");
+
 TEST(PropertySet, TravelsInAVariant)
 {
+    EXPECT_NE(k_idBeforeMain, static_cast<int>(QMetaType::UnknownType)) << "registered when the library loads";
+    EXPECT_EQ(k_idBeforeMain, PropertySet::metaTypeId());
     const int id = PropertySet::metaTypeId();
     EXPECT_NE(id, static_cast<int>(QMetaType::UnknownType));
     EXPECT_EQ(QMetaType::type("kogen::PropertySet"), id);
