@@ -24,7 +24,7 @@ bool hasPlaceholder(const QString& text)
         int next = i + 1;
         if (text.at(next) == QLatin1Char('L') && next + 1 < size)
             ++next;
-        if (text.at(next).isDigit())
+        if (text.at(next).digitValue() >= 0) // as arg() reads it: '²' counts as 2
             return true;
     }
     return false;

@@ -48,6 +48,9 @@ public:
 
     // All values in order: time, user, then the kind's own.
     const QList<LogValue*>& values() const { return m_values; }
+    // Adds a value (not owned) at the end of values(); a null pointer is
+    // ignored.
+    void append(LogValue* value);
     // The first value with this id, or null.
     LogValue* logValue(FourChars id) const;
 
@@ -69,7 +72,6 @@ public:
     static QString tr(const char* sourceText, const char* disambiguation = nullptr, int n = -1);
 
 protected:
-    void append(LogValue* value);
     // Copies the values of other by index; both must be of the same kind.
     void copyFrom(const LogEntry& other);
 

@@ -121,6 +121,7 @@ void XMLLogWriter::writeStartDocument()
     flushTextStream();
     QXmlStreamWriter::writeStartDocument(QStringLiteral("1.0"));
     QXmlStreamWriter::writeStartElement(QStringLiteral("Entries"));
+    ++m_openElements;
     QXmlStreamWriter::writeAttribute(QStringLiteral("Version"), QStringLiteral("v0.1"));
     QXmlStreamWriter::writeAttribute(QStringLiteral("LogFile"), xmlSafe(m_startDocumentName));
     QXmlStreamWriter::writeAttribute(QStringLiteral("Date"), m_date.toString(Qt::ISODate));
@@ -136,19 +137,28 @@ void XMLLogWriter::writeStartDocument()
 void XMLLogWriter::writeEndDocument()
 {
     flushTextStream();
-    QXmlStreamWriter::writeEndDocument();
+    // QXmlStreamWriter::writeEndDocument() would add a line feed after the
+    // end tag; the document is one line, so close the elements one by one.
+    while (m_openElements > 0) {
+        QXmlStreamWriter::writeEndElement();
+        --m_openElements;
+    }
 }
 
 void XMLLogWriter::writeStartElement(const LogEntry& entry)
 {
     flushTextStream();
     QXmlStreamWriter::writeStartElement(QStringLiteral("Entry"));
+    ++m_openElements;
     QXmlStreamWriter::writeAttribute(QStringLiteral("ID"), xmlSafe(entry.type().toString()));
 }
 
 void XMLLogWriter::writeEndElement(const LogEntry& /*entry*/)
 {
+    if (m_openElements == 0)
+        return;
     QXmlStreamWriter::writeEndElement();
+    --m_openElements;
 }
 
 void XMLLogWriter::writeAttribute(const LogValue& value)

@@ -42,7 +42,8 @@ public:
     // ApplicationVersion and LanguageVersion only when not empty. The start
     // tag is written complete (with its ">"); the element stays open.
     void writeStartDocument() override;
-    // Closes every element this writer opened: "</Entries>".
+    // Closes every element this writer opened: "</Entries>", with nothing
+    // after it (no line feed).
     void writeEndDocument() override;
     // Opens an "Entry" element with the attribute ID = the entry's type.
     void writeStartElement(const LogEntry& entry) override;
@@ -66,6 +67,8 @@ private:
 
     QDateTime m_date;
     std::unique_ptr<QIODevice> m_stringDevice;
+    // Elements opened and not yet closed ("Entries", "Entry").
+    int m_openElements = 0;
 };
 
 } // namespace ko

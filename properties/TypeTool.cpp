@@ -69,6 +69,18 @@ qint64 saturatedInt64(double value)
     return static_cast<qint64>(value);
 }
 
+// A double truncated toward zero into an unsigned 64-bit count. The whole
+// unsigned range is kept; negative values wrap as their signed count does,
+// and values beyond either end saturate (NaN is 0).
+quint64 wrappingUInt64(double value)
+{
+    if (value >= 18446744073709551616.0)
+        return std::numeric_limits<quint64>::max();
+    if (value >= 9223372036854775808.0)
+        return static_cast<quint64>(value);
+    return static_cast<quint64>(saturatedInt64(value));
+}
+
 // a * factor for a positive factor, saturated instead of overflowing.
 qint64 saturatedProduct(qint64 a, qint64 factor)
 {
@@ -254,10 +266,10 @@ bool TypeTool::isList(QVariant::Type type)
 
 QVariant::Type TypeTool::coerceNumericTypes(const QVariant& a, const QVariant& b) const
 {
+    // The first two rules look at the types alone, whatever they are; the
+    // callers only act on the result when both operands are numbers.
     const QVariant::Type ta = a.type();
     const QVariant::Type tb = b.type();
-    if (!isNumeric(ta) || !isNumeric(tb))
-        return QVariant::Invalid;
     if (ta == tb)
         return ta;
     if (ta == QVariant::Double || tb == QVariant::Double)
@@ -338,10 +350,15 @@ QVariant::Type TypeTool::coerceNumericTypes(const QVariant& a, const QVariant& b
 
 QVariant::Type TypeTool::coerceOtherTypes(const QVariant& a, const QVariant& b) const
 {
-    if (b.canConvert(static_cast<int>(a.type())))
-        return a.type();
-    if (a.canConvert(static_cast<int>(b.type())))
-        return b.type();
+    // userType(), not type(): type() folds every registered type into
+    // QVariant::UserType, to which nothing converts, so two values of one
+    // registered type would find no common type.
+    const int typeA = a.userType();
+    const int typeB = b.userType();
+    if (b.canConvert(typeA))
+        return static_cast<QVariant::Type>(typeA);
+    if (a.canConvert(typeB))
+        return static_cast<QVariant::Type>(typeB);
     if (convertsToString(a) && convertsToString(b))
         return QVariant::String;
     return QVariant::Invalid;
@@ -484,10 +501,12 @@ QVariant TypeTool::do_modulo(const QVariant& a, const QVariant& b)
 
 namespace {
 
-// Bitwise operations succeed only on integers of a common type; otherwise
-// the result is invalid and ok is not touched.
+// Bitwise operations succeed only on two numbers whose common type is an
+// integer type; otherwise the result is invalid and ok is not touched.
 QVariant bitwise(Op op, QVariant::Type common, const QVariant& a, const QVariant& b, bool& ok)
 {
+    if (!TypeTool::isNumeric(a.type()) || !TypeTool::isNumeric(b.type()))
+        return QVariant();
     if (common == QVariant::Invalid || common == QVariant::Double)
         return QVariant();
     return numericResult(op, common, a, b, ok);
@@ -607,7 +626,7 @@ QVariant TypeTool::castDate(const QVariant& value, QVariant::Type type)
             m = value.toULongLong();
             break;
         default:
-            m = static_cast<quint64>(saturatedInt64(value.toDouble() * perDay));
+            m = wrappingUInt64(value.toDouble() * perDay);
             break;
         }
         const QDateTime moment = ko::fromFrameTime(m);

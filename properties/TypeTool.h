@@ -78,7 +78,9 @@ public:
     const QVariant& returnOK(const QVariant& value) const;
 
 protected:
-    // The common numeric type of two numbers, QVariant::Invalid if none.
+    // The common numeric type of two numbers, QVariant::Invalid if none. The
+    // same-type and Double rules look at the types alone, so they also answer
+    // for other values (two texts give String); callers check for numbers.
     QVariant::Type coerceNumericTypes(const QVariant& a, const QVariant& b) const;
     // The type of a if b converts to it, else the type of b if a converts to
     // it, else String if both convert to text, else QVariant::Invalid.

@@ -3,6 +3,7 @@
 // DesCrypt.cpp.
 
 #include "storage/Crypt.h"
+#include "storage/DesCrypt.h"
 
 #include "support/core/Log.h"
 #include "support/core/QtDeprecated.h"
@@ -83,12 +84,30 @@ QString Crypt::crypt(QString password)
 
 char* Crypt::crypt_sll(const char* key, const char* salt)
 {
+    // The salt characters as crypt_r reads them: a missing one is code 0.
+    unsigned char given[2] = {0, 0};
+    if (salt && salt[0]) {
+        given[0] = static_cast<unsigned char>(salt[0]);
+        given[1] = static_cast<unsigned char>(salt[1]);
+    }
+    // libcrypto gives characters outside the hash alphabet six-bit values of
+    // its own, and refuses code 0 and codes from 128 up. Hand it the alphabet
+    // character of the same value instead, and put the given characters back
+    // in front of the result, so that the hash is the one crypt_r makes.
+    char alphabetSalt[3] = {0, 0, 0};
+    for (int i = 0; i < 2; ++i)
+        alphabetSalt[i] = des::kHashAlphabet[given[i] < 128 ? des::kSaltValues[given[i]] : 0];
+
     thread_local char buffer[14];
     COMMONKIT_OPENSSL_LEGACY_BEGIN
-    char* result = DES_fcrypt(key ? key : "", salt ? salt : "", buffer);
+    char* result = DES_fcrypt(key ? key : "", alphabetSalt, buffer);
     COMMONKIT_OPENSSL_LEGACY_END
-    if (!result)
-        ko::LogLine(ko::Log::Warning, "kogen::Crypt::crypt_sll") << "libcrypto refused the salt";
+    if (!result) {
+        ko::LogLine(ko::Log::Error, "kogen::Crypt::crypt_sll") << "libcrypto's DES crypt failed";
+        return nullptr;
+    }
+    result[0] = static_cast<char>(given[0]);
+    result[1] = static_cast<char>(given[1]);
     return result;
 }
 

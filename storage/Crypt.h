@@ -43,11 +43,11 @@ public:
     // null when buffer is null. A null key or salt counts as empty.
     static char* crypt_r(const char* key, const char* salt, char* buffer);
 
-    // The hash computed by libcrypto's DES crypt. The result lives in a
-    // buffer of the calling thread that the next call on that thread
-    // overwrites. Null when libcrypto refuses the salt: it wants two
-    // characters below code 128. For salt characters outside "./0-9A-Za-z"
-    // libcrypto's salt values may differ from those of crypt_r.
+    // The same hash as crypt_r, computed by libcrypto's DES crypt, for every
+    // salt: a salt character outside "./0-9A-Za-z" reaches libcrypto as the
+    // alphabet character of the same six-bit value, and stands in the result
+    // as given. The result lives in a buffer of the calling thread that the
+    // next call on that thread overwrites.
     static char* crypt_sll(const char* key, const char* salt);
     // As above with a salt from Qt's generator seeded with the current time
     // in seconds: the salt changes from second to second.
@@ -100,6 +100,7 @@ private:
     static void HPermOperation(unsigned int& a, int n, unsigned int mask);
     // Little-endian packing: bytes[offset] is the least significant byte.
     static unsigned int FourBytesToInt(const unsigned char* bytes, int offset);
+    static void IntToFourBytes(unsigned int value, unsigned char* bytes, int offset);
 
     // The re-entrant variant: key from a C string, result into buffer.
     static void setkey_r(const char* key, sched* data);

@@ -64,6 +64,14 @@ unsigned int Crypt::FourBytesToInt(const unsigned char* bytes, int offset)
            | (static_cast<unsigned int>(bytes[offset + 2]) << 16) | (static_cast<unsigned int>(bytes[offset + 3]) << 24);
 }
 
+void Crypt::IntToFourBytes(unsigned int value, unsigned char* bytes, int offset)
+{
+    bytes[offset] = static_cast<unsigned char>(value & 0xffu);
+    bytes[offset + 1] = static_cast<unsigned char>((value >> 8) & 0xffu);
+    bytes[offset + 2] = static_cast<unsigned char>((value >> 16) & 0xffu);
+    bytes[offset + 3] = static_cast<unsigned char>(value >> 24);
+}
+
 void Crypt::PermOperation(unsigned int& a, unsigned int& b, int n, unsigned int mask)
 {
     const unsigned int t = ((a >> n) ^ b) & mask;
@@ -97,13 +105,14 @@ Crypt::sched Crypt::SetDESKey(QByteArray key)
     HPermOperation(high, 14, 0x0000ccccu);
     HPermOperation(low, 7, 0x00aa00aau);
     HPermOperation(high, 7, 0x00aa00aau);
-    const unsigned int column1 = high >> 24, column2 = (high >> 16) & 0xffu, column3 = (high >> 8) & 0xffu,
-                       column4 = high & 0xffu, column5 = low >> 24, column6 = (low >> 16) & 0xffu,
-                       column7 = (low >> 8) & 0xffu;
+    unsigned char transposed[8];
+    IntToFourBytes(low, transposed, 0);
+    IntToFourBytes(high, transposed, 4);
+    const auto column = [&transposed](int n) { return static_cast<unsigned int>(transposed[8 - n]); };
     // PC-1: C is columns 1 to 3 of key bytes 8 to 1, then column 4 of key
     // bytes 8 to 5; D is columns 7 to 5, then column 4 of key bytes 4 to 1.
-    unsigned int c = (column1 << 20) | (column2 << 12) | (column3 << 4) | (column4 >> 4);
-    unsigned int d = (column7 << 20) | (column6 << 12) | (column5 << 4) | (column4 & 0x0fu);
+    unsigned int c = (column(1) << 20) | (column(2) << 12) | (column(3) << 4) | (column(4) >> 4);
+    unsigned int d = (column(7) << 20) | (column(6) << 12) | (column(5) << 4) | (column(4) & 0x0fu);
 
     sched schedule{};
     for (int round = 0; round < 16; ++round) {

@@ -2,6 +2,7 @@
 // the whole input with the same key and vector.
 
 #include "storage/BlowFish.h"
+#include "support/core/Log.h"
 
 #include <gtest/gtest.h>
 
@@ -9,6 +10,8 @@
 
 #include <memory>
 #include <random>
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -76,9 +79,25 @@ TEST(BlowFish, EmptyDataGivesNoObject)
     EXPECT_EQ(BlowFish::blowFishEncode(QByteArray()), nullptr);
     EXPECT_EQ(BlowFish::blowFishDecode(QByteArray()), nullptr);
     EXPECT_EQ(BlowFish::blowFishEncodeString(QString()), nullptr);
+
+    // Decoding empty data into text is a caller's mistake: an empty string
+    // rather than a crash, and a warning that names the function.
+    std::vector<std::string> lines;
+    const int threshold = ko::Log::instance().threshold();
+    ko::Log::instance().setThreshold(ko::Log::Warning);
+    const ko::Log::Sink previous = ko::Log::instance().setSink(
+        [&lines](int level, const std::string& line) { lines.push_back(std::to_string(level) + line); });
     const std::unique_ptr<QString> text(BlowFish::blowFishDecodeString(QByteArray()));
+    const std::unique_ptr<QString> oneByte(BlowFish::blowFishDecodeString(QByteArray(1, 'x')));
+    ko::Log::instance().setSink(previous);
+    ko::Log::instance().setThreshold(threshold);
     ASSERT_TRUE(text);
     EXPECT_TRUE(text->isEmpty());
+    ASSERT_TRUE(oneByte);
+    EXPECT_EQ(oneByte->size(), 1);
+    ASSERT_EQ(lines.size(), 1u);
+    EXPECT_EQ(lines[0].front(), '2');
+    EXPECT_NE(lines[0].find("[ko::BlowFish::blowFishDecodeString]"), std::string::npos) << lines[0];
 }
 
 TEST(BlowFish, TextRoundTripsThroughUtf8)

@@ -208,9 +208,34 @@ TEST(Crypt, AMissingSaltCharacterCountsAsCodeZero)
     EXPECT_EQ(std::string(Crypt::crypt_r(nullptr, "ab", buffer)), oursBytes("", "ab"));
     EXPECT_EQ(Crypt::crypt_r("secret", nullptr, buffer)[0], '\0');
     EXPECT_EQ(std::string(buffer + 2), ours(QStringLiteral(".."), QStringLiteral("secret")).mid(2).toStdString());
-    // libcrypto wants two salt characters below code 128.
-    EXPECT_EQ(Crypt::crypt_sll("secret", "a"), nullptr);
-    EXPECT_EQ(Crypt::crypt_sll("secret", "\xe9\xe9"), nullptr);
+}
+
+TEST(Crypt, TheLibcryptoVariantGivesTheSameHashForEverySalt)
+{
+    // Every code in either salt position, code 0 included (a salt cut
+    // short), compared byte for byte with crypt_r, terminator included.
+    int compared = 0;
+    for (const char* key : {"secret", "", "\xe9t\xe9-long-password"}) {
+        for (int code = 0; code < 256; ++code) {
+            const char c = static_cast<char>(code);
+            for (const std::string& salt : {std::string{c, 'x'}, std::string{'x', c}, std::string{c, c}}) {
+                char expected[14];
+                ASSERT_EQ(Crypt::crypt_r(key, salt.c_str(), expected), expected);
+                const char* actual = Crypt::crypt_sll(key, salt.c_str());
+                ASSERT_NE(actual, nullptr) << "code " << code;
+                EXPECT_EQ(std::memcmp(actual, expected, sizeof expected), 0)
+                    << "code " << code << ": " << std::string(actual, 13) << " vs " << std::string(expected, 13);
+                ++compared;
+            }
+        }
+    }
+    EXPECT_EQ(compared, 3 * 256 * 3);
+    // A null salt counts as empty, as for crypt_r.
+    char expected[14];
+    Crypt::crypt_r("secret", "", expected);
+    const char* actual = Crypt::crypt_sll("secret", nullptr);
+    ASSERT_NE(actual, nullptr);
+    EXPECT_EQ(std::memcmp(actual, expected, sizeof expected), 0);
 }
 
 TEST(Crypt, GeneratedSalts)

@@ -65,7 +65,7 @@ TEST_F(LogCommandTest, XmlReemitsAClosedDocumentAndLangTranslates)
     const QString path = store(m_live, QStringLiteral("live.kol"));
     const ToolRun run = runTool({QStringLiteral("log"), QStringLiteral("show"), QStringLiteral("--xml"), path});
     EXPECT_EQ(run.exitCode, 0) << run.err.toStdString();
-    EXPECT_EQ(run.out.toUtf8(), m_live + "</Entries>\n") << "same header, same entries, closed";
+    EXPECT_EQ(run.out.toUtf8(), m_live + "</Entries>") << "same header, same entries, closed";
     QDomDocument document;
     EXPECT_TRUE(document.setContent(run.out));
 

@@ -90,6 +90,15 @@ TEST(LogEntry, TimeAndUserComeFirstAndLookupFindsTheFirstMatch)
     EXPECT_EQ(entry.logValue("Time"), entry.values().at(0));
     EXPECT_EQ(entry.logValue("Nope"), nullptr);
 
+    // Values appended from outside the kind follow the kind's own; null is
+    // not appended.
+    ko::TLogValue<int> extra("Xtra", QStringLiteral("extra"), 5);
+    entry.append(nullptr);
+    entry.append(&extra);
+    ASSERT_EQ(entry.values().size(), 6);
+    EXPECT_EQ(entry.values().at(5), &extra);
+    EXPECT_EQ(entry.logValue("Xtra"), &extra);
+
     // Two values with the same id: the first one answers.
     struct Duplicated : TextEntry
     {
@@ -109,17 +118,32 @@ TEST(LogEntry, DescriptionFillsTheTemplateOrListsTheValues)
     entry.text.value = QStringLiteral("plain");
     EXPECT_EQ(entry.description(), QStringLiteral("Text 'plain', number 7."));
 
-    // Only one value beyond the user: the second placeholder stays.
+    // Only one value beyond the user, "x": what arg() makes of each template.
     struct OneValue : ko::LogEntry
     {
         OneValue() : text("Text", QStringLiteral("text"), QStringLiteral("x")) { append(&text); }
         ko::FourChars type() const override { return "OneV"; }
         ko::LogCategory category() const override { return {}; }
-        QString format() const override { return QStringLiteral("%1 and %2"); }
+        QString format() const override { return templateText; }
         QString title() const override { return QString(); }
         ko::TLogValue<QString> text;
+        QString templateText;
     } oneValue;
-    EXPECT_EQ(oneValue.description(), QStringLiteral("x and %2"));
+    const struct
+    {
+        QString templateText;
+        QString described;
+    } templates[] = {
+        {QStringLiteral("%1 and %2"), QStringLiteral("x and %2")},  // the second placeholder stays
+        {QStringLiteral("%2 and %1"), QStringLiteral("%2 and x")},  // the lowest number is replaced
+        {QStringLiteral("100% %L1"), QStringLiteral("100% x")},
+        {QStringLiteral("no placeholder 100%"), QStringLiteral("no placeholder 100%")},
+        {QStringLiteral("superscript %\u00B2 is a digit to arg()"), QStringLiteral("superscript x is a digit to arg()")},
+    };
+    for (const auto& t : templates) {
+        oneValue.templateText = t.templateText;
+        EXPECT_EQ(oneValue.description(), t.described) << t.templateText.toStdString();
+    }
 
     // No value beyond the user: the template as it is.
     cktest::UnregisteredEntry bare;

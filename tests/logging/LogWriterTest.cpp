@@ -45,7 +45,7 @@ QString timeText(const QDateTime& time)
 TEST(XMLLogWriter, HeaderIsOneLineWithItsAttributesInOrder)
 {
     EXPECT_EQ(writeDocument({}, false), k_header);
-    EXPECT_EQ(writeDocument({}, true), k_header + "</Entries>\n");
+    EXPECT_EQ(writeDocument({}, true), k_header + "</Entries>") << "closed, still one line, no final line feed";
 
     struct Case
     {
@@ -128,14 +128,23 @@ TEST(XMLLogWriter, CharactersXmlCannotCarryBecomeReplacementCharacters)
     const QChar r(QChar::ReplacementCharacter);
     EXPECT_EQ(text, QStringLiteral("bell") + r + QStringLiteral(" nul") + r + QStringLiteral(" lone") + r + r);
 
-    // A value id that cannot be an attribute name is left out.
-    struct BadId : TextEntry
+    // A value id that cannot be an attribute name is left out; one that is an
+    // XML name made of Latin-1 letters beyond ASCII is written.
+    struct Ids : TextEntry
     {
-        BadId() : bad("1 x", QStringLiteral("bad"), QStringLiteral("v")) { append(&bad); }
+        Ids()
+            : bad("1 x", QStringLiteral("bad"), QStringLiteral("v")),
+              accented("\xC4nd\xE9", QStringLiteral("accented"), QStringLiteral("w"))
+        {
+            append(&bad);
+            append(&accented);
+        }
         ko::TLogValue<QString> bad;
-    } badId;
-    const QDomDocument second = parse(writeDocument({&badId}, true));
-    EXPECT_EQ(second.documentElement().firstChildElement().attributes().size(), 2);
+        ko::TLogValue<QString> accented;
+    } ids;
+    const QDomElement element = parse(writeDocument({&ids}, true)).documentElement().firstChildElement();
+    EXPECT_EQ(element.attributes().size(), 3);
+    EXPECT_EQ(element.attribute(QStringLiteral("\u00C4nd\u00E9")), QStringLiteral("w"));
 }
 
 TEST(XMLLogWriter, LiveFilesCanBeAppendedToByAFreshWriterAndThenClosed)
@@ -175,7 +184,7 @@ TEST(XMLLogWriter, WritesToStringStreamsInOrderWithTheStreamsOwnText)
     writer.writeEndDocument();
     stream.flush();
     EXPECT_EQ(text, QStringLiteral("<!-- before -->") + QString::fromUtf8(k_header)
-                        + QStringLiteral("<Entry ID=\"TstE\" Text=\"ü\"/><!-- after --></Entries>\n"));
+                        + QStringLiteral("<Entry ID=\"TstE\" Text=\"ü\"/><!-- after --></Entries>"));
     EXPECT_EQ(writer.getInterface("ko::ILogWriter"), static_cast<ko::ILogWriter*>(&writer));
     EXPECT_EQ(writer.getInterface("ko::Nothing"), nullptr);
 }

@@ -107,6 +107,12 @@ const ArithmeticRow kRows[] = {
     {Op::BitAnd, 3.0, 1.0, kNone, kNothing, true},
     {Op::BitOr, 1, 1ULL, kNone, kNothing, true},
     {Op::BitXor, QStringLiteral("1"), 1, kNone, kNothing, true},
+    {Op::BitAnd, QStringLiteral("3"), QStringLiteral("1"), kNone, kNothing, true},
+    {Op::BitOr, true, false, kNone, kNothing, true},
+    {Op::BitXor, QStringLiteral("3"), 1.0, kNone, kNothing, true},
+    // Non-numbers of one type have no arithmetic either.
+    {Op::Multiply, QStringLiteral("2"), QStringLiteral("3"), kNone, kNothing, false},
+    {Op::Subtract, true, false, kNone, kNothing, false},
 };
 
 TEST(TypeToolArithmetic, ResultsTypesAndOkFlag)

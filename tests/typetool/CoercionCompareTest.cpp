@@ -10,6 +10,13 @@
 
 #include <cmath>
 
+// A registered value type with no conversions of its own.
+struct Opaque
+{
+    int id;
+};
+Q_DECLARE_METATYPE(Opaque)
+
 namespace {
 
 constexpr auto I = QVariant::Int;
@@ -88,9 +95,29 @@ TEST(TypeToolCoercion, NumericPairsForEveryFlagCombination)
 TEST(TypeToolCoercion, NonNumbersHaveNoNumericTypeButMayShareAnother)
 {
     const TypeToolProbe tool(true, true);
-    EXPECT_EQ(tool.coerceNumericTypes(QStringLiteral("1"), 2), X);
-    EXPECT_EQ(tool.coerceNumericTypes(QDate(2020, 1, 1), 2), X);
-    EXPECT_EQ(tool.coerceNumericTypes(QVariant(1.5f), 2.0), X); // float is no number here
+    // The same type, or a Double on either side, decides by the types alone;
+    // every other pair without two numbers has no common numeric type.
+    const struct
+    {
+        QVariant left;
+        QVariant right;
+        QVariant::Type expected;
+    } numericRows[] = {
+        {QStringLiteral("1"), 2, X},
+        {2, QStringLiteral("1"), X},
+        {QDate(2020, 1, 1), 2, X},
+        {QVariant(1.5f), 2, X}, // float is no number here
+        {QStringLiteral("a"), QStringLiteral("b"), QVariant::String},
+        {true, false, QVariant::Bool},
+        {QDate(2020, 1, 1), QDate(2021, 1, 1), QVariant::Date},
+        {QStringLiteral("1"), 2.0, D},
+        {QVariant(1.5f), 2.0, D},
+        {QRect(), 2.0, D},
+    };
+    for (const auto& row : numericRows) {
+        SCOPED_TRACE(::testing::Message() << row.left.typeName() << " with " << row.right.typeName());
+        EXPECT_EQ(tool.coerceNumericTypes(row.left, row.right), row.expected);
+    }
 
     EXPECT_EQ(tool.coerceOtherTypes(QStringLiteral("7"), 7), QVariant::String);
     EXPECT_EQ(tool.coerceOtherTypes(7, QStringLiteral("7")), QVariant::Int);
@@ -217,6 +244,31 @@ TEST(TypeToolEquals, ComparesOrElseLooksOnlyAtConvertibility)
     EXPECT_FALSE(tool.equals(QRect(), 3));
     EXPECT_FALSE(tool.wasOK());
     EXPECT_FALSE(tool.equals(QVariant(), QVariant()));
+    EXPECT_FALSE(tool.wasOK());
+}
+
+TEST(TypeToolEquals, RegisteredTypesBehaveLikeBuiltInOnes)
+{
+    const QVariant one = QVariant::fromValue(Opaque{1});
+    const QVariant two = QVariant::fromValue(Opaque{2});
+    const TypeToolProbe probe(false, false);
+    EXPECT_EQ(static_cast<int>(probe.coerceOtherTypes(one, two)), qMetaTypeId<Opaque>());
+    EXPECT_EQ(probe.coerceOtherTypes(one, 3), X);
+    EXPECT_EQ(probe.coerceOtherTypes(QRect(), one), X);
+
+    // Two values of a registered type that neither compares nor reads as text
+    // are equal, like two rectangles; against anything else there is nothing
+    // in common.
+    kogen::TypeTool tool(false, false);
+    EXPECT_EQ(tool.compare(one, two), 0);
+    EXPECT_FALSE(tool.wasOK());
+    EXPECT_TRUE(tool.equals(one, two));
+    EXPECT_TRUE(tool.wasOK());
+    EXPECT_TRUE(tool.contains({5, two}, one));
+    EXPECT_TRUE(tool.wasOK());
+    EXPECT_FALSE(tool.equals(one, 3));
+    EXPECT_FALSE(tool.wasOK());
+    EXPECT_FALSE(tool.equals(QRect(), one));
     EXPECT_FALSE(tool.wasOK());
 }
 

@@ -79,6 +79,28 @@ TEST(TypeToolDateScale, DatesCastToNumbersAndBack)
     EXPECT_TRUE(sameVariant(kogen::TypeTool::castDate(3723004u, QVariant::Time), QTime(1, 2, 3, 4)));
     EXPECT_TRUE(sameVariant(kogen::TypeTool::castDate(2.5, QVariant::DateTime), utc(1970, 1, 3, 12)));
 
+    // Days become the unsigned count a 64-bit number of the same microseconds
+    // gives, over the whole unsigned range: below zero they wrap like a
+    // qlonglong, above 2^63 they are not cut short.
+    const struct
+    {
+        double days;
+        QVariant sameCount;
+    } dayRows[] = {
+        {-1.0, qlonglong(-kMicrosPerDay)},
+        {-0.5, qlonglong(-kMicrosPerDay / 2)},
+        {120000000.0, Q_UINT64_C(10368000000000000000)}, // 2^63 < count < 2^64
+        {300000000.0, std::numeric_limits<qulonglong>::max()},  // beyond 2^64: the largest count
+    };
+    for (const auto& row : dayRows) {
+        for (QVariant::Type type : {QVariant::Date, QVariant::Time, QVariant::DateTime}) {
+            SCOPED_TRACE(::testing::Message() << row.days << " days as " << QVariant::typeToName(type));
+            const QVariant expected = kogen::TypeTool::castDate(row.sameCount, type);
+            EXPECT_TRUE(expected.isValid());
+            EXPECT_TRUE(sameVariant(kogen::TypeTool::castDate(row.days, type), expected));
+        }
+    }
+
     // Both ways for every date kind and a 64-bit number.
     for (const QVariant& value : {QVariant(moment), QVariant(QDate(2001, 2, 3)), QVariant(QTime(4, 5, 6, 7))}) {
         SCOPED_TRACE(value.toString().toStdString());
