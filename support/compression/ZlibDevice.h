@@ -1,0 +1,66 @@
+#pragma once
+
+#include "support/core/Export.h"
+
+#include <QIODevice>
+
+namespace ko {
+
+// A QIODevice that compresses what is written to it into another device, or
+// decompresses what it reads from another device, as a zlib stream
+// (RFC 1950: header, deflate data, Adler-32 check).
+//
+// Open it ReadOnly (inflate) or WriteOnly (deflate), not both. Opening opens
+// the wrapped device with the same mode when it is not open yet; closing a
+// writer finishes the stream, and closing either kind closes the wrapped
+// device. The device does not own the wrapped device.
+//
+// Memory use is bounded by a few 64 KiB buffers whatever the stream size or
+// compression ratio. A damaged or truncated stream makes read() return -1
+// with the reason in errorString().
+class COMMONKIT_EXPORT ZlibDevice : public QIODevice
+{
+    Q_OBJECT
+public:
+    // Callers use this level to say "store without a compression device";
+    // given to a ZlibDevice it writes stored (uncompressed) deflate blocks.
+    static constexpr int k_noCompression = 0;
+    // zlib's default trade-off (currently level 6).
+    static constexpr int k_defaultCompression = -1;
+    static constexpr int k_bestSpeed = 1;
+    static constexpr int k_bestCompression = 9;
+
+    explicit ZlibDevice(QIODevice* device, int level = k_defaultCompression,
+                        QObject* parent = nullptr);
+    ~ZlibDevice() override;
+
+    QIODevice* device() const { return m_device; }
+    int level() const { return m_level; }
+
+    bool open(OpenMode mode) override;
+    void close() override;
+    bool isSequential() const override { return true; }
+    bool atEnd() const override;
+    qint64 bytesAvailable() const override;
+    bool hasError() const { return m_failed; }
+
+protected:
+    qint64 readData(char* data, qint64 maxSize) override;
+    qint64 writeData(const char* data, qint64 maxSize) override;
+
+private:
+    bool fill() const;
+    bool fillImpl();
+    bool deflateInto(int flush);
+    void fail(const QString& reason);
+    void endStream();
+
+    QIODevice* m_device;
+    int m_level;
+    struct Stream;
+    Stream* m_stream = nullptr;
+    bool m_finished = false;
+    bool m_failed = false;
+};
+
+} // namespace ko

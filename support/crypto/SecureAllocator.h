@@ -1,0 +1,77 @@
+#pragma once
+
+#include "support/core/Export.h"
+
+#include <cstddef>
+#include <limits>
+#include <new>
+#include <string>
+
+namespace ko {
+namespace crypto {
+
+// Overwrites `size` bytes at `data` with zeros in a way the compiler may not
+// optimise away. Use it on every buffer that held key material before the
+// buffer is freed or reused.
+COMMONKIT_EXPORT void zeroOut(void* data, std::size_t size);
+
+// Allocation primitives behind secure_allocator: secureAllocate hands out
+// plain heap memory, secureDeallocate wipes `size` bytes with zeroOut and only
+// then frees them.
+COMMONKIT_EXPORT void* secureAllocate(std::size_t size);
+COMMONKIT_EXPORT void secureDeallocate(void* data, std::size_t size) noexcept;
+
+// Diagnostic hook, called with every block that secure_allocator or
+// locked_string gives back, after the block was wiped and before it is freed
+// (the memory is still valid during the call). Meant for tests that check the
+// wiping; returns the previous hook. Pass nullptr to remove it.
+using ReleaseHook = void (*)(const void* data, std::size_t size);
+COMMONKIT_EXPORT ReleaseHook setReleaseHook(ReleaseHook hook);
+
+// A standard allocator that wipes memory before it frees it, so that keys,
+// digests and signatures do not linger in freed heap blocks.
+template<typename T>
+class secure_allocator
+{
+public:
+    using value_type = T;
+    using size_type = std::size_t;
+    using difference_type = std::ptrdiff_t;
+    using propagate_on_container_move_assignment = std::true_type;
+    using is_always_equal = std::true_type;
+
+    template<typename U>
+    struct rebind { using other = secure_allocator<U>; };
+
+    secure_allocator() noexcept = default;
+    template<typename U>
+    secure_allocator(const secure_allocator<U>&) noexcept {}
+
+    T* allocate(std::size_t n)
+    {
+        if (n > std::numeric_limits<std::size_t>::max() / sizeof(T))
+            throw std::bad_array_new_length();
+        return static_cast<T*>(secureAllocate(n * sizeof(T)));
+    }
+
+    void deallocate(T* p, std::size_t n) noexcept
+    {
+        secureDeallocate(p, n * sizeof(T));
+    }
+
+    template<typename U>
+    bool operator==(const secure_allocator<U>&) const noexcept { return true; }
+    template<typename U>
+    bool operator!=(const secure_allocator<U>&) const noexcept { return false; }
+};
+
+// The string type in which keys, digests and signatures travel. Its heap
+// buffer is wiped when it is released (grown, shrunk or destroyed).
+// Short strings may live inside the string object itself (small string
+// optimisation); wipe those with clear() followed by zeroOut of the object
+// only when the object lives on a stack you care about, or prefer
+// locked_string for long-lived secrets.
+using secure_string = std::basic_string<char, std::char_traits<char>, secure_allocator<char>>;
+
+} // namespace crypto
+} // namespace ko
