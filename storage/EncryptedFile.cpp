@@ -331,12 +331,22 @@ qint64 EncryptedFile::bytesToWrite() const
 
 qint64 EncryptedFile::readData(char* data, qint64 maxSize)
 {
-    return m_top ? m_top->read(data, maxSize) : -1;
+    if (!m_top)
+        return -1;
+    const qint64 n = m_top->read(data, maxSize);
+    if (n < 0)
+        setErrorString(m_top->errorString());
+    return n;
 }
 
 qint64 EncryptedFile::writeData(const char* data, qint64 maxSize)
 {
-    return m_top ? m_top->write(data, maxSize) : -1;
+    if (!m_top)
+        return -1;
+    const qint64 n = m_top->write(data, maxSize);
+    if (n < 0)
+        setErrorString(m_top->errorString());
+    return n;
 }
 
 bool EncryptedFile::is_be()
