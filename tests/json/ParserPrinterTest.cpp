@@ -197,6 +197,7 @@ TEST(JsonParser, ReportsSyntaxErrorsWithLineAndColumn)
         {"1e+", 1, 4},
         {"[\n\n  1,\n  }", 4, 3},
         {"\xc3\xa9", 1, 1},
+        {"[1e400]", 1, 8}, // beyond double: refused, at the end
     };
     for (const auto& row : rows) {
         JsonParser parser;
