@@ -13,7 +13,8 @@ namespace ko {
 // Open it ReadOnly (inflate) or WriteOnly (deflate), not both. Opening opens
 // the wrapped device with the same mode when it is not open yet; closing a
 // writer finishes the stream, and closing either kind closes the wrapped
-// device. The device does not own the wrapped device.
+// device. The device does not own the wrapped device, which must outlive it
+// (destroying an open device closes it).
 //
 // Memory use is bounded by a few 64 KiB buffers whatever the stream size or
 // compression ratio. A damaged or truncated stream makes read() return -1

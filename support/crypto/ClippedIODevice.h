@@ -14,7 +14,8 @@ namespace crypto {
 // Over a random-access device it is random-access too: positions are
 // relative to the starting point and size() is the clipped size. Opening
 // opens the wrapped device read-only when it is not open yet; closing
-// closes it. The device does not own the wrapped device.
+// closes it. The device does not own the wrapped device, which must outlive it
+// (destroying an open device closes it).
 class COMMONKIT_EXPORT ClippedIODevice : public QIODevice
 {
     Q_OBJECT

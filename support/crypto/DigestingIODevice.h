@@ -18,7 +18,8 @@ namespace crypto {
 // bytes in between.
 //
 // Opening opens the wrapped device with the same mode when it is not open
-// yet; closing closes it. The device does not own the wrapped device.
+// yet; closing closes it. The device does not own the wrapped device, which must outlive it
+// (destroying an open device closes it).
 class COMMONKIT_EXPORT DigestingIODevice : public QIODevice, public MessageDigest
 {
     Q_OBJECT

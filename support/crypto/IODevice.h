@@ -69,7 +69,8 @@ private:
 // Open it ReadOnly or WriteOnly (not both). Opening opens the wrapped device
 // with the same mode when that one is not open yet; closing a writer seals
 // the buffered rest as the last chunk, and closing either kind closes the
-// wrapped device. The device does not own the wrapped device.
+// wrapped device. The device does not own the wrapped device, which must outlive it
+// (destroying an open device closes it).
 //
 // A reader checks every chunk before it hands out its bytes. read() returns
 // -1 and errorString() says why when a chunk was tampered with, the key is

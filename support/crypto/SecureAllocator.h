@@ -67,10 +67,10 @@ public:
 
 // The string type in which keys, digests and signatures travel. Its heap
 // buffer is wiped when it is released (grown, shrunk or destroyed).
-// Short strings may live inside the string object itself (small string
-// optimisation); wipe those with clear() followed by zeroOut of the object
-// only when the object lives on a stack you care about, or prefer
-// locked_string for long-lived secrets.
+// Strings short enough for the small-string buffer (15 bytes with
+// libstdc++) live inside the string object and never reach the allocator;
+// wipe such a short secret with zeroOut(&s[0], s.size()) before the object
+// goes away, or keep it in a locked_string.
 using secure_string = std::basic_string<char, std::char_traits<char>, secure_allocator<char>>;
 
 } // namespace crypto

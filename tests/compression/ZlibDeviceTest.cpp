@@ -1,0 +1,241 @@
+#include "resources/Translations.h"
+#include "support/compression/ZlibDevice.h"
+#include "support/crypto/IODevice.h"
+
+#include <gtest/gtest.h>
+
+#include <QBuffer>
+#include <QByteArray>
+#include <QRandomGenerator>
+
+#include <zlib.h>
+
+namespace {
+
+using ko::ZlibDevice;
+
+QByteArray sampleText(int size)
+{
+    // Compressible but not trivial: words from a small vocabulary.
+    static const char* const k_words[] = {"camera ", "event ", "export ", "clip ", "user ", "group ", "\n"};
+    QRandomGenerator random(42);
+    QByteArray text;
+    while (text.size() < size)
+        text += k_words[random.bounded(7)];
+    text.truncate(size);
+    return text;
+}
+
+QByteArray noise(int size)
+{
+    QRandomGenerator random(7);
+    QByteArray data(size, Qt::Uninitialized);
+    for (char& c : data)
+        c = static_cast<char>(random.bounded(256));
+    return data;
+}
+
+QByteArray compressWithDevice(const QByteArray& data, int level, int piece = 8192)
+{
+    QByteArray out;
+    QBuffer buffer(&out);
+    ZlibDevice device(&buffer, level);
+    EXPECT_TRUE(device.open(QIODevice::WriteOnly)) << device.errorString().toStdString();
+    for (int pos = 0; pos < data.size(); pos += piece)
+        EXPECT_EQ(device.write(data.constData() + pos, std::min(piece, data.size() - pos)),
+                  std::min(piece, data.size() - pos));
+    device.close();
+    EXPECT_FALSE(buffer.isOpen());
+    return out;
+}
+
+struct Inflated { bool ok; QByteArray data; QString error; };
+
+Inflated decompressWithDevice(QByteArray compressed, int piece = 5000)
+{
+    QBuffer buffer(&compressed);
+    ZlibDevice device(&buffer);
+    EXPECT_TRUE(device.open(QIODevice::ReadOnly));
+    Inflated result{true, {}, {}};
+    QByteArray block(piece, Qt::Uninitialized);
+    for (;;) {
+        const qint64 n = device.read(block.data(), piece);
+        if (n < 0) {
+            result.ok = false;
+            result.error = device.errorString();
+            break;
+        }
+        if (n == 0)
+            break;
+        result.data.append(block.constData(), static_cast<int>(n));
+    }
+    return result;
+}
+
+QByteArray zlibUncompress(const QByteArray& compressed, int expectedSize)
+{
+    QByteArray out(expectedSize + 1, '\0');
+    uLongf size = static_cast<uLongf>(out.size());
+    const int result = uncompress(reinterpret_cast<Bytef*>(out.data()), &size,
+                                  reinterpret_cast<const Bytef*>(compressed.constData()),
+                                  static_cast<uLong>(compressed.size()));
+    if (result != Z_OK)
+        return QByteArray("uncompress failed");
+    out.resize(static_cast<int>(size));
+    return out;
+}
+
+QByteArray zlibCompress(const QByteArray& data, int level)
+{
+    uLongf size = compressBound(static_cast<uLong>(data.size()));
+    QByteArray out(static_cast<int>(size), '\0');
+    EXPECT_EQ(compress2(reinterpret_cast<Bytef*>(out.data()), &size,
+                        reinterpret_cast<const Bytef*>(data.constData()), static_cast<uLong>(data.size()), level),
+              Z_OK);
+    out.resize(static_cast<int>(size));
+    return out;
+}
+
+TEST(ZlibDevice, RoundTripsAndInteroperatesAtEveryLevel)
+{
+    const QByteArray inputs[] = {QByteArray(), QByteArray("x"), sampleText(300000), noise(200000)};
+    for (int level = -1; level <= 9; ++level) {
+        for (const QByteArray& input : inputs) {
+            SCOPED_TRACE(testing::Message() << "level " << level << ", " << input.size() << " bytes");
+            const QByteArray compressed = compressWithDevice(input, level);
+            ASSERT_GE(compressed.size(), 6) << "header and check value at least";
+            EXPECT_EQ(static_cast<unsigned char>(compressed[0]) & 0x0f, 8) << "deflate method in the header";
+            EXPECT_EQ(((static_cast<unsigned char>(compressed[0]) << 8) | static_cast<unsigned char>(compressed[1])) % 31, 0);
+
+            const Inflated back = decompressWithDevice(compressed);
+            ASSERT_TRUE(back.ok) << back.error.toStdString();
+            EXPECT_TRUE(back.data == input);
+            EXPECT_TRUE(zlibUncompress(compressed, input.size()) == input);
+            // Same level, same library: the same bytes as zlib's one-shot
+            // call (stored blocks follow the write pieces, so not level 0).
+            if (level != ZlibDevice::k_noCompression) {
+                EXPECT_TRUE(compressed == zlibCompress(input, level));
+            }
+
+            const Inflated fromZlib = decompressWithDevice(zlibCompress(input, level), 1 << 20);
+            ASSERT_TRUE(fromZlib.ok);
+            EXPECT_TRUE(fromZlib.data == input);
+        }
+    }
+    const QByteArray text = sampleText(300000);
+    EXPECT_LT(compressWithDevice(text, 9).size(), compressWithDevice(text, 1).size());
+    EXPECT_GT(compressWithDevice(text, ZlibDevice::k_noCompression).size(), text.size());
+    EXPECT_EQ(ZlibDevice::k_noCompression, 0);
+    EXPECT_EQ(ZlibDevice::k_defaultCompression, -1);
+}
+
+TEST(ZlibDevice, DamagedAndTruncatedStreamsFailCleanly)
+{
+    const QByteArray input = sampleText(200000);
+    const QByteArray compressed = compressWithDevice(input, 6);
+
+    Inflated result = decompressWithDevice(QByteArray("this is not zlib data"));
+    EXPECT_FALSE(result.ok);
+    EXPECT_TRUE(result.error.contains(QStringLiteral("damaged"))) << result.error.toStdString();
+
+    QByteArray badCheck = compressed;
+    badCheck[badCheck.size() - 1] = static_cast<char>(badCheck[badCheck.size() - 1] ^ 0xff);
+    result = decompressWithDevice(badCheck);
+    EXPECT_FALSE(result.ok) << "a wrong Adler-32 value";
+    EXPECT_TRUE(result.data.size() <= input.size());
+
+    for (int cut : {0, 1, 2, 100, compressed.size() / 2, compressed.size() - 4, compressed.size() - 1}) {
+        result = decompressWithDevice(compressed.left(cut));
+        EXPECT_FALSE(result.ok) << "cut at " << cut;
+        EXPECT_TRUE(result.error.contains(QStringLiteral("truncated")) || result.error.contains(QStringLiteral("damaged")))
+            << result.error.toStdString();
+        EXPECT_TRUE(input.startsWith(result.data));
+    }
+
+    // Random damage in the middle never crashes and never yields more than
+    // the original length.
+    QRandomGenerator random(3);
+    for (int round = 0; round < 50; ++round) {
+        QByteArray damaged = compressed;
+        for (int i = 0; i < 3; ++i)
+            damaged[random.bounded(2, damaged.size())] = static_cast<char>(random.bounded(256));
+        result = decompressWithDevice(damaged);
+        if (result.ok) {
+            EXPECT_TRUE(result.data == input);
+        } else {
+            EXPECT_FALSE(result.error.isEmpty());
+        }
+    }
+
+    QBuffer buffer;
+    ZlibDevice invalidLevel(&buffer, 10);
+    EXPECT_FALSE(invalidLevel.open(QIODevice::WriteOnly));
+    ZlibDevice both(&buffer);
+    EXPECT_FALSE(both.open(QIODevice::ReadWrite));
+}
+
+TEST(ZlibDevice, HighlyCompressedStreamsAreInflatedInBoundedSteps)
+{
+    // 64 MiB of zeros shrink to about 64 KiB; reading them back must never
+    // hold more than one output buffer.
+    const qint64 total = 64ll * 1024 * 1024;
+    QByteArray compressed;
+    {
+        QBuffer buffer(&compressed);
+        ZlibDevice writer(&buffer, 9);
+        ASSERT_TRUE(writer.open(QIODevice::WriteOnly));
+        const QByteArray zeros(1 << 20, '\0');
+        for (qint64 done = 0; done < total; done += zeros.size())
+            ASSERT_EQ(writer.write(zeros), zeros.size());
+        writer.close();
+    }
+    EXPECT_LT(compressed.size(), 100 * 1024);
+
+    QBuffer buffer(&compressed);
+    ZlibDevice reader(&buffer);
+    ASSERT_TRUE(reader.open(QIODevice::ReadOnly));
+    QByteArray block(1 << 20, Qt::Uninitialized);
+    qint64 inflated = 0;
+    qint64 largestBuffered = 0;
+    bool allZero = true;
+    for (;;) {
+        largestBuffered = std::max(largestBuffered, reader.bytesAvailable());
+        const qint64 n = reader.read(block.data(), 4096 + (inflated % 3) * 70000);
+        ASSERT_GE(n, 0) << reader.errorString().toStdString();
+        if (n == 0)
+            break;
+        allZero = allZero && block.left(static_cast<int>(n)).count('\0') == n;
+        inflated += n;
+    }
+    EXPECT_EQ(inflated, total);
+    EXPECT_TRUE(allZero);
+    EXPECT_LE(largestBuffered, 65536);
+    EXPECT_TRUE(reader.atEnd());
+}
+
+TEST(ZlibDevice, DeviceErrorsAreTranslated)
+{
+    struct Case { const char* language; const char* zlib; const char* cipher; };
+    const Case cases[] = {
+        {"de", "Ungültige Kompressionsstufe 12.", "Der verschlüsselte Datenstrom endet vor seinem letzten Block."},
+        {"fr", "Niveau de compression 12 non valide.", "Le flux chiffré se termine avant son dernier bloc."},
+    };
+    for (const Case& c : cases) {
+        ASSERT_TRUE(ko::installTranslations(QLocale(QString::fromLatin1(c.language))));
+        QBuffer buffer;
+        ZlibDevice zlib(&buffer, 12);
+        EXPECT_FALSE(zlib.open(QIODevice::WriteOnly));
+        EXPECT_EQ(zlib.errorString(), QString::fromUtf8(c.zlib));
+
+        QByteArray cut("\x01short");
+        QBuffer source(&cut);
+        ko::crypto::IODevice cipher(&source, ko::crypto::secure_string("k"));
+        ASSERT_TRUE(cipher.open(QIODevice::ReadOnly));
+        char byte;
+        EXPECT_EQ(cipher.read(&byte, 1), -1);
+        EXPECT_EQ(cipher.errorString(), QString::fromUtf8(c.cipher));
+    }
+    ko::removeTranslations();
+}
+
+} // namespace

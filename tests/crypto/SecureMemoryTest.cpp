@@ -1,0 +1,184 @@
+#include "support/crypto/LockedString.h"
+#include "support/crypto/SecureAllocator.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <vector>
+
+#ifndef _WIN32
+#  include <sys/resource.h>
+#endif
+
+namespace {
+
+using ko::crypto::locked_string;
+using ko::crypto::secure_string;
+
+// What the release hook saw: each block given back, and whether any of its
+// bytes was still non-zero at that moment (the memory is valid during the
+// call, so inspecting it is defined behaviour).
+struct Released { const void* data; std::size_t size; std::size_t nonZero; };
+std::vector<Released>* g_released = nullptr;
+
+void recordRelease(const void* data, std::size_t size)
+{
+    if (!g_released)
+        return;
+    const unsigned char* bytes = static_cast<const unsigned char*>(data);
+    const std::size_t nonZero = static_cast<std::size_t>(
+        std::count_if(bytes, bytes + size, [](unsigned char b) { return b != 0; }));
+    g_released->push_back({data, size, nonZero});
+}
+
+class SecureMemory : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        g_released = &m_released;
+        m_previous = ko::crypto::setReleaseHook(&recordRelease);
+    }
+    void TearDown() override
+    {
+        ko::crypto::setReleaseHook(m_previous);
+        g_released = nullptr;
+    }
+    // The release record of the block at `data`, or null.
+    const Released* find(const void* data) const
+    {
+        for (const Released& r : m_released) {
+            if (r.data == data)
+                return &r;
+        }
+        return nullptr;
+    }
+
+    static std::string keyBytes(std::size_t size)
+    {
+        std::string key(size, '\0');
+        for (std::size_t i = 0; i < size; ++i)
+            key[i] = static_cast<char>(0xA5 ^ (i * 7 + 1));
+        return key;
+    }
+
+    std::vector<Released> m_released;
+    ko::crypto::ReleaseHook m_previous = nullptr;
+};
+
+TEST_F(SecureMemory, SecureStringBlocksAreWipedOnDestructionAndGrowth)
+{
+    const std::string key = keyBytes(200);
+    const void* first = nullptr;
+    const void* second = nullptr;
+    {
+        secure_string secret(key.data(), key.size());
+        first = secret.data();
+        secret.append(keyBytes(5000));
+        second = secret.data();
+        ASSERT_NE(first, second) << "growing past the capacity must move the bytes";
+        const Released* old = find(first);
+        ASSERT_NE(old, nullptr) << "the outgrown block was not released through the allocator";
+        EXPECT_GE(old->size, key.size());
+        EXPECT_EQ(old->nonZero, 0u);
+        EXPECT_EQ(find(second), nullptr);
+    }
+    const Released* last = find(second);
+    ASSERT_NE(last, nullptr);
+    EXPECT_GE(last->size, 5200u);
+    EXPECT_EQ(last->nonZero, 0u);
+
+    // The allocator itself, as containers other than strings use it.
+    {
+        std::vector<int, ko::crypto::secure_allocator<int>> numbers(1000, 0x5A5A5A5A);
+        first = numbers.data();
+    }
+    const Released* vectorBlock = find(first);
+    ASSERT_NE(vectorBlock, nullptr);
+    EXPECT_EQ(vectorBlock->size, 1000 * sizeof(int));
+    EXPECT_EQ(vectorBlock->nonZero, 0u);
+}
+
+TEST_F(SecureMemory, LockedStringIsWipedOnClearGrowthAndDestruction)
+{
+    const std::string key = keyBytes(64);
+    const void* block = nullptr;
+    {
+        locked_string secret(key);
+        block = secret.data();
+        EXPECT_EQ(secret.view(), key);
+        secret.clear();
+        EXPECT_TRUE(secret.empty());
+        EXPECT_STREQ(secret.c_str(), "");
+    }
+    const Released* cleared = find(block);
+    ASSERT_NE(cleared, nullptr);
+    EXPECT_GE(cleared->size, key.size());
+    EXPECT_EQ(cleared->nonZero, 0u);
+
+    m_released.clear();
+    {
+        locked_string secret(key);
+        block = secret.data();
+        const std::string more = keyBytes(10000);
+        secret.append(more);
+        EXPECT_EQ(secret.size(), key.size() + more.size());
+        EXPECT_EQ(secret.view(), key + more);
+        EXPECT_EQ(secret.c_str()[secret.size()], '\0');
+        ASSERT_NE(find(block), nullptr) << "the outgrown block was not released";
+        EXPECT_EQ(find(block)->nonZero, 0u);
+        block = secret.data();
+    }
+    ASSERT_NE(find(block), nullptr);
+    EXPECT_EQ(find(block)->nonZero, 0u);
+}
+
+TEST_F(SecureMemory, LockedStringValueSemantics)
+{
+    locked_string a(std::string_view("correct horse"));
+    locked_string b(a);
+    EXPECT_EQ(a, b);
+    EXPECT_NE(a.data(), b.data());
+    b.append(" battery");
+    EXPECT_EQ(b.view(), "correct horse battery");
+    EXPECT_NE(a, b);
+
+    locked_string c(std::move(b));
+    EXPECT_TRUE(b.empty()); // NOLINT(bugprone-use-after-move): moved-from is specified empty
+    EXPECT_EQ(c.str(), secure_string("correct horse battery"));
+
+    c = a;
+    EXPECT_EQ(c, a);
+    c.assign(c.data() + 8, 5); // from its own bytes
+    EXPECT_EQ(c.view(), "horse");
+    c = locked_string(secure_string("staple"));
+    EXPECT_EQ(c.view(), "staple");
+    c.assign("", 0);
+    EXPECT_TRUE(c.empty());
+    EXPECT_FALSE(c.isLocked());
+
+    const std::string binary("a\0b\0c", 5);
+    locked_string withNul(binary);
+    EXPECT_EQ(withNul.size(), 5u);
+    EXPECT_EQ(withNul.view(), binary);
+
+#ifndef _WIN32
+    // When the process may lock at least a page, a short secret is locked.
+    rlimit limit{};
+    if (getrlimit(RLIMIT_MEMLOCK, &limit) == 0 && limit.rlim_cur >= 1u << 16) {
+        EXPECT_TRUE(a.isLocked());
+    }
+#endif
+}
+
+TEST(ZeroOut, ClearsExactlyTheRange)
+{
+    unsigned char bytes[32];
+    std::fill(std::begin(bytes), std::end(bytes), 0xCC);
+    ko::crypto::zeroOut(bytes + 4, 20);
+    for (int i = 0; i < 32; ++i)
+        EXPECT_EQ(bytes[i], (i >= 4 && i < 24) ? 0 : 0xCC) << i;
+    ko::crypto::zeroOut(nullptr, 10); // tolerated
+}
+
+} // namespace

@@ -1,0 +1,166 @@
+#include "support/compression/ZlibDevice.h"
+#include "support/crypto/ClippedIODevice.h"
+#include "support/crypto/DigestingIODevice.h"
+#include "support/crypto/IODevice.h"
+
+#include <gtest/gtest.h>
+
+#include <QBuffer>
+#include <QByteArray>
+#include <QTemporaryFile>
+
+namespace {
+
+using ko::crypto::ClippedIODevice;
+using ko::crypto::DigestingIODevice;
+using ko::crypto::MessageDigest;
+using ko::crypto::secure_string;
+
+secure_string sha256(const QByteArray& data)
+{
+    return MessageDigest::digest(MessageDigest::SHA256, data.constData(), static_cast<std::size_t>(data.size()));
+}
+
+QByteArray pattern(int size)
+{
+    QByteArray data(size, Qt::Uninitialized);
+    for (int i = 0; i < size; ++i)
+        data[i] = static_cast<char>((i * 131) ^ (i >> 8));
+    return data;
+}
+
+TEST(DigestingIODevice, DigestsAndCountsWhatPasses)
+{
+    const QByteArray payload = pattern(100000);
+    QByteArray target;
+    QBuffer buffer(&target);
+    DigestingIODevice writer(&buffer, MessageDigest::SHA256);
+    ASSERT_TRUE(writer.open(QIODevice::WriteOnly));
+    EXPECT_TRUE(buffer.isOpen());
+    for (int pos = 0; pos < payload.size(); pos += 3333)
+        writer.write(payload.mid(pos, 3333));
+    EXPECT_EQ(writer.count(), 100000u);
+    EXPECT_EQ(writer.pos(), 100000);
+    EXPECT_EQ(writer.digest(), sha256(payload));
+    EXPECT_EQ(&writer.messageDigest(), static_cast<MessageDigest*>(&writer));
+    writer.close();
+    EXPECT_FALSE(buffer.isOpen());
+    EXPECT_TRUE(target == payload);
+
+    // Reading: what the caller reads, then a forward seek reads the rest.
+    QBuffer source(&target);
+    DigestingIODevice reader(&source, MessageDigest::SHA1);
+    ASSERT_TRUE(reader.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(reader.read(1000) == payload.left(1000));
+    EXPECT_EQ(reader.count(), 1000u);
+    EXPECT_EQ(reader.pos(), 1000);
+    EXPECT_FALSE(reader.seek(999)) << "seeking backwards is impossible";
+    EXPECT_TRUE(reader.seek(1000));
+    EXPECT_TRUE(reader.seek(60000));
+    EXPECT_EQ(reader.count(), 60000u);
+    EXPECT_TRUE(reader.read(10) == payload.mid(60000, 10));
+    EXPECT_FALSE(reader.atEnd());
+    EXPECT_FALSE(reader.seek(200000)) << "seeking past the end reads to the end and fails";
+    EXPECT_TRUE(reader.atEnd());
+    EXPECT_EQ(reader.count(), 100000u);
+    EXPECT_EQ(reader.digest(), MessageDigest::digest(MessageDigest::SHA1, payload.constData(), 100000));
+
+    // Bytes fed directly continue the same running digest.
+    reader.update("tail");
+    EXPECT_EQ(reader.digest(), MessageDigest::digest(MessageDigest::SHA1, (payload + "tail").constData(), 100004));
+
+    DigestingIODevice unknown(&source, MessageDigest::Unknown);
+    EXPECT_FALSE(unknown.open(QIODevice::ReadOnly));
+}
+
+TEST(ClippedIODevice, LimitsReadsFromTheStartingPosition)
+{
+    QByteArray data = pattern(5000);
+    QBuffer buffer(&data);
+    ASSERT_TRUE(buffer.open(QIODevice::ReadOnly));
+    ASSERT_TRUE(buffer.seek(100));
+    ClippedIODevice clipped(&buffer);
+    clipped.setMax(1000);
+    ASSERT_TRUE(clipped.open(QIODevice::ReadOnly));
+    EXPECT_FALSE(clipped.isSequential());
+    EXPECT_EQ(clipped.size(), 1000);
+    EXPECT_EQ(clipped.bytesAvailable(), 1000);
+    EXPECT_TRUE(clipped.read(300) == data.mid(100, 300));
+    EXPECT_TRUE(clipped.readAll() == data.mid(400, 700));
+    EXPECT_TRUE(clipped.atEnd());
+    EXPECT_EQ(clipped.read(10).size(), 0);
+    EXPECT_EQ(buffer.pos(), 1100) << "the wrapped device is read no further than the limit";
+
+    ASSERT_TRUE(clipped.seek(990));
+    EXPECT_TRUE(clipped.readAll() == data.mid(1090, 10));
+    EXPECT_FALSE(clipped.seek(1001));
+
+    // A limit beyond the end, no limit, and a limit of zero.
+    clipped.setMax(1 << 20);
+    ASSERT_TRUE(clipped.seek(0));
+    EXPECT_EQ(clipped.size(), 4900);
+    EXPECT_TRUE(clipped.readAll() == data.mid(100));
+    clipped.setMax(-5);
+    EXPECT_EQ(clipped.max(), -1);
+    EXPECT_EQ(clipped.size(), 4900);
+    clipped.setMax(0);
+    ASSERT_TRUE(clipped.seek(0));
+    EXPECT_TRUE(clipped.atEnd());
+    EXPECT_EQ(clipped.readAll().size(), 0);
+    clipped.close();
+    EXPECT_FALSE(buffer.isOpen());
+
+    ClippedIODevice writer(&buffer);
+    EXPECT_FALSE(writer.open(QIODevice::WriteOnly));
+    EXPECT_FALSE(writer.open(QIODevice::ReadWrite));
+}
+
+// The stacking an encrypted, compressed and digested file uses: write
+// through digest -> zlib -> AES -> file, append a trailer, then read back
+// through clip -> AES -> zlib -> digest.
+TEST(StreamDeviceStack, WritesAndReadsAClippedEncryptedCompressedPayload)
+{
+    const QByteArray payload = pattern(400000) + QByteArray(300000, 'z');
+    const QByteArray trailer("{\"trailer\":true}");
+    const secure_string key("stack key");
+    QTemporaryFile file;
+    ASSERT_TRUE(file.open());
+    file.close();
+
+    QFile target(file.fileName());
+    ASSERT_TRUE(target.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered));
+    {
+        ko::crypto::IODevice cipher(&target, key);
+        ko::ZlibDevice zlib(&cipher, ko::ZlibDevice::k_defaultCompression);
+        DigestingIODevice digest(&zlib, MessageDigest::SHA256);
+        ASSERT_TRUE(digest.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
+        for (int pos = 0; pos < payload.size(); pos += 10000)
+            ASSERT_EQ(digest.write(payload.mid(pos, 10000)), std::min(10000, payload.size() - pos));
+        digest.close();
+        EXPECT_FALSE(target.isOpen());
+        EXPECT_EQ(digest.count(), static_cast<std::uint64_t>(payload.size()));
+        EXPECT_EQ(digest.digest(), sha256(payload));
+    }
+    ASSERT_TRUE(target.open(QIODevice::WriteOnly | QIODevice::Append));
+    const qint64 payloadSize = target.pos();
+    EXPECT_LT(payloadSize, payload.size() / 2) << "the payload was compressed";
+    target.write(trailer);
+    target.close();
+
+    QFile source(file.fileName());
+    ASSERT_TRUE(source.open(QIODevice::ReadOnly));
+    ClippedIODevice clip(&source);
+    clip.setMax(payloadSize);
+    ko::crypto::IODevice cipher(&clip, key);
+    ko::ZlibDevice zlib(&cipher, ko::ZlibDevice::k_defaultCompression);
+    DigestingIODevice digest(&zlib, MessageDigest::SHA256);
+    ASSERT_TRUE(digest.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(digest.read(12345) == payload.left(12345));
+    ASSERT_TRUE(digest.seek(payload.size()));
+    EXPECT_TRUE(digest.atEnd());
+    EXPECT_EQ(digest.digest(), sha256(payload));
+    digest.close();
+    EXPECT_FALSE(source.isOpen());
+}
+
+} // namespace
