@@ -1,0 +1,64 @@
+// libFuzzer target: a file of arbitrary bytes opened as a container, its
+// metadata read, its payload read to the end and its signature checked.
+// Nothing may crash, hang or allocate without bound.
+
+#include "storage/EncryptedFile.h"
+#include "support/core/Log.h"
+#include "support/crypto/RSAKeyPair.h"
+
+#include <QFile>
+#include <QTemporaryFile>
+
+#include <cstddef>
+#include <cstdint>
+
+namespace {
+
+struct Fixture
+{
+    Fixture()
+    {
+        ko::Log::instance().setSink([](int, const std::string&) {});
+        file.open();
+        file.close();
+        keyPair.generate(1024);
+    }
+    QTemporaryFile file;
+    ko::crypto::RSAKeyPair keyPair;
+};
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    static Fixture fixture;
+    {
+        QFile out(fixture.file.fileName());
+        if (!out.open(QIODevice::WriteOnly | QIODevice::Truncate))
+            return 0;
+        out.write(reinterpret_cast<const char*>(data), static_cast<qint64>(size));
+    }
+    const QFileInfo info(fixture.file.fileName());
+    ko::EncryptedFile::metaInfo(info);
+
+    // The first byte chooses the key, so both the plain and the encrypted
+    // paths are reached.
+    const ko::crypto::secure_string key = size > 0 && (data[0] & 1) ? "fuzz key" : "";
+    ko::EncryptedFile container;
+    if (!container.open(info, key))
+        return 0;
+    char buffer[4096];
+    qint64 total = 0;
+    for (;;) {
+        const qint64 n = container.read(buffer, sizeof buffer);
+        if (n <= 0)
+            break;
+        total += n;
+        if (total > (qint64(64) << 20))
+            break;
+    }
+    ko::EncryptedFile again;
+    if (again.open(info, key))
+        again.verify(fixture.keyPair);
+    return 0;
+}

@@ -1,0 +1,379 @@
+#include "storage/EncryptedFile.h"
+
+#include "storage/MetadataDigest.h"
+#include "support/core/Log.h"
+#include "support/crypto/ClippedIODevice.h"
+#include "support/crypto/DigestingIODevice.h"
+#include "support/crypto/IODevice.h"
+#include "support/json/JsonParser.h"
+
+#include <QByteArray>
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <ctime>
+#include <stdexcept>
+
+namespace ko {
+namespace {
+
+const char* const k_compression = "compression";
+const char* const k_encrypted = "encrypted";
+const char* const k_digestAlgorithm = "digest-algorithm";
+const char* const k_opened = "opened";
+const char* const k_created = "created";
+const char* const k_signer = "signer";
+const char* const k_contentLength = "content-length";
+const char* const k_encryptedLength = "encrypted-length";
+const char* const k_signature = "signature";
+
+// Set once when the library is loaded.
+const bool s_bigEndian = [] {
+    const std::uint16_t probe = 0x0102;
+    return reinterpret_cast<const unsigned char*>(&probe)[0] == 0x01;
+}();
+
+} // namespace
+
+EncryptedFile::EncryptedFile(QObject* parent) : QFile(parent) {}
+
+EncryptedFile::~EncryptedFile()
+{
+    if (QIODevice::isOpen())
+        QIODevice::close();
+    deleteDevices();
+}
+
+void EncryptedFile::deleteDevices()
+{
+    // Top first: each device may still flush into the one below it.
+    delete m_digesting;
+    delete m_compression;
+    delete m_cipher;
+    delete m_clipping;
+    delete m_file;
+    m_digesting = nullptr;
+    m_compression = nullptr;
+    m_cipher = nullptr;
+    m_clipping = nullptr;
+    m_file = nullptr;
+    m_top = nullptr;
+}
+
+bool EncryptedFile::create(const QFileInfo& file, const crypto::secure_string& key, int compression,
+                           crypto::MessageDigest::Algorithm algorithm)
+{
+    close();
+    deleteDevices();
+    m_metaInfo = json::Object();
+    m_metaInfo.set(k_compression, compression);
+    m_metaInfo.set(k_encrypted, !key.empty());
+    m_metaInfo.set(k_digestAlgorithm, crypto::MessageDigest::algorithmName(algorithm));
+    const std::string now = currentDateTime();
+    m_metaInfo.set(k_opened, now);
+    m_metaInfo.set(k_created, now);
+
+    m_file = new QFile(file.absoluteFilePath(), this);
+    if (!m_file->open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)) {
+        LogLine(Log::Warning, "ko::EncryptedFile::create")
+            << "cannot create " << file.absoluteFilePath() << ": " << m_file->errorString();
+        return false;
+    }
+    QIODevice::open(m_file->openMode());
+    m_top = m_file;
+    if (!key.empty()) {
+        m_cipher = new crypto::IODevice(m_top, key, this);
+        m_top = m_cipher;
+    }
+    if (compression != ZlibDevice::k_noCompression) {
+        m_compression = new ZlibDevice(m_top, compression, this);
+        m_top = m_compression;
+    }
+    m_digesting = new crypto::DigestingIODevice(m_top, algorithm, this);
+    m_top = m_digesting;
+    if (!m_digesting->open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
+        LogLine(Log::Warning, "ko::EncryptedFile::create") << "cannot open the device stack: " << m_digesting->errorString();
+        return false;
+    }
+    return true;
+}
+
+bool EncryptedFile::readTrailer(QFile* file, json::Variant* metaInfo, qint64* payloadLength)
+{
+    const char* tag = "ko::EncryptedFile::open";
+    const qint64 size = file->size();
+    char lengthBytes[8];
+    if (size < 8 || !file->seek(size - 8) || !read_be(file, lengthBytes, 8)) {
+        LogLine(Log::Warning, tag) << file->fileName() << ": the file is too short for a trailer";
+        return false;
+    }
+    std::uint64_t length = 0; // read_be gave the bytes in host order
+    std::memcpy(&length, lengthBytes, sizeof length);
+    if (length > static_cast<std::uint64_t>(size - 8) || length > static_cast<std::uint64_t>(k_maxMetaInfoSize)) {
+        LogLine(Log::Warning, tag) << file->fileName() << ": the trailer claims " << length
+                                   << " bytes of metadata in a file of " << size << " bytes";
+        return false;
+    }
+    const qint64 metaLength = static_cast<qint64>(length);
+    const qint64 payload = size - 8 - metaLength;
+    if (!file->seek(payload)) {
+        LogLine(Log::Warning, tag) << file->fileName() << ": cannot seek to the metadata";
+        return false;
+    }
+    const QByteArray text = file->read(metaLength);
+    json::JsonParser parser;
+    parser.parse(text.constData(), static_cast<std::size_t>(text.size()));
+    json::Variant value = parser.parseComplete();
+    if (text.size() != metaLength || parser.hasError() || !value.isObject()) {
+        LogLine(Log::Warning, tag) << file->fileName() << ": the metadata is not a JSON object"
+                                   << (parser.hasError() ? " (" + parser.lastError() + ")" : std::string());
+        return false;
+    }
+    *metaInfo = std::move(value);
+    *payloadLength = payload;
+    return true;
+}
+
+bool EncryptedFile::open(const QFileInfo& file, const crypto::secure_string& key)
+{
+    const char* tag = "ko::EncryptedFile::open";
+    close();
+    deleteDevices();
+    m_metaInfo = json::Variant();
+    if (!file.exists()) {
+        LogLine(Log::Warning, tag) << file.absoluteFilePath() << " does not exist";
+        return false;
+    }
+    m_file = new QFile(file.absoluteFilePath(), this);
+    if (!m_file->open(QIODevice::ReadOnly)) {
+        LogLine(Log::Warning, tag) << "cannot open " << file.absoluteFilePath() << ": " << m_file->errorString();
+        return false;
+    }
+    qint64 payloadLength = 0;
+    if (!readTrailer(m_file, &m_metaInfo, &payloadLength)) {
+        m_file->close();
+        return false;
+    }
+    const auto algorithm =
+        crypto::MessageDigest::algorithmFromName(m_metaInfo.value(k_digestAlgorithm).toString());
+    if (algorithm == crypto::MessageDigest::Unknown) {
+        LogLine(Log::Warning, tag) << file.absoluteFilePath() << ": unknown digest algorithm";
+        m_file->close();
+        return false;
+    }
+    QIODevice::open(m_file->openMode());
+
+    m_file->seek(0);
+    m_clipping = new crypto::ClippedIODevice(m_file, this);
+    m_clipping->setMax(payloadLength);
+    m_top = m_clipping;
+    if (m_metaInfo.value(k_encrypted).toBool()) {
+        m_cipher = new crypto::IODevice(m_top, key, this);
+        m_top = m_cipher;
+    }
+    const std::int64_t compression = m_metaInfo.value(k_compression).toInt64(ZlibDevice::k_noCompression);
+    if (compression != ZlibDevice::k_noCompression) {
+        m_compression = new ZlibDevice(m_top, static_cast<int>(compression), this);
+        m_top = m_compression;
+    }
+    m_digesting = new crypto::DigestingIODevice(m_top, algorithm, this);
+    m_top = m_digesting;
+    if (!m_digesting->open(QIODevice::ReadOnly)) {
+        LogLine(Log::Warning, tag) << "cannot open the device stack: " << m_digesting->errorString();
+        QIODevice::close();
+        return false;
+    }
+    return true;
+}
+
+void EncryptedFile::close(const crypto::RSAKeyPair& keyPair, const IntrusiveString& signer)
+{
+    const char* tag = "ko::EncryptedFile::close";
+    if (!m_digesting || !m_file || !(QIODevice::openMode() & QIODevice::WriteOnly)) {
+        close();
+        return;
+    }
+    // 1. Flush and close the stack down to the file, then append to it.
+    m_top->close();
+    if (!m_file->open(QIODevice::WriteOnly | QIODevice::Append)) {
+        LogLine(Log::Error, tag) << "cannot reopen " << m_file->fileName() << ": " << m_file->errorString();
+        QIODevice::close();
+        return;
+    }
+    // 2.-4. Metadata about the payload.
+    if (!signer.empty())
+        m_metaInfo.set(k_signer, signer.toStdString());
+    m_metaInfo.set(k_contentLength, static_cast<unsigned long long>(m_digesting->count()));
+    m_metaInfo.set(k_encryptedLength, static_cast<long long>(m_file->pos()));
+    m_metaInfo.remove(k_signature);
+    // 5. The signature covers the plain payload followed by the metadata.
+    if (!keyPair.emptyPrivateKey()) {
+        crypto::digest(m_metaInfo, m_digesting);
+        crypto::secure_string signature = keyPair.sign(m_digesting->digest(), m_digesting->algorithm());
+        if (signature.empty())
+            LogLine(Log::Error, tag) << "signing failed: " << keyPair.lastError();
+        else
+            m_metaInfo.set(k_signature, std::string(signature.data(), signature.size()));
+        crypto::zeroOut(&signature[0], signature.size());
+    }
+    // 6. The trailer.
+    const std::string text = m_metaInfo.toJson();
+    const std::uint64_t length = text.size();
+    char lengthBytes[8];
+    std::memcpy(lengthBytes, &length, sizeof length);
+    if (m_file->write(text.data(), static_cast<qint64>(text.size())) != static_cast<qint64>(text.size())
+        || !write_be(m_file, lengthBytes, 8))
+        LogLine(Log::Error, tag) << "cannot write the trailer of " << m_file->fileName() << ": "
+                                 << m_file->errorString();
+    // 7.
+    QIODevice::close();
+    m_file->close();
+}
+
+bool EncryptedFile::verify(const crypto::RSAKeyPair& keyPair)
+{
+    const char* tag = "ko::EncryptedFile::verify";
+    if (!QIODevice::isOpen() || !m_digesting || !m_digesting->isReadable() || keyPair.emptyPublicKey())
+        return false;
+    const json::Variant signature = m_metaInfo.value(k_signature);
+    if (!signature.isString()) {
+        LogLine(Log::Information, tag) << "the file carries no signature";
+        return false;
+    }
+    bool ok = false;
+    const std::int64_t contentLength = m_metaInfo.value(k_contentLength).toInt64(-1, &ok);
+    if (!ok || contentLength < m_digesting->pos() || !m_digesting->seek(contentLength)) {
+        LogLine(Log::Warning, tag) << "the payload is shorter than recorded or cannot be read";
+        return false;
+    }
+    // Plain bytes beyond the recorded length would not be covered.
+    char extra = 0;
+    if (m_digesting->read(&extra, 1) != 0) {
+        LogLine(Log::Warning, tag) << "the payload is longer than recorded or cannot be read";
+        return false;
+    }
+    json::Variant signed_ = m_metaInfo;
+    signed_.remove(k_signature);
+    crypto::digest(signed_, m_digesting);
+    const std::string text = signature.toString();
+    return keyPair.verify(m_digesting->digest(), crypto::secure_string(text.begin(), text.end()),
+                          m_digesting->algorithm());
+}
+
+json::Variant EncryptedFile::metaInfo(const QFileInfo& file)
+{
+    QFile device(file.absoluteFilePath());
+    if (!device.open(QIODevice::ReadOnly))
+        return json::Variant(false);
+    json::Variant result;
+    qint64 payloadLength = 0;
+    if (!readTrailer(&device, &result, &payloadLength))
+        return json::Variant();
+    return result;
+}
+
+std::string EncryptedFile::currentDateTime()
+{
+    const std::time_t now = std::time(nullptr);
+    std::tm utc{};
+#if defined(_WIN32)
+    const bool converted = gmtime_s(&utc, &now) == 0;
+#else
+    const bool converted = gmtime_r(&now, &utc) != nullptr;
+#endif
+    if (now == static_cast<std::time_t>(-1) || !converted)
+        throw std::runtime_error("could not convert calendar time to UTC time");
+    char text[32];
+    std::strftime(text, sizeof text, "%Y-%m-%dT%H:%M:%S", &utc);
+    return text;
+}
+
+bool EncryptedFile::isSequential() const
+{
+    return true;
+}
+
+bool EncryptedFile::open(OpenMode mode)
+{
+    return m_top ? m_top->open(mode) : false;
+}
+
+void EncryptedFile::close()
+{
+    if (m_top)
+        m_top->close();
+    if (QIODevice::isOpen())
+        QIODevice::close();
+}
+
+// The container itself buffers what it read ahead from the stack, so that
+// count as well.
+bool EncryptedFile::atEnd() const
+{
+    return m_top ? QIODevice::bytesAvailable() == 0 && m_top->atEnd() : false;
+}
+
+bool EncryptedFile::reset()
+{
+    return m_top ? m_top->reset() : false;
+}
+
+qint64 EncryptedFile::bytesAvailable() const
+{
+    return m_top ? QIODevice::bytesAvailable() + m_top->bytesAvailable() : 0;
+}
+
+qint64 EncryptedFile::bytesToWrite() const
+{
+    return m_top ? m_top->bytesToWrite() : 0;
+}
+
+qint64 EncryptedFile::readData(char* data, qint64 maxSize)
+{
+    if (!m_top)
+        return -1;
+    const qint64 n = m_top->read(data, maxSize);
+    if (n < 0)
+        setErrorString(m_top->errorString());
+    return n;
+}
+
+qint64 EncryptedFile::writeData(const char* data, qint64 maxSize)
+{
+    if (!m_top)
+        return -1;
+    const qint64 n = m_top->write(data, maxSize);
+    if (n < 0)
+        setErrorString(m_top->errorString());
+    return n;
+}
+
+bool EncryptedFile::is_be()
+{
+    return s_bigEndian;
+}
+
+void EncryptedFile::swap_bytes(char* first, char* last)
+{
+    std::reverse(first, last);
+}
+
+bool EncryptedFile::read_be(QIODevice* device, char* buffer, int count)
+{
+    if (device->read(buffer, count) != count)
+        return false;
+    if (!is_be())
+        swap_bytes(buffer, buffer + count);
+    return true;
+}
+
+bool EncryptedFile::write_be(QIODevice* device, char* buffer, int count)
+{
+    QByteArray bytes(buffer, count);
+    if (!is_be())
+        swap_bytes(bytes.data(), bytes.data() + count);
+    return device->write(bytes) == count;
+}
+
+} // namespace ko

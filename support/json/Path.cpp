@@ -1,0 +1,167 @@
+#include "support/json/Path.h"
+
+#include "support/json/Variant.h"
+#include "support/json/VariantAccess.h"
+
+namespace json {
+
+Path::Path(const std::string& text, char separator)
+{
+    setPath(text, separator);
+}
+
+void Path::setPath(const std::string& text, char separator)
+{
+    m_segments.clear();
+    std::size_t start = 0;
+    while (start <= text.size()) {
+        std::size_t end = text.find(separator, start);
+        if (end == std::string::npos)
+            end = text.size();
+        if (end > start)
+            m_segments.push_back(text.substr(start, end - start));
+        start = end + 1;
+    }
+}
+
+std::string Path::toString(char separator) const
+{
+    std::string text;
+    for (std::size_t i = 0; i < m_segments.size(); ++i) {
+        if (i > 0)
+            text += separator;
+        text += m_segments[i];
+    }
+    return text;
+}
+
+void Path::removeLast()
+{
+    if (!m_segments.empty())
+        m_segments.pop_back();
+}
+
+Path Path::parent() const
+{
+    Path result(*this);
+    result.removeLast();
+    return result;
+}
+
+bool Path::listIndex(const std::string& segment, std::size_t* index) const
+{
+    // Up to nine digits: enough for k_maxIndex and free of overflow.
+    if (segment.empty() || segment.size() > 9)
+        return false;
+    std::size_t value = 0;
+    for (const char c : segment) {
+        if (c < '0' || c > '9')
+            return false;
+        value = value * 10 + static_cast<std::size_t>(c - '0');
+    }
+    if (value < m_base)
+        return false;
+    if (index)
+        *index = value - m_base;
+    return true;
+}
+
+namespace {
+
+// The child of node that segment names, or null when there is none.
+const Node* child(const Path& path, const Node& node, const std::string& segment)
+{
+    if (node.is_object()) {
+        const auto found = node.find(segment);
+        return found == node.end() ? nullptr : &*found;
+    }
+    std::size_t index = 0;
+    if (node.is_array() && path.listIndex(segment, &index) && index < node.size())
+        return &node[index];
+    return nullptr;
+}
+
+// Whether set() can make a place for segment inside node (which exists).
+bool canEnter(const Path& path, const Node& node, const std::string& segment)
+{
+    if (node.is_null() || node.is_object())
+        return true;
+    std::size_t index = 0;
+    if (!node.is_array() || !path.listIndex(segment, &index) || index > Path::k_maxIndex)
+        return false;
+    return index < node.size() || path.autoArrayIndex();
+}
+
+Node& enter(const Path& path, Node& node, const std::string& segment)
+{
+    std::size_t index = 0;
+    if (node.is_null())
+        node = path.autoArrayIndex() && path.listIndex(segment, &index) ? Node::array() : Node::object();
+    if (node.is_object())
+        return node[segment];
+    path.listIndex(segment, &index);
+    if (index >= node.size())
+        node.get_ref<Node::array_t&>().resize(index + 1);
+    return node[index];
+}
+
+} // namespace
+
+bool Path::locate(const Variant& root, Variant* found) const
+{
+    const Node* node = &VariantAccess::node(root);
+    for (const std::string& segment : m_segments) {
+        node = child(*this, *node, segment);
+        if (!node)
+            return false;
+    }
+    if (found)
+        *found = VariantAccess::alias(root, *node);
+    return true;
+}
+
+Variant Path::value(const Variant& root) const
+{
+    Variant result;
+    locate(root, &result);
+    return result;
+}
+
+bool Path::set(Variant& root, const Variant& value) const
+{
+    // Check along the existing part first, so that a failure changes nothing.
+    const Node* existing = &VariantAccess::node(root);
+    for (const std::string& segment : m_segments) {
+        if (!canEnter(*this, *existing, segment))
+            return false;
+        existing = child(*this, *existing, segment);
+        if (!existing)
+            break; // everything below is created fresh
+    }
+    Node copy = VariantAccess::node(value); // before root changes: value may share it
+    Node* node = &VariantAccess::mutableNode(root);
+    for (const std::string& segment : m_segments)
+        node = &enter(*this, *node, segment);
+    *node = std::move(copy);
+    return true;
+}
+
+bool Path::remove(Variant& root) const
+{
+    if (m_segments.empty() || !locate(root))
+        return false;
+    Node* node = &VariantAccess::mutableNode(root);
+    for (std::size_t i = 0; i + 1 < m_segments.size(); ++i)
+        node = const_cast<Node*>(child(*this, *node, m_segments[i]));
+    const std::string& last = m_segments.back();
+    if (node->is_object()) {
+        node->erase(last);
+    } else {
+        std::size_t index = 0;
+        listIndex(last, &index);
+        node->erase(index);
+    }
+    return true;
+}
+
+} // namespace json

@@ -1,0 +1,476 @@
+#include "support/json/Schema.h"
+
+#include "support/core/Log.h"
+#include "support/json/JsonParser.h"
+#include "support/json/Path.h"
+#include "support/json/VariantAccess.h"
+
+#include <QDir>
+#include <QFile>
+#include <QUrl>
+
+#define VALIJSON_USE_EXCEPTIONS 1
+#include <valijson/adapters/nlohmann_json_adapter.hpp>
+#include <valijson/schema.hpp>
+#include <valijson/schema_parser.hpp>
+#include <valijson/validation_results.hpp>
+#include <valijson/validator.hpp>
+
+#include <map>
+#include <mutex>
+
+namespace json {
+namespace {
+
+const char* const k_tag = "json::Schema::resolve";
+const int k_maxRefHops = 32;
+const qint64 k_maxDocumentSize = 16 << 20;
+
+struct Cache
+{
+    std::mutex mutex;
+    std::map<std::string, Variant> documents;
+    int generated = 0;
+};
+
+Cache& cache()
+{
+    static Cache instance;
+    return instance;
+}
+
+QUrl toUrl(const std::string& text)
+{
+    const QString string = QString::fromStdString(text);
+    if (string.startsWith(QLatin1String(":/")))
+        return QUrl(QStringLiteral("qrc") + string);
+    QUrl url(string);
+    if (url.scheme().isEmpty() && (string.startsWith(QLatin1Char('/')) || QDir::isAbsolutePath(string)))
+        return QUrl::fromLocalFile(string);
+    return url;
+}
+
+std::string withoutFragment(const std::string& url)
+{
+    const std::size_t hash = url.find('#');
+    return hash == std::string::npos ? url : url.substr(0, hash);
+}
+
+std::string fragmentOf(const std::string& url)
+{
+    const std::size_t hash = url.find('#');
+    return hash == std::string::npos ? std::string() : QUrl::fromPercentEncoding(QByteArray::fromStdString(url.substr(hash + 1))).toStdString();
+}
+
+// Loads (or finds) the document at an absolute URL without fragment.
+bool document(const std::string& url, Variant* result)
+{
+    {
+        std::lock_guard<std::mutex> lock(cache().mutex);
+        const auto found = cache().documents.find(url);
+        if (found != cache().documents.end()) {
+            *result = found->second;
+            return true;
+        }
+    }
+    const QUrl location(QString::fromStdString(url));
+    QString path;
+    if (location.scheme() == QLatin1String("file"))
+        path = location.toLocalFile();
+    else if (location.scheme() == QLatin1String("qrc"))
+        path = QLatin1Char(':') + location.path();
+    if (path.isEmpty()) {
+        ko::LogLine(ko::Log::Warning, k_tag) << "no schema registered under " << url;
+        return false;
+    }
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        ko::LogLine(ko::Log::Warning, k_tag) << "cannot read " << url << ": " << file.errorString();
+        return false;
+    }
+    const QByteArray text = file.read(k_maxDocumentSize + 1);
+    JsonParser parser;
+    parser.parse(text.constData(), static_cast<std::size_t>(text.size()));
+    Variant parsed = parser.parseComplete();
+    if (text.size() > k_maxDocumentSize || parser.hasError() || !(parsed.isObject() || parsed.isBoolean())) {
+        ko::LogLine(ko::Log::Warning, k_tag) << url << " is not a JSON schema"
+                                             << (parser.hasError() ? ": " + parser.lastError() : std::string());
+        return false;
+    }
+    std::lock_guard<std::mutex> lock(cache().mutex);
+    cache().documents[url] = parsed;
+    *result = parsed;
+    return true;
+}
+
+std::string escapePointerSegment(const std::string& segment)
+{
+    std::string result;
+    for (const char c : segment) {
+        if (c == '~')
+            result += "~0";
+        else if (c == '/')
+            result += "~1";
+        else
+            result += c;
+    }
+    return result;
+}
+
+// Walks a JSON pointer ("" or "/a/0/b").
+bool walkPointer(const Variant& root, const std::string& pointer, Variant* result)
+{
+    Variant node = root;
+    std::size_t start = 1;
+    while (start <= pointer.size() && !pointer.empty()) {
+        std::size_t end = pointer.find('/', start);
+        if (end == std::string::npos)
+            end = pointer.size();
+        std::string segment;
+        for (std::size_t i = start; i < end; ++i) {
+            if (pointer[i] == '~' && i + 1 < end) {
+                segment += pointer[i + 1] == '1' ? '/' : '~';
+                ++i;
+            } else {
+                segment += pointer[i];
+            }
+        }
+        if (node.isObject()) {
+            if (!node.contains(segment))
+                return false;
+            node = node.value(segment);
+        } else if (node.isList()) {
+            std::size_t index = 0;
+            if (!Path().listIndex(segment, &index) || index >= node.size())
+                return false;
+            node = node.at(index);
+        } else {
+            return false;
+        }
+        start = end + 1;
+    }
+    *result = node;
+    return true;
+}
+
+// The pointer of the sub-schema declaring "$id": "#name" (or "...#name").
+bool findAnchor(const Variant& node, const std::string& name, const std::string& pointer, int depth, std::string* found)
+{
+    if (depth > 64 || !node.isComposite())
+        return false;
+    if (node.isObject()) {
+        const std::string id = node.value("$id").toString();
+        const std::size_t hash = id.find('#');
+        if (hash != std::string::npos && id.substr(hash + 1) == name) {
+            *found = pointer;
+            return true;
+        }
+    }
+    for (VariantIterator it(node); !it.atEnd(); it.next()) {
+        const std::string segment = node.isObject() ? escapePointerSegment(it.key()) : std::to_string(it.index());
+        if (findAnchor(it.value(), name, pointer + "/" + segment, depth + 1, found))
+            return true;
+    }
+    return false;
+}
+
+// The JSON pointer a fragment stands for.
+bool fragmentPointer(const Variant& root, const std::string& fragment, std::string* pointer)
+{
+    if (fragment.empty() || fragment[0] == '/') {
+        *pointer = fragment;
+        return true;
+    }
+    return findAnchor(root, fragment, std::string(), 0, pointer);
+}
+
+// The schema document as plain nlohmann::json for valijson, with every
+// "$ref" made absolute and turned into a JSON pointer, and "$id"s dropped, so
+// that valijson needs no anchor or scope handling of its own.
+nlohmann::json forValidation(const Node& node, const std::string& url, int depth = 0)
+{
+    if (depth > 512)
+        return nlohmann::json();
+    switch (node.type()) {
+    case Node::value_t::object: {
+        nlohmann::json result = nlohmann::json::object();
+        for (const auto& member : node.get_ref<const Node::object_t&>()) {
+            if (member.first == "$id" && member.second.is_string())
+                continue;
+            if (member.first == "$ref" && member.second.is_string()) {
+                const std::string absolute = Schema::resolveUrl(member.second.get<std::string>(), url);
+                const std::string target = withoutFragment(absolute);
+                std::string pointer = fragmentOf(absolute);
+                Variant targetDocument;
+                if (!pointer.empty() && pointer[0] != '/' && document(target, &targetDocument))
+                    fragmentPointer(targetDocument, fragmentOf(absolute), &pointer);
+                // A chain of references that never reaches a schema would
+                // send the validator into endless recursion.
+                const Schema::Ptr reached = Schema::resolve(absolute);
+                if (reached && !reached->target())
+                    throw std::runtime_error("\"$ref\": \"" + absolute + "\" leads in a circle");
+                result["$ref"] = target + "#" + pointer;
+                continue;
+            }
+            result[member.first] = forValidation(member.second, url, depth + 1);
+        }
+        return result;
+    }
+    case Node::value_t::array: {
+        nlohmann::json result = nlohmann::json::array();
+        for (const Node& element : node.get_ref<const Node::array_t&>())
+            result.push_back(forValidation(element, url, depth + 1));
+        return result;
+    }
+    case Node::value_t::boolean:
+        return node.get<bool>();
+    case Node::value_t::number_integer:
+        return node.get<std::int64_t>();
+    case Node::value_t::number_unsigned:
+        return node.get<std::uint64_t>();
+    case Node::value_t::number_float:
+        return node.get<double>();
+    case Node::value_t::string:
+        return node.get<std::string>();
+    default:
+        return nlohmann::json();
+    }
+}
+
+// A value as plain nlohmann::json (no "$ref" rewriting).
+nlohmann::json plainValue(const Node& node)
+{
+    nlohmann::json result;
+    switch (node.type()) {
+    case Node::value_t::object:
+        result = nlohmann::json::object();
+        for (const auto& member : node.get_ref<const Node::object_t&>())
+            result[member.first] = plainValue(member.second);
+        return result;
+    case Node::value_t::array:
+        result = nlohmann::json::array();
+        for (const Node& element : node.get_ref<const Node::array_t&>())
+            result.push_back(plainValue(element));
+        return result;
+    case Node::value_t::boolean:
+        return node.get<bool>();
+    case Node::value_t::number_integer:
+        return node.get<std::int64_t>();
+    case Node::value_t::number_unsigned:
+        return node.get<std::uint64_t>();
+    case Node::value_t::number_float:
+        return node.get<double>();
+    case Node::value_t::string:
+        return node.get<std::string>();
+    default:
+        return result;
+    }
+}
+
+} // namespace
+
+Schema::Schema(std::string url, std::string pointer, Variant root, Variant node)
+    : m_url(std::move(url)), m_pointer(std::move(pointer)), m_root(std::move(root)), m_node(std::move(node))
+{
+}
+
+void intrusive_ptr_add_ref(const Schema* schema)
+{
+    schema->m_references.fetch_add(1, std::memory_order_relaxed);
+}
+
+void intrusive_ptr_release(const Schema* schema)
+{
+    if (schema->m_references.fetch_sub(1, std::memory_order_acq_rel) == 1)
+        delete schema;
+}
+
+std::string Schema::resolveUrl(const std::string& url, const std::string& base)
+{
+    const QUrl relative = toUrl(url);
+    if (base.empty() || !relative.scheme().isEmpty())
+        return relative.toString().toStdString();
+    return toUrl(base).resolved(relative).toString().toStdString();
+}
+
+Schema::Ptr Schema::resolve(const std::string& url, const std::string& base)
+{
+    const std::string absolute = resolveUrl(url, base);
+    const std::string documentUrl = withoutFragment(absolute);
+    Variant root;
+    if (!document(documentUrl, &root))
+        return Ptr();
+    std::string pointer;
+    Variant node;
+    if (!fragmentPointer(root, fragmentOf(absolute), &pointer) || !walkPointer(root, pointer, &node)) {
+        ko::LogLine(ko::Log::Warning, k_tag) << absolute << " names no part of its document";
+        return Ptr();
+    }
+    return Ptr(new Schema(documentUrl, pointer, root, node));
+}
+
+void Schema::registerSchema(const std::string& url, const Variant& document)
+{
+    std::lock_guard<std::mutex> lock(cache().mutex);
+    cache().documents[withoutFragment(resolveUrl(url, std::string()))] = document;
+}
+
+Schema::Ptr Schema::fromVariant(const Variant& document, const std::string& url)
+{
+    std::string name = url;
+    if (name.empty()) {
+        std::lock_guard<std::mutex> lock(cache().mutex);
+        name = "urn:commonkit:schema:" + std::to_string(++cache().generated);
+    }
+    registerSchema(name, document);
+    return resolve(withoutFragment(resolveUrl(name, std::string())));
+}
+
+bool Schema::validate(const Variant& value, std::string* error) const
+{
+    try {
+        const nlohmann::json rootDocument = m_pointer.empty()
+            ? forValidation(VariantAccess::node(m_root), m_url)
+            : nlohmann::json{{"$ref", m_url + "#" + m_pointer}};
+        std::map<std::string, nlohmann::json> fetched;
+        const auto fetch = [this](const std::string& uri) -> const nlohmann::json* {
+            Variant fetchedDocument;
+            const std::string target = resolveUrl(uri, m_url);
+            if (!document(withoutFragment(target), &fetchedDocument))
+                return nullptr;
+            return new nlohmann::json(forValidation(VariantAccess::node(fetchedDocument), withoutFragment(target)));
+        };
+        const auto release = [](const nlohmann::json* document) { delete document; };
+        valijson::Schema schema;
+        valijson::SchemaParser parser(valijson::SchemaParser::kDraft7);
+        const valijson::adapters::NlohmannJsonAdapter schemaAdapter(rootDocument);
+        parser.populateSchema(schemaAdapter, schema, fetch, release);
+
+        const nlohmann::json target = plainValue(VariantAccess::node(value));
+        const valijson::adapters::NlohmannJsonAdapter targetAdapter(target);
+        valijson::Validator validator;
+        valijson::ValidationResults results;
+        const bool valid = validator.validate(schema, targetAdapter, error ? &results : nullptr);
+        if (!valid && error) {
+            error->clear();
+            valijson::ValidationResults::Error failure;
+            while (results.popError(failure)) {
+                std::string context;
+                for (const std::string& part : failure.context)
+                    context += part;
+                *error += context + ": " + failure.description + "\n";
+            }
+        }
+        return valid;
+    } catch (const std::exception& e) {
+        if (error)
+            *error = std::string("the schema cannot be used: ") + e.what();
+        ko::LogLine(ko::Log::Warning, "json::Schema::validate") << m_url << ": " << e.what();
+        return false;
+    }
+}
+
+Schema::Ptr Schema::child(const std::string& segment, const Variant& node) const
+{
+    return Ptr(new Schema(m_url, m_pointer + "/" + segment, m_root, node))->target();
+}
+
+Schema::Ptr Schema::target() const
+{
+    Ptr current(const_cast<Schema*>(this));
+    for (int hop = 0; hop < k_maxRefHops; ++hop) {
+        const std::string reference = current->ref();
+        if (reference.empty())
+            return current;
+        Ptr next = resolve(reference);
+        if (!next)
+            return Ptr();
+        current = next;
+    }
+    ko::LogLine(ko::Log::Warning, k_tag) << m_url << "#" << m_pointer << ": too many \"$ref\" steps";
+    return Ptr();
+}
+
+std::string Schema::ref() const
+{
+    const Variant reference = m_node.value("$ref");
+    return reference.isString() ? resolveUrl(reference.toString(), m_url) : std::string();
+}
+
+Schema::Ptr Schema::member(const std::string& key) const
+{
+    const Ptr self = target();
+    if (!self)
+        return Ptr();
+    const Variant properties = self->m_node.value("properties");
+    if (properties.contains(key))
+        return self->child("properties/" + escapePointerSegment(key), properties.value(key));
+    const Variant additional = self->m_node.value("additionalProperties");
+    if (additional.isObject())
+        return self->child("additionalProperties", additional);
+    return Ptr();
+}
+
+Schema::Ptr Schema::items() const
+{
+    const Ptr self = target();
+    if (!self)
+        return Ptr();
+    const Variant items = self->m_node.value("items");
+    return items.isObject() ? self->child("items", items) : Ptr();
+}
+
+std::string Schema::type() const
+{
+    const Ptr self = target();
+    return self ? self->m_node.value("type").toString() : std::string();
+}
+
+bool Schema::isStringList() const
+{
+    const Ptr elements = type() == "array" ? items() : Ptr();
+    return elements && elements->type() == "string";
+}
+
+bool Schema::isFlatList() const
+{
+    const Ptr elements = type() == "array" ? items() : Ptr();
+    if (!elements)
+        return false;
+    const std::string elementType = elements->type();
+    return elementType == "string" || elementType == "number" || elementType == "integer" || elementType == "boolean";
+}
+
+bool Schema::hasFormat(const char* format) const
+{
+    const Ptr self = target();
+    return self && self->type() == "string" && self->m_node.value("format").toString() == format;
+}
+
+bool Schema::isDate() const
+{
+    return hasFormat("date");
+}
+
+bool Schema::isTime() const
+{
+    return hasFormat("time");
+}
+
+bool Schema::isDateTime() const
+{
+    return hasFormat("date-time");
+}
+
+bool Schema::isUuid() const
+{
+    return hasFormat("uuid");
+}
+
+bool Schema::isBinary() const
+{
+    const Ptr self = target();
+    return self && self->type() == "string" && self->m_node.value("contentEncoding").toString() == "base64";
+}
+
+} // namespace json

@@ -1,0 +1,96 @@
+#pragma once
+
+#include "support/core/Export.h"
+#include "support/json/Variant.h"
+
+#include <boost/intrusive_ptr.hpp>
+
+#include <atomic>
+#include <string>
+
+namespace json {
+
+// A JSON Schema (draft 7) or a part of one.
+//
+// Schema documents come from resolve(), which loads "file:" URLs, "qrc:"
+// URLs (Qt resources; ":/path" works too) and documents registered in memory
+// with registerSchema(), and caches every document it loaded. A Schema
+// object is one node of such a document: the root, or a sub-schema reached
+// with member(), items() or a "$ref".
+//
+// Besides validation (by valijson) a node answers the questions a converter
+// asks about a value: whether it is a list of strings, a flat list, a date,
+// time, date-time or uuid string ("format"), binary data
+// ("contentEncoding": "base64"), and which "$ref" URI it names.
+class COMMONKIT_EXPORT Schema
+{
+public:
+    using Ptr = boost::intrusive_ptr<Schema>;
+
+    // The schema in the document at url (a fragment selects a part: a JSON
+    // pointer "#/definitions/x" or a plain name "#x" declared by "$id"),
+    // resolved against base. Null when the document cannot be loaded or
+    // parsed, or the fragment names nothing (the reason is logged).
+    static Ptr resolve(const std::string& url, const std::string& base = std::string());
+    // Makes a document available under url (without fragment), replacing
+    // a cached one.
+    static void registerSchema(const std::string& url, const Variant& document);
+    // A schema made from a value; it is registered under url when one is
+    // given, and under a generated "urn:" name otherwise.
+    static Ptr fromVariant(const Variant& document, const std::string& url = std::string());
+    // url resolved against base, as RFC 3986 says.
+    static std::string resolveUrl(const std::string& url, const std::string& base);
+
+    // The document's URL and the JSON pointer of this node in it ("" for the
+    // root).
+    const std::string& documentUrl() const { return m_url; }
+    const std::string& pointer() const { return m_pointer; }
+    // This node's schema object (or boolean schema).
+    const Variant& value() const { return m_node; }
+
+    // Validates value against this node. On failure, *error lists the
+    // reasons, one per line.
+    bool validate(const Variant& value, std::string* error = nullptr) const;
+
+    // The sub-schema of object member `key` ("properties", else an
+    // "additionalProperties" schema) and of list elements ("items" as one
+    // schema); "$ref"s are followed. Null when the schema says nothing.
+    Ptr member(const std::string& key) const;
+    Ptr items() const;
+    // This node with its "$ref" followed (repeatedly); itself without one.
+    Ptr target() const;
+    // The absolute URI of this node's "$ref", empty without one.
+    std::string ref() const;
+
+    // "type" when it is one name, else empty.
+    std::string type() const;
+    bool isStringList() const; // {"type":"array","items":{"type":"string"}}
+    bool isFlatList() const;   // an array whose items are strings, numbers, integers or booleans
+    bool isDate() const;       // {"type":"string","format":"date"}
+    bool isTime() const;       // ... "time"
+    bool isDateTime() const;   // ... "date-time"
+    bool isUuid() const;       // ... "uuid"
+    bool isBinary() const;     // {"type":"string","contentEncoding":"base64"}
+
+    Schema(const Schema&) = delete;
+    Schema& operator=(const Schema&) = delete;
+
+private:
+    Schema(std::string url, std::string pointer, Variant root, Variant node);
+    Ptr child(const std::string& segment, const Variant& node) const;
+    bool hasFormat(const char* format) const;
+
+    friend COMMONKIT_EXPORT void intrusive_ptr_add_ref(const Schema* schema);
+    friend COMMONKIT_EXPORT void intrusive_ptr_release(const Schema* schema);
+
+    std::string m_url;
+    std::string m_pointer;
+    Variant m_root;
+    Variant m_node;
+    mutable std::atomic<int> m_references{0};
+};
+
+COMMONKIT_EXPORT void intrusive_ptr_add_ref(const Schema* schema);
+COMMONKIT_EXPORT void intrusive_ptr_release(const Schema* schema);
+
+} // namespace json

@@ -1,0 +1,526 @@
+// ko::EncryptedFile: round trips, file layout, signatures, tampering and
+// hostile trailers.
+
+#include "storage/EncryptedFile.h"
+#include "storage/MetadataDigest.h"
+#include "support/crypto/IODevice.h"
+#include "support/json/JsonParser.h"
+#include "support/json/JsonPrinter.h"
+
+#include <gtest/gtest.h>
+
+#include <QBuffer>
+#include <QDateTime>
+#include <QProcess>
+#include <QRandomGenerator>
+#include <QRegularExpression>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+
+#include <cstring>
+
+namespace {
+
+using ko::EncryptedFile;
+using ko::crypto::MessageDigest;
+using ko::crypto::RSAKeyPair;
+using ko::crypto::secure_string;
+
+QByteArray payloadOfSize(int size)
+{
+    // Half random, half repetitive, so that compression has work to do.
+    QByteArray data(size, Qt::Uninitialized);
+    QRandomGenerator random(static_cast<quint32>(size) + 7);
+    for (int i = 0; i < size; ++i)
+        data[i] = static_cast<char>((i / 4096) % 2 ? random.generate() : i % 251);
+    return data;
+}
+
+QByteArray readFile(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void writeFile(const QString& path, const QByteArray& data)
+{
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    ASSERT_EQ(file.write(data), data.size());
+}
+
+QByteArray bigEndian64(quint64 value)
+{
+    QByteArray bytes(8, '\0');
+    for (int i = 7; i >= 0; --i, value >>= 8)
+        bytes[i] = static_cast<char>(value & 0xFF);
+    return bytes;
+}
+
+// Reads everything; false when a read fails.
+bool readAllOf(EncryptedFile& file, QByteArray* data, int piece = 70000)
+{
+    data->clear();
+    QByteArray buffer(piece, '\0');
+    for (;;) {
+        const qint64 n = file.read(buffer.data(), piece);
+        if (n < 0)
+            return false;
+        if (n == 0)
+            return true;
+        data->append(buffer.constData(), static_cast<int>(n));
+    }
+}
+
+class EncryptedFileTest : public ::testing::Test
+{
+protected:
+    static void SetUpTestSuite()
+    {
+        s_signing = new RSAKeyPair;
+        ASSERT_TRUE(s_signing->generate(2048));
+        s_checking = new RSAKeyPair;
+        const std::string pem = s_signing->publicKeyPem();
+        ASSERT_TRUE(s_checking->loadPem(secure_string(pem.begin(), pem.end())));
+        s_other = new RSAKeyPair;
+        ASSERT_TRUE(s_other->generate(2048));
+    }
+    static void TearDownTestSuite()
+    {
+        delete s_signing;
+        delete s_checking;
+        delete s_other;
+    }
+
+    QString path(const QString& name) const { return m_dir.filePath(name); }
+
+    bool seal(const QString& file, const QByteArray& payload, const secure_string& key, int compression,
+              const RSAKeyPair& keyPair, const char* signer = "tester",
+              MessageDigest::Algorithm algorithm = MessageDigest::SHA256)
+    {
+        EncryptedFile out;
+        if (!out.create(QFileInfo(file), key, compression, algorithm))
+            return false;
+        // Written in uneven pieces.
+        for (int at = 0; at < payload.size(); at += 40000)
+            if (out.write(payload.constData() + at, std::min(40000, payload.size() - at)) < 0)
+                return false;
+        out.close(keyPair, signer);
+        return true;
+    }
+
+    static RSAKeyPair* s_signing;
+    static RSAKeyPair* s_checking;
+    static RSAKeyPair* s_other;
+    QTemporaryDir m_dir;
+};
+
+RSAKeyPair* EncryptedFileTest::s_signing = nullptr;
+RSAKeyPair* EncryptedFileTest::s_checking = nullptr;
+RSAKeyPair* EncryptedFileTest::s_other = nullptr;
+
+TEST_F(EncryptedFileTest, EveryCombinationRoundTrips)
+{
+    const secure_string noKey;
+    const secure_string key("correct horse battery staple");
+    const RSAKeyPair noSigner;
+    const int sizes[] = {0, 1, ko::crypto::aes_context::k_chunkSize, 3 * 1024 * 1024 + 17};
+    int round = 0;
+    for (const secure_string* k : {&noKey, &key}) {
+        for (const int compression : {ko::ZlibDevice::k_noCompression, ko::ZlibDevice::k_defaultCompression, 9}) {
+            for (const bool sign : {false, true}) {
+                for (const int size : sizes) {
+                    const std::string label = "key " + std::to_string(!k->empty()) + " compression "
+                        + std::to_string(compression) + " signed " + std::to_string(sign) + " size "
+                        + std::to_string(size);
+                    SCOPED_TRACE(label);
+                    const QString file = path(QStringLiteral("round%1").arg(round++));
+                    const QByteArray payload = payloadOfSize(size);
+                    ASSERT_TRUE(seal(file, payload, *k, compression, sign ? *s_signing : noSigner));
+
+                    EncryptedFile in;
+                    ASSERT_TRUE(in.open(QFileInfo(file), *k));
+                    const json::Variant meta = in.metaInfo();
+                    std::vector<std::string> keys = {"compression", "encrypted", "digest-algorithm", "opened",
+                                                     "created", "signer", "content-length", "encrypted-length"};
+                    if (sign)
+                        keys.push_back("signature");
+                    EXPECT_EQ(meta.keys(), keys);
+                    EXPECT_EQ(meta.value("compression").toInt64(-99), compression);
+                    EXPECT_EQ(meta.value("encrypted").toBool(), !k->empty());
+                    EXPECT_EQ(meta.value("digest-algorithm").toString(), "SHA256");
+                    EXPECT_EQ(meta.value("opened"), meta.value("created"));
+                    EXPECT_EQ(meta.value("content-length").toInt64(), size);
+                    const QByteArray trailer = meta.toJson().c_str();
+                    EXPECT_EQ(meta.value("encrypted-length").toInt64(),
+                              QFileInfo(file).size() - trailer.size() - 8);
+                    EXPECT_EQ(EncryptedFile::metaInfo(QFileInfo(file)), meta);
+
+                    // Half the signed cases verify before reading, the others after.
+                    const bool verifyFirst = sign && size % 2 == 0;
+                    if (verifyFirst) {
+                        EXPECT_TRUE(in.verify(*s_checking));
+                    }
+                    QByteArray data;
+                    if (!verifyFirst) {
+                        ASSERT_TRUE(readAllOf(in, &data, size % 3 == 0 ? 4096 : 70001));
+                        EXPECT_TRUE(data == payload) << "read back " << data.size() << " bytes";
+                        EXPECT_TRUE(in.atEnd());
+                        EXPECT_EQ(in.verify(*s_checking), sign);
+                    }
+                    in.close();
+                    EXPECT_FALSE(in.isOpen());
+                }
+            }
+        }
+    }
+}
+
+TEST_F(EncryptedFileTest, PlainFileIsPayloadThenJsonThenLength)
+{
+    const QString file = path(QStringLiteral("plain"));
+    const QByteArray payload("hello, container");
+    ASSERT_TRUE(seal(file, payload, secure_string(), ko::ZlibDevice::k_noCompression, RSAKeyPair(), ""));
+    const QByteArray bytes = readFile(file);
+    ASSERT_TRUE(bytes.startsWith(payload));
+    const QByteArray json = bytes.mid(payload.size(), bytes.size() - payload.size() - 8);
+    EXPECT_EQ(bytes.right(8), bigEndian64(static_cast<quint64>(json.size())));
+
+    json::JsonParser parser;
+    ASSERT_TRUE(parser.parse(json.constData(), static_cast<std::size_t>(json.size())));
+    const json::Variant meta = parser.parseComplete();
+    EXPECT_EQ(meta.keys(), (std::vector<std::string>{"compression", "encrypted", "digest-algorithm", "opened",
+                                                     "created", "content-length", "encrypted-length"}));
+    EXPECT_FALSE(meta.value("encrypted").toBool(true));
+    EXPECT_EQ(meta.value("content-length").toInt64(), payload.size());
+    EXPECT_EQ(meta.value("encrypted-length").toInt64(), payload.size());
+    EXPECT_EQ(meta.value("compression").toInt64(-1), 0);
+
+    // Without a signature there is nothing to verify.
+    EncryptedFile in;
+    ASSERT_TRUE(in.open(QFileInfo(file), secure_string()));
+    EXPECT_FALSE(in.verify(*s_checking));
+    EXPECT_FALSE(EncryptedFile().verify(*s_checking)); // not open
+
+    // An empty payload leaves only the trailer.
+    const QString empty = path(QStringLiteral("empty"));
+    ASSERT_TRUE(seal(empty, QByteArray(), secure_string(), ko::ZlibDevice::k_noCompression, RSAKeyPair(), ""));
+    const QByteArray emptyBytes = readFile(empty);
+    EXPECT_EQ(emptyBytes.size(), static_cast<int>(EncryptedFile::metaInfo(QFileInfo(empty)).toJson().size()) + 8);
+}
+
+TEST_F(EncryptedFileTest, TimestampsAreUtcSeconds)
+{
+    const QDateTime before = QDateTime::currentDateTimeUtc().addSecs(-1);
+    const QString text = QString::fromStdString(EncryptedFile::currentDateTime());
+    const QDateTime after = QDateTime::currentDateTimeUtc().addSecs(1);
+    EXPECT_TRUE(QRegularExpression(QStringLiteral("^\\d{4}-\\d\\d-\\d\\dT\\d\\d:\\d\\d:\\d\\d$")).match(text).hasMatch())
+        << text.toStdString();
+    QDateTime parsed = QDateTime::fromString(text, Qt::ISODate);
+    parsed.setTimeSpec(Qt::UTC);
+    EXPECT_LE(before, parsed);
+    EXPECT_GE(after, parsed);
+}
+
+// The signature is plain RSA over the documented digest, so OpenSSL alone can
+// check it: SHA-256 over the plain payload followed by the metadata printed
+// with tab indentation, without "signature".
+TEST_F(EncryptedFileTest, SignatureVerifiesWithTheOpensslTool)
+{
+    const QString openssl = QStandardPaths::findExecutable(QStringLiteral("openssl"));
+    if (openssl.isEmpty())
+        GTEST_SKIP() << "no openssl command";
+    const QString file = path(QStringLiteral("signed"));
+    const QByteArray payload = payloadOfSize(100000);
+    ASSERT_TRUE(seal(file, payload, secure_string("k"), 5, *s_signing, "Ana \"QA\" Lima"));
+    const json::Variant meta = EncryptedFile::metaInfo(QFileInfo(file));
+
+    // The printed metadata, spelled out here from the documented form.
+    const QByteArray printed = QStringLiteral(
+        "{\n\t\"compression\": 5,\n\t\"encrypted\": true,\n\t\"digest-algorithm\": \"SHA256\",\n"
+        "\t\"opened\": \"%1\",\n\t\"created\": \"%1\",\n\t\"signer\": \"Ana \\\"QA\\\" Lima\",\n"
+        "\t\"content-length\": 100000,\n\t\"encrypted-length\": %2\n}")
+        .arg(QString::fromStdString(meta.value("opened").toString()))
+        .arg(meta.value("encrypted-length").toInt64()).toUtf8();
+    json::Variant unsigned_ = meta;
+    unsigned_.remove("signature");
+    EXPECT_EQ(json::JsonPrinter::toString(unsigned_, "\t"), printed.toStdString());
+
+    writeFile(path(QStringLiteral("signed.input")), payload + printed);
+    const std::string publicPem = s_signing->publicKeyPem();
+    writeFile(path(QStringLiteral("public.pem")), QByteArray(publicPem.data(), static_cast<int>(publicPem.size())));
+    writeFile(path(QStringLiteral("signature.bin")),
+              QByteArray::fromBase64(QByteArray::fromStdString(meta.value("signature").toString())));
+    auto run = [&](const QStringList& arguments) {
+        QProcess process;
+        process.start(openssl, arguments);
+        EXPECT_TRUE(process.waitForFinished(60000));
+        return process.exitCode() == 0 && process.exitStatus() == QProcess::NormalExit;
+    };
+    ASSERT_TRUE(run({QStringLiteral("dgst"), QStringLiteral("-sha256"), QStringLiteral("-binary"),
+                     QStringLiteral("-out"), path(QStringLiteral("digest.bin")), path(QStringLiteral("signed.input"))}));
+    EXPECT_TRUE(run({QStringLiteral("pkeyutl"), QStringLiteral("-verify"), QStringLiteral("-pubin"),
+                     QStringLiteral("-inkey"), path(QStringLiteral("public.pem")), QStringLiteral("-pkeyopt"),
+                     QStringLiteral("digest:sha256"), QStringLiteral("-in"), path(QStringLiteral("digest.bin")),
+                     QStringLiteral("-sigfile"), path(QStringLiteral("signature.bin"))}));
+    // And the same check fails for a digest of different bytes.
+    writeFile(path(QStringLiteral("signed.input")), payload + printed + ' ');
+    ASSERT_TRUE(run({QStringLiteral("dgst"), QStringLiteral("-sha256"), QStringLiteral("-binary"),
+                     QStringLiteral("-out"), path(QStringLiteral("digest.bin")), path(QStringLiteral("signed.input"))}));
+    EXPECT_FALSE(run({QStringLiteral("pkeyutl"), QStringLiteral("-verify"), QStringLiteral("-pubin"),
+                      QStringLiteral("-inkey"), path(QStringLiteral("public.pem")), QStringLiteral("-pkeyopt"),
+                      QStringLiteral("digest:sha256"), QStringLiteral("-in"), path(QStringLiteral("digest.bin")),
+                      QStringLiteral("-sigfile"), path(QStringLiteral("signature.bin"))}));
+
+    // The library's own digest helper gives the same digest.
+    MessageDigest reference(MessageDigest::SHA256);
+    reference.update(payload.constData(), static_cast<std::size_t>(payload.size()));
+    ko::crypto::digest(unsigned_, &reference);
+    MessageDigest spelled(MessageDigest::SHA256);
+    const QByteArray all = payload + printed;
+    spelled.update(all.constData(), static_cast<std::size_t>(all.size()));
+    EXPECT_EQ(reference.digest(), spelled.digest());
+    EXPECT_EQ(ko::crypto::digest(unsigned_, MessageDigest::SHA256),
+              MessageDigest::digest(MessageDigest::SHA256, printed.constData(), static_cast<std::size_t>(printed.size())));
+}
+
+TEST_F(EncryptedFileTest, VerifyChecksSignerLengthsAndKey)
+{
+    const QString file = path(QStringLiteral("v"));
+    const QByteArray payload = payloadOfSize(200000);
+    for (const MessageDigest::Algorithm algorithm : {MessageDigest::SHA1, MessageDigest::SHA512}) {
+        ASSERT_TRUE(seal(file, payload, secure_string(), 1, *s_signing, "", algorithm));
+        EncryptedFile in;
+        ASSERT_TRUE(in.open(QFileInfo(file), secure_string()));
+        EXPECT_FALSE(in.metaInfo().contains("signer"));
+        EXPECT_EQ(in.metaInfo().value("digest-algorithm").toString(), MessageDigest::algorithmName(algorithm));
+        // Part read, the rest is read by verify.
+        EXPECT_EQ(in.read(1000), payload.left(1000));
+        EXPECT_TRUE(in.verify(*s_checking));
+        EncryptedFile again;
+        ASSERT_TRUE(again.open(QFileInfo(file), secure_string()));
+        EXPECT_FALSE(again.verify(*s_other));
+        EXPECT_FALSE(again.verify(RSAKeyPair()));
+    }
+}
+
+// A byte flipped anywhere makes opening fail, reading fail or differ, or the
+// signature fail; it never goes unnoticed.
+TEST_F(EncryptedFileTest, FlippedBytesAreNoticed)
+{
+    const QByteArray payload = payloadOfSize(3000);
+    struct Setup
+    {
+        secure_string key;
+        int compression;
+    };
+    const Setup setups[] = {{secure_string(), 0}, {secure_string(), 6}, {secure_string("key"), 0}, {secure_string("key"), 9}};
+    for (const Setup& setup : setups) {
+        const QString original = path(QStringLiteral("original"));
+        ASSERT_TRUE(seal(original, payload, setup.key, setup.compression, *s_signing));
+        const QByteArray bytes = readFile(original);
+        const int payloadEnd =
+            static_cast<int>(EncryptedFile::metaInfo(QFileInfo(original)).value("encrypted-length").toInt64());
+        std::vector<int> positions;
+        for (int at = 0; at < payloadEnd; at += std::max(1, payloadEnd / 40))
+            positions.push_back(at);
+        positions.push_back(payloadEnd - 1);
+        for (int at = payloadEnd; at < bytes.size(); ++at)
+            positions.push_back(at); // every byte of the trailer
+        for (const int at : positions) {
+            for (const char mask : {'\x01', '\x80'}) {
+                QByteArray damaged = bytes;
+                damaged[at] = static_cast<char>(damaged[at] ^ mask);
+                const QString file = path(QStringLiteral("damaged"));
+                writeFile(file, damaged);
+                EncryptedFile in;
+                if (!in.open(QFileInfo(file), setup.key))
+                    continue;
+                QByteArray data;
+                const bool read = readAllOf(in, &data);
+                const bool noticed = !read || data != payload || !in.verify(*s_checking);
+                EXPECT_TRUE(noticed) << "byte " << at << " of " << bytes.size() << " mask " << int(mask)
+                                     << " compression " << setup.compression << " key " << !setup.key.empty();
+            }
+        }
+    }
+}
+
+TEST_F(EncryptedFileTest, WrongOrMissingKeyMakesReadingFail)
+{
+    const QString file = path(QStringLiteral("secret"));
+    const QByteArray payload = payloadOfSize(150000);
+    ASSERT_TRUE(seal(file, payload, secure_string("right"), 6, RSAKeyPair()));
+    for (const char* key : {"wrong", "", "righ", "right "}) {
+        EncryptedFile in;
+        ASSERT_TRUE(in.open(QFileInfo(file), secure_string(key))) << key;
+        QByteArray data;
+        EXPECT_FALSE(readAllOf(in, &data)) << key;
+        EXPECT_TRUE(data.isEmpty()) << key;
+    }
+    // The payload cut short (trailer kept) fails too.
+    QByteArray bytes = readFile(file);
+    const int payloadEnd = static_cast<int>(EncryptedFile::metaInfo(QFileInfo(file)).value("encrypted-length").toInt64());
+    writeFile(file, bytes.left(payloadEnd / 2) + bytes.mid(payloadEnd));
+    EncryptedFile in;
+    ASSERT_TRUE(in.open(QFileInfo(file), secure_string("right")));
+    QByteArray data;
+    EXPECT_FALSE(readAllOf(in, &data));
+}
+
+TEST_F(EncryptedFileTest, HostileTrailersFailCleanly)
+{
+    const QByteArray good = QByteArrayLiteral(R"({"compression":0,"encrypted":false,"digest-algorithm":"SHA256"})");
+    const QByteArray deep = QByteArray(100000, '[') + QByteArray(100000, ']');
+    struct Row
+    {
+        const char* name;
+        QByteArray bytes;
+        bool opens;
+        bool metaReadable;
+    };
+    auto withTrailer = [](const QByteArray& payload, const QByteArray& meta) {
+        return payload + meta + bigEndian64(static_cast<quint64>(meta.size()));
+    };
+    const Row rows[] = {
+        {"empty file", QByteArray(), false, false},
+        {"shorter than a length", QByteArray("abc"), false, false},
+        {"length of all ones", QByteArray("payload") + bigEndian64(~0ULL), false, false},
+        {"length one beyond the file", QByteArray("xy") + good + bigEndian64(static_cast<quint64>(good.size()) + 3), false, false},
+        {"length above the limit", QByteArray(2 << 20, ' ') + bigEndian64(2 << 20), false, false},
+        {"metadata not JSON", withTrailer("p", "{\"a\":"), false, false},
+        {"metadata a list", withTrailer("", "[1]"), false, false},
+        {"metadata deeply nested", withTrailer("", deep), false, false},
+        {"unknown digest", withTrailer("p", R"({"digest-algorithm":"ROT13"})"), false, true},
+        {"good trailer", withTrailer("data", good), true, true},
+    };
+    for (const Row& row : rows) {
+        const QString file = path(QStringLiteral("hostile"));
+        writeFile(file, row.bytes);
+        EncryptedFile in;
+        EXPECT_EQ(in.open(QFileInfo(file), secure_string()), row.opens) << row.name;
+        const json::Variant meta = EncryptedFile::metaInfo(QFileInfo(file));
+        EXPECT_EQ(meta.isObject(), row.metaReadable) << row.name;
+        EXPECT_EQ(meta.isNull(), !row.metaReadable) << row.name;
+        if (row.opens) {
+            QByteArray data;
+            EXPECT_TRUE(readAllOf(in, &data));
+            EXPECT_EQ(data, QByteArray("data"));
+        } else {
+            EXPECT_EQ(in.read(10), QByteArray()) << row.name;
+        }
+    }
+    EXPECT_EQ(EncryptedFile::metaInfo(QFileInfo(path(QStringLiteral("missing")))), json::Variant(false));
+    EncryptedFile missing;
+    EXPECT_FALSE(missing.open(QFileInfo(path(QStringLiteral("missing"))), secure_string()));
+
+    // Trailers that open but describe a payload that is not there: reading
+    // fails and verify gives false, whatever the recorded lengths say.
+    const QByteArray lying[] = {
+        R"({"compression":-1,"encrypted":false,"digest-algorithm":"SHA256","content-length":1e300,"signature":"AAAA"})",
+        R"({"compression":0,"encrypted":true,"digest-algorithm":"MD5","content-length":9223372036854775807,"signature":"AAAA"})",
+    };
+    for (const QByteArray& trailer : lying) {
+        const QString file = path(QStringLiteral("lying"));
+        writeFile(file, payloadOfSize(5000) + trailer + bigEndian64(static_cast<quint64>(trailer.size())));
+        EncryptedFile in;
+        ASSERT_TRUE(in.open(QFileInfo(file), secure_string("k")));
+        QByteArray data;
+        EXPECT_FALSE(readAllOf(in, &data));
+        EncryptedFile again;
+        ASSERT_TRUE(again.open(QFileInfo(file), secure_string("k")));
+        EXPECT_FALSE(again.verify(*s_checking));
+    }
+}
+
+TEST_F(EncryptedFileTest, CreateFailsCleanly)
+{
+    EncryptedFile out;
+    EXPECT_FALSE(out.create(QFileInfo(path(QStringLiteral("no/such/dir/file"))), secure_string(), 0,
+                            MessageDigest::SHA256));
+    EXPECT_EQ(out.write("x", 1), -1);
+    out.close(RSAKeyPair(), "x"); // nothing to finish
+    EncryptedFile badLevel;
+    EXPECT_FALSE(badLevel.create(QFileInfo(path(QStringLiteral("level"))), secure_string(), 42,
+                                 MessageDigest::SHA256));
+}
+
+#if defined(__linux__) && !defined(__SANITIZE_ADDRESS__)
+// Peak resident memory of the process in KiB.
+long peakResidentKiB()
+{
+    QFile status(QStringLiteral("/proc/self/status"));
+    if (!status.open(QIODevice::ReadOnly))
+        return -1;
+    for (const QByteArray& line : status.readAll().split('\n'))
+        if (line.startsWith("VmHWM:"))
+            return line.mid(6).trimmed().split(' ').value(0).toLong();
+    return -1;
+}
+
+TEST_F(EncryptedFileTest, LargePayloadsStreamInFlatMemory)
+{
+    const QString file = path(QStringLiteral("large"));
+    const QByteArray block = payloadOfSize(1 << 20);
+    const int blocks = 96;
+    const long before = peakResidentKiB();
+    ASSERT_GT(before, 0);
+    {
+        EncryptedFile out;
+        ASSERT_TRUE(out.create(QFileInfo(file), secure_string("k"), 1, MessageDigest::SHA256));
+        for (int i = 0; i < blocks; ++i)
+            ASSERT_EQ(out.write(block), block.size());
+        out.close(*s_signing, "big");
+    }
+    EncryptedFile in;
+    ASSERT_TRUE(in.open(QFileInfo(file), secure_string("k")));
+    QByteArray buffer(1 << 20, '\0');
+    qint64 total = 0;
+    for (int i = 0; i < blocks; ++i) {
+        ASSERT_EQ(in.read(buffer.data(), buffer.size()), buffer.size());
+        ASSERT_TRUE(buffer == block) << "block " << i;
+        total += buffer.size();
+    }
+    EXPECT_TRUE(in.verify(*s_checking));
+    EXPECT_EQ(total, qint64(blocks) << 20);
+    // 96 MiB went through each way; the peak may grow by buffers, not by that.
+    EXPECT_LT(peakResidentKiB() - before, 24 * 1024);
+}
+#endif
+
+// Exposes the byte-order helpers.
+struct ByteOrder : EncryptedFile
+{
+    using EncryptedFile::is_be;
+    using EncryptedFile::read_be;
+    using EncryptedFile::swap_bytes;
+    using EncryptedFile::write_be;
+};
+
+TEST(EncryptedFileByteOrder, HelpersStoreBigEndian)
+{
+    const quint64 value = 0x0102030405060708ULL;
+    char host[8];
+    std::memcpy(host, &value, 8);
+    QByteArray stored;
+    {
+        QBuffer buffer(&stored);
+        buffer.open(QIODevice::WriteOnly);
+        ASSERT_TRUE(ByteOrder::write_be(&buffer, host, 8));
+    }
+    EXPECT_EQ(stored, QByteArray::fromHex("0102030405060708"));
+    quint64 back = 0;
+    std::memcpy(host, &back, 8);
+    QBuffer buffer(&stored);
+    buffer.open(QIODevice::ReadOnly);
+    ASSERT_TRUE(ByteOrder::read_be(&buffer, host, 8));
+    std::memcpy(&back, host, 8);
+    EXPECT_EQ(back, value);
+    EXPECT_FALSE(ByteOrder::read_be(&buffer, host, 1)); // nothing left
+    EXPECT_EQ(ByteOrder::is_be(), QSysInfo::ByteOrder == QSysInfo::BigEndian);
+    char text[] = "abcde";
+    ByteOrder::swap_bytes(text, text + 5);
+    EXPECT_STREQ(text, "edcba");
+}
+
+} // namespace

@@ -1,0 +1,260 @@
+// json::JsonParser and json::JsonPrinter.
+
+#include "support/json/JsonParser.h"
+#include "support/json/JsonPrinter.h"
+#include "support/json/Variant.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+namespace {
+
+using json::JsonParser;
+using json::JsonPrinter;
+using json::Variant;
+
+Variant parseText(const std::string& text, std::string* error = nullptr)
+{
+    JsonParser parser;
+    parser.parse(text);
+    Variant value = parser.parseComplete();
+    if (error)
+        *error = parser.lastError();
+    return value;
+}
+
+Variant sample()
+{
+    Variant value;
+    value.set("name", "caf\xc3\xa9 \"quoted\"\n\t\\ \x01");
+    value.set("min", std::numeric_limits<std::int64_t>::min());
+    value.set("max", std::numeric_limits<std::uint64_t>::max());
+    value.set("real", 0.1);
+    value.set("flag", false);
+    value.set("none", Variant());
+    json::List list;
+    list.append(1);
+    list.append(json::Object());
+    list.append(json::List());
+    Variant inner;
+    inner.set("deep", -2.5e-300);
+    list.append(inner);
+    value.set("list", list);
+    return value;
+}
+
+TEST(JsonPrinter, PrettyFormIsFixedTextWithConfigurableIndent)
+{
+    Variant value;
+    value.set("a", 1);
+    json::List list;
+    list.append(true);
+    list.append(json::Object());
+    value.set("b", list);
+    value.set("c", json::List());
+    EXPECT_EQ(JsonPrinter::toString(value),
+              "{\n    \"a\": 1,\n    \"b\": [\n        true,\n        {}\n    ],\n    \"c\": []\n}");
+    EXPECT_EQ(JsonPrinter::toString(value, "\t"), "{\n\t\"a\": 1,\n\t\"b\": [\n\t\ttrue,\n\t\t{}\n\t],\n\t\"c\": []\n}");
+    EXPECT_EQ(JsonPrinter::toString(value, ""), R"({"a":1,"b":[true,{}],"c":[]})");
+    EXPECT_EQ(JsonPrinter::toString(Variant("x")), "\"x\"");
+    EXPECT_EQ(JsonPrinter::toString(Variant()), "null");
+}
+
+TEST(JsonPrinter, NumbersAndStrings)
+{
+    struct Row
+    {
+        Variant value;
+        int precision;
+        const char* text;
+    };
+    const Row rows[] = {
+        {Variant(0.1), 0, "0.1"},
+        {Variant(1.0 / 3.0), 0, "0.3333333333333333"},
+        {Variant(1.0 / 3.0), 15, "0.333333333333333"},
+        {Variant(2.0 / 3.0), 3, "0.667"},
+        {Variant(100.0), 0, "100.0"},
+        {Variant(123456.0), 3, "1.23e+05"},
+        {Variant(1e20), 0, "1e+20"},
+        {Variant(-0.0), 0, "-0.0"},
+        {Variant(std::nan("")), 0, "null"},
+        {Variant(std::numeric_limits<double>::infinity()), 0, "null"},
+        {Variant(std::numeric_limits<std::int64_t>::min()), 3, "-9223372036854775808"},
+        {Variant(std::numeric_limits<std::uint64_t>::max()), 3, "18446744073709551615"},
+        {Variant("tab\there \"q\" back\\slash \x1f \x7f caf\xc3\xa9 /"), 0,
+         "\"tab\\there \\\"q\\\" back\\\\slash \\u001f \x7f caf\xc3\xa9 /\""},
+        {Variant("\b\f\r\n"), 0, "\"\\b\\f\\r\\n\""},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(JsonPrinter::toString(row.value, "    ", row.precision), row.text);
+        if (!row.value.isReal() || std::isfinite(row.value.toDouble())) {
+            // What is printed reads back as the same type.
+            EXPECT_EQ(parseText(row.text).type(), row.value.type()) << row.text;
+        }
+    }
+}
+
+TEST(JsonPrinter, HandsLongOutputToTheCallbackInPieces)
+{
+    json::List list;
+    for (int i = 0; i < 5000; ++i)
+        list.append(std::string(40, static_cast<char>('a' + i % 26)));
+    list.append(std::string(100000, 'z'));
+    struct Collector
+    {
+        std::string text;
+        int calls = 0;
+    } collector;
+    JsonPrinter printer([](void* context, const char* data, int length) {
+        auto* c = static_cast<Collector*>(context);
+        c->text.append(data, static_cast<std::size_t>(length));
+        ++c->calls;
+    }, &collector);
+    printer.print(list);
+    EXPECT_GT(collector.calls, 10);
+    EXPECT_EQ(collector.text, JsonPrinter::toString(list));
+    EXPECT_EQ(parseText(collector.text), list);
+}
+
+TEST(JsonParser, PrintedValuesReadBackExactlyWhateverThePieces)
+{
+    const Variant value = sample();
+    for (const std::string& indent : {std::string("    "), std::string("\t"), std::string()}) {
+        const std::string text = JsonPrinter::toString(value, indent);
+        EXPECT_EQ(parseText(text), value) << text;
+        // Every split point into two pieces.
+        JsonParser parser;
+        for (std::size_t split = 0; split <= text.size(); ++split) {
+            EXPECT_TRUE(parser.parse(text.data(), split));
+            EXPECT_TRUE(parser.parse(text.data() + split, text.size() - split));
+            const Variant parsed = parser.parseComplete();
+            ASSERT_EQ(parsed, value) << "split at " << split;
+            EXPECT_FALSE(parser.hasError());
+        }
+        // One byte at a time.
+        for (const char c : text)
+            ASSERT_TRUE(parser.parse(&c, 1));
+        EXPECT_EQ(parser.parseComplete(), value);
+    }
+    const Variant parsed = parseText(JsonPrinter::toString(value));
+    EXPECT_EQ(parsed.value("min").toInt64(), std::numeric_limits<std::int64_t>::min());
+    EXPECT_EQ(parsed.value("max").toUInt64(), std::numeric_limits<std::uint64_t>::max());
+    EXPECT_EQ(parsed.keys(), value.keys());
+}
+
+TEST(JsonParser, AcceptsJsonGrammar)
+{
+    const struct
+    {
+        const char* text;
+        const char* compact;
+    } rows[] = {
+        {" 0 ", "0"},
+        {"-0.5e+2", "-50.0"},
+        {"1E2", "100.0"},
+        {"\"\\u00e9\\ud83d\\ude00\\/\"", "\"\xc3\xa9\xf0\x9f\x98\x80/\""},
+        {"[ ]", "[]"},
+        {"{\"a\" : [1 , {\"b\":null}] }", R"({"a":[1,{"b":null}]})"},
+        {"true", "true"},
+        {"\r\n\tfalse\n", "false"},
+        {"123456789012345678901234567890", "1.2345678901234568e+29"},
+    };
+    for (const auto& row : rows) {
+        std::string error;
+        EXPECT_EQ(parseText(row.text, &error).toJson(), row.compact) << row.text;
+        EXPECT_EQ(error, "") << row.text;
+    }
+}
+
+TEST(JsonParser, ReportsSyntaxErrorsWithLineAndColumn)
+{
+    const struct
+    {
+        const char* text;
+        int line;
+        int column;
+    } rows[] = {
+        {"{\"a\": 1,\n  \"b\" 2}", 2, 7},
+        {"[1, 2,]", 1, 7},
+        {"[01]", 1, 3},
+        {"{a: 1}", 1, 2},
+        {"tru", 1, 4},
+        {"trux", 1, 4},
+        {"\"abc", 1, 5},
+        {"\"tab\there\"", 1, 5},
+        {"\"\\x\"", 1, 3},
+        {"\"\\u12g4\"", 1, 6},
+        {"\"\\ud800x\"", 1, 8},
+        {"\"\\udc00\"", 1, 7},
+        {"\"\xc3\xa9\xff\"", 1, 3},
+        {"\"\xe0\x80\x80\"", 1, 2},
+        {"1 2", 1, 3},
+        {"{}}", 1, 3},
+        {"-", 1, 2},
+        {"1.", 1, 3},
+        {"1e+", 1, 4},
+        {"[\n\n  1,\n  }", 4, 3},
+        {"\xc3\xa9", 1, 1},
+        {"[1e400]", 1, 8}, // beyond double: refused, at the end
+    };
+    for (const auto& row : rows) {
+        JsonParser parser;
+        const bool accepted = parser.parse(row.text);
+        const Variant value = parser.parseComplete();
+        EXPECT_TRUE(parser.hasError()) << row.text;
+        EXPECT_EQ(parser.errorLine(), row.line) << row.text << ": " << parser.lastError();
+        EXPECT_EQ(parser.errorColumn(), row.column) << row.text << ": " << parser.lastError();
+        EXPECT_EQ(parser.lastError().rfind("line " + std::to_string(row.line) + ", column ", 0), 0u);
+        // The offending text comes back as a string.
+        EXPECT_EQ(value, Variant(row.text)) << row.text;
+        (void)accepted;
+    }
+}
+
+TEST(JsonParser, ErrorsShowAsSoonAsTheirPieceArrivesAndStick)
+{
+    JsonParser parser;
+    EXPECT_TRUE(parser.parse("{\"a\": [1, 2"));
+    EXPECT_FALSE(parser.hasError());
+    EXPECT_FALSE(parser.parse("}"));
+    EXPECT_FALSE(parser.parse("]}"));
+    EXPECT_EQ(parser.parseComplete().toString(), "{\"a\": [1, 2}]}");
+    EXPECT_EQ(parser.errorColumn(), 12);
+
+    // The parser takes a new text afterwards.
+    EXPECT_TRUE(parser.parse("[3]"));
+    EXPECT_FALSE(parser.hasError());
+    EXPECT_EQ(parser.parseComplete().toJson(), "[3]");
+
+    // Incomplete, empty and blank texts.
+    EXPECT_TRUE(parser.parse("{\"a\": "));
+    EXPECT_EQ(parser.parseComplete(), Variant("{\"a\": "));
+    EXPECT_NE(parser.lastError().find("unexpected end of input"), std::string::npos);
+    for (const char* blank : {"", "  \n\t "}) {
+        parser.parse(blank);
+        EXPECT_TRUE(parser.parseComplete().isNull());
+        EXPECT_FALSE(parser.hasError());
+    }
+    parser.parse("x");
+    parser.reset();
+    EXPECT_FALSE(parser.hasError());
+}
+
+TEST(JsonParser, RefusesNestingBeyondTheLimit)
+{
+    JsonParser parser;
+    const std::string deep(100000, '[');
+    EXPECT_FALSE(parser.parse(deep));
+    EXPECT_EQ(parser.errorColumn(), JsonParser::k_defaultMaxDepth + 1);
+    parser.parseComplete();
+
+    parser.setMaxDepth(3);
+    EXPECT_TRUE(parser.parse("[[[1]]]"));
+    EXPECT_EQ(parser.parseComplete().toJson(), "[[[1]]]");
+    EXPECT_FALSE(parser.parse("[[{\"a\":[1]}]]"));
+    EXPECT_NE(parser.lastError().find("nesting deeper than 3 levels"), std::string::npos);
+}
+
+} // namespace

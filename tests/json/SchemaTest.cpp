@@ -1,0 +1,204 @@
+// json::Schema: loading, references, the converter's questions, validation.
+
+#include "support/json/JsonParser.h"
+#include "support/json/Schema.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <QUrl>
+
+namespace {
+
+using json::Schema;
+
+json::Variant parse(const std::string& text)
+{
+    json::JsonParser parser;
+    EXPECT_TRUE(parser.parse(text)) << parser.lastError();
+    return parser.parseComplete();
+}
+
+const char* const k_types = R"({
+  "$id": "https://schemas.example.invalid/types.json",
+  "definitions": {
+    "point": {"$id": "#point", "type": "object",
+              "properties": {"x": {"type": "integer"}, "y": {"type": "integer"}},
+              "required": ["x", "y"]},
+    "stamp": {"type": "string", "format": "date-time"}
+  }
+})";
+
+const char* const k_settings = R"({
+  "type": "object",
+  "properties": {
+    "names": {"type": "array", "items": {"type": "string"}},
+    "ports": {"type": "array", "items": {"type": "integer"}},
+    "cams": {"type": "array", "items": {"$ref": "#/definitions/cam"}},
+    "day": {"type": "string", "format": "date"},
+    "at": {"type": "string", "format": "time"},
+    "id": {"type": "string", "format": "uuid"},
+    "blob": {"type": "string", "contentEncoding": "base64"},
+    "origin": {"$ref": "types.json#point"},
+    "changed": {"$ref": "types.json#/definitions/stamp"},
+    "a~b/c": {"type": "boolean"}
+  },
+  "additionalProperties": {"type": "number"},
+  "definitions": {
+    "cam": {"type": "object", "properties": {"name": {"type": "string"}}, "required": ["name"]}
+  }
+})";
+
+class SchemaTest : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        Schema::registerSchema("https://schemas.example.invalid/types.json", parse(k_types));
+        Schema::registerSchema("https://schemas.example.invalid/settings.json", parse(k_settings));
+    }
+};
+
+TEST_F(SchemaTest, AnswersTheConvertersQuestions)
+{
+    const Schema::Ptr root = Schema::resolve("https://schemas.example.invalid/settings.json");
+    ASSERT_TRUE(root);
+    EXPECT_EQ(root->type(), "object");
+    struct Row
+    {
+        const char* key;
+        bool stringList, flatList, date, time, dateTime, uuid, binary;
+        const char* type;
+    };
+    const Row rows[] = {
+        {"names", true, true, false, false, false, false, false, "array"},
+        {"ports", false, true, false, false, false, false, false, "array"},
+        {"cams", false, false, false, false, false, false, false, "array"},
+        {"day", false, false, true, false, false, false, false, "string"},
+        {"at", false, false, false, true, false, false, false, "string"},
+        {"id", false, false, false, false, false, true, false, "string"},
+        {"blob", false, false, false, false, false, false, true, "string"},
+        {"changed", false, false, false, false, true, false, false, "string"},
+        {"origin", false, false, false, false, false, false, false, "object"},
+        {"a~b/c", false, false, false, false, false, false, false, "boolean"},
+        {"unlisted", false, false, false, false, false, false, false, "number"},
+    };
+    for (const Row& row : rows) {
+        const Schema::Ptr member = root->member(row.key);
+        ASSERT_TRUE(member) << row.key;
+        EXPECT_EQ(member->isStringList(), row.stringList) << row.key;
+        EXPECT_EQ(member->isFlatList(), row.flatList) << row.key;
+        EXPECT_EQ(member->isDate(), row.date) << row.key;
+        EXPECT_EQ(member->isTime(), row.time) << row.key;
+        EXPECT_EQ(member->isDateTime(), row.dateTime) << row.key;
+        EXPECT_EQ(member->isUuid(), row.uuid) << row.key;
+        EXPECT_EQ(member->isBinary(), row.binary) << row.key;
+        EXPECT_EQ(member->type(), row.type) << row.key;
+    }
+    // References are followed to their targets, across documents.
+    const Schema::Ptr origin = root->member("origin");
+    EXPECT_EQ(origin->documentUrl(), "https://schemas.example.invalid/types.json");
+    EXPECT_EQ(origin->pointer(), "/definitions/point");
+    EXPECT_EQ(origin->member("x")->type(), "integer");
+    EXPECT_EQ(root->member("cams")->items()->member("name")->type(), "string");
+    EXPECT_EQ(Schema::resolve("settings.json#/properties/a~0b~1c", "https://schemas.example.invalid/x")->type(),
+              "boolean");
+    // The unresolved node still tells which type URI it names.
+    const Schema::Ptr originNode = Schema::resolve("https://schemas.example.invalid/settings.json#/properties/origin");
+    ASSERT_TRUE(originNode);
+    EXPECT_EQ(originNode->ref(), "https://schemas.example.invalid/types.json#point");
+    EXPECT_FALSE(root->member("names")->member("x"));
+}
+
+TEST_F(SchemaTest, ValidatesWithReferencesAndFormats)
+{
+    const Schema::Ptr root = Schema::resolve("https://schemas.example.invalid/settings.json");
+    ASSERT_TRUE(root);
+    const struct
+    {
+        const char* value;
+        bool valid;
+    } rows[] = {
+        {R"({"names": ["a", "b"], "ports": [1, 2]})", true},
+        {R"({"names": ["a", 2]})", false},
+        {R"({"cams": [{"name": "front"}, {"name": "back"}]})", true},
+        {R"({"cams": [{"title": "front"}]})", false},
+        {R"({"origin": {"x": 1, "y": 2}})", true},
+        {R"({"origin": {"x": 1}})", false},
+        {R"({"origin": {"x": 1.5, "y": 2}})", false},
+        {R"({"changed": "2024-05-06T07:08:09Z"})", true},
+        {R"({"changed": "yesterday"})", false},
+        {R"({"day": "2024-02-30"})", false},
+        {R"({"unlisted": 3.5})", true},
+        {R"({"unlisted": "text"})", false},
+        {R"([1])", false},
+    };
+    for (const auto& row : rows) {
+        std::string error;
+        EXPECT_EQ(root->validate(parse(row.value), &error), row.valid) << row.value << "\n" << error;
+        EXPECT_EQ(error.empty(), row.valid) << row.value;
+    }
+    // A part of a document validates on its own.
+    const Schema::Ptr origin = root->member("origin");
+    EXPECT_TRUE(origin->validate(parse(R"({"x": 1, "y": 2})")));
+    EXPECT_FALSE(origin->validate(parse(R"({"x": "1", "y": 2})")));
+}
+
+TEST_F(SchemaTest, LoadsFilesAndResourcesAndFailsCleanly)
+{
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("limits.json"));
+    {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(R"({"type": "integer", "maximum": 10, "definitions": {"n": {"$ref": "#"}}})");
+    }
+    const std::string url = QUrl::fromLocalFile(path).toString().toStdString();
+    for (const std::string& name : {url, path.toStdString()}) {
+        const Schema::Ptr limits = Schema::resolve(name);
+        ASSERT_TRUE(limits) << name;
+        EXPECT_TRUE(limits->validate(json::Variant(7)));
+        EXPECT_FALSE(limits->validate(json::Variant(11)));
+    }
+    // Cached: a changed file is not read again.
+    QFile::remove(path);
+    EXPECT_TRUE(Schema::resolve(url));
+    EXPECT_EQ(Schema::resolve("limits.json#/definitions/n", url)->type(), "integer");
+
+    const std::string broken = dir.filePath(QStringLiteral("broken.json")).toStdString();
+    {
+        QFile file(QString::fromStdString(broken));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write("{\"type\": ");
+    }
+    EXPECT_FALSE(Schema::resolve(broken));
+    EXPECT_FALSE(Schema::resolve(dir.filePath(QStringLiteral("missing.json")).toStdString()));
+    EXPECT_FALSE(Schema::resolve("qrc:/no/such/schema.json"));
+    EXPECT_FALSE(Schema::resolve("https://nowhere.example.invalid/unregistered.json"));
+    EXPECT_FALSE(Schema::resolve("https://schemas.example.invalid/types.json#nosuchanchor"));
+    EXPECT_FALSE(Schema::resolve("https://schemas.example.invalid/types.json#/definitions/none"));
+
+    // A reference loop ends instead of hanging.
+    const Schema::Ptr loop = Schema::fromVariant(parse(R"({"definitions": {"a": {"$ref": "#/definitions/b"},
+                                                            "b": {"$ref": "#/definitions/a"}},
+                                                           "properties": {"x": {"$ref": "#/definitions/a"}}})"),
+                                                 "https://schemas.example.invalid/loop.json");
+    ASSERT_TRUE(loop);
+    EXPECT_FALSE(loop->member("x"));
+    std::string loopError;
+    EXPECT_FALSE(loop->validate(json::Variant(1), &loopError));
+    EXPECT_NE(loopError.find("circle"), std::string::npos) << loopError;
+    // Recursion through properties is fine.
+    const Schema::Ptr tree = Schema::fromVariant(parse(R"({"type": "object", "properties": {"child": {"$ref": "#"}}})"));
+    EXPECT_TRUE(tree->validate(parse(R"({"child": {"child": {}}})")));
+    EXPECT_FALSE(tree->validate(parse(R"({"child": {"child": 3}})")));
+    // A schema that refers to nothing validates nothing, and says so.
+    const Schema::Ptr dangling = Schema::fromVariant(parse(R"({"$ref": "https://nowhere.example.invalid/x.json"})"));
+    ASSERT_TRUE(dangling);
+    std::string error;
+    EXPECT_FALSE(dangling->validate(json::Variant(1), &error));
+    EXPECT_FALSE(error.empty());
+}
+
+} // namespace

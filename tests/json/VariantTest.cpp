@@ -1,0 +1,231 @@
+// json::Variant, Object, List, VariantIterator and Path.
+
+#include "support/json/JsonPrinter.h"
+#include "support/json/Path.h"
+#include "support/json/Variant.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <limits>
+
+namespace {
+
+using json::Variant;
+
+TEST(JsonVariant, ScalarsKeepTypeAndConvertOnlyWhereTheValueFits)
+{
+    const std::uint64_t uint64Max = std::numeric_limits<std::uint64_t>::max();
+    const std::int64_t int64Min = std::numeric_limits<std::int64_t>::min();
+    struct Row
+    {
+        Variant value;
+        Variant::Type type;
+        bool int64Ok;
+        std::int64_t int64;
+        bool uint64Ok;
+        std::uint64_t uint64;
+        bool doubleOk;
+    };
+    const Row rows[] = {
+        {Variant(), Variant::Type::Null, false, 0, false, 0, false},
+        {Variant(true), Variant::Type::Boolean, false, 0, false, 0, false},
+        {Variant(-5), Variant::Type::Integer, true, -5, false, 0, true},
+        {Variant(int64Min), Variant::Type::Integer, true, int64Min, false, 0, true},
+        {Variant(uint64Max), Variant::Type::Integer, false, 0, true, uint64Max, true},
+        {Variant(7u), Variant::Type::Integer, true, 7, true, 7, true},
+        {Variant(2.0), Variant::Type::Real, true, 2, true, 2, true},
+        {Variant(2.5), Variant::Type::Real, false, 0, false, 0, true},
+        {Variant(-1e300), Variant::Type::Real, false, 0, false, 0, true},
+        {Variant("12"), Variant::Type::String, false, 0, false, 0, false},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.value.toJson());
+        EXPECT_EQ(row.value.type(), row.type);
+        bool ok = false;
+        EXPECT_EQ(row.value.toInt64(-99, &ok), row.int64Ok ? row.int64 : -99);
+        EXPECT_EQ(ok, row.int64Ok);
+        EXPECT_EQ(row.value.toUInt64(99, &ok), row.uint64Ok ? row.uint64 : 99u);
+        EXPECT_EQ(ok, row.uint64Ok);
+        row.value.toDouble(0.0, &ok);
+        EXPECT_EQ(ok, row.doubleOk);
+        EXPECT_FALSE(row.value.isComposite());
+        EXPECT_EQ(row.value.size(), 0u);
+    }
+    EXPECT_TRUE(Variant(uint64Max).isUnsigned());
+    EXPECT_FALSE(Variant(7u).isUnsigned());
+    EXPECT_EQ(Variant("x").toString(), "x");
+    EXPECT_EQ(Variant(1).toString("fallback"), "fallback");
+    EXPECT_TRUE(Variant(true).toBool());
+    EXPECT_EQ(Variant("a\0b", 3).toString().size(), 3u);
+}
+
+TEST(JsonVariant, ObjectsKeepKeyOrderAndListsGrowWithNulls)
+{
+    Variant object;
+    object.set("zeta", 1);
+    object.set("alpha", 2);
+    object.set("mid", 3);
+    object.set("zeta", 4); // keeps its place
+    EXPECT_EQ(object.keys(), (std::vector<std::string>{"zeta", "alpha", "mid"}));
+    EXPECT_EQ(object.toJson(), R"({"zeta":4,"alpha":2,"mid":3})");
+    EXPECT_TRUE(object.remove("alpha"));
+    EXPECT_FALSE(object.remove("alpha"));
+    EXPECT_EQ(object.toJson(), R"({"zeta":4,"mid":3})");
+    EXPECT_TRUE(object.value("missing").isNull());
+    EXPECT_TRUE(Variant(3).value("zeta").isNull());
+
+    Variant list;
+    list.append("a");
+    list.setAt(3, true);
+    EXPECT_EQ(list.toJson(), R"(["a",null,null,true])");
+    EXPECT_TRUE(list.removeAt(1));
+    EXPECT_FALSE(list.removeAt(3));
+    list.resize(1);
+    EXPECT_EQ(list.toJson(), R"(["a"])");
+    EXPECT_TRUE(list.at(5).isNull());
+
+    Variant text("s");
+    EXPECT_THROW(text.set("k", 1), json::TypeError);
+    EXPECT_THROW(text.append(1), json::TypeError);
+    EXPECT_THROW(object.append(1), json::TypeError);
+    EXPECT_THROW(list.set("k", 1), json::TypeError);
+    EXPECT_EQ(text.toString(), "s");
+
+    // Order of keys is part of the value.
+    Variant ab, ba;
+    ab.set("a", 1);
+    ab.set("b", 2);
+    ba.set("b", 2);
+    ba.set("a", 1);
+    EXPECT_NE(ab, ba);
+    EXPECT_EQ(Variant(1), Variant(1.0));
+    EXPECT_EQ(Variant(5u), Variant(5));
+}
+
+TEST(JsonVariant, CopiesAndChildrenAreIndependentValues)
+{
+    Variant root;
+    root.set("inner", json::Object());
+    Variant inner = root.value("inner");
+    inner.set("x", 1);
+    root.set("y", 2);
+    Variant copy = root;
+    copy.set("y", 3);
+    EXPECT_EQ(root.toJson(), R"({"inner":{},"y":2})");
+    EXPECT_EQ(copy.toJson(), R"({"inner":{},"y":3})");
+    EXPECT_EQ(inner.toJson(), R"({"x":1})");
+
+    // A child read before the parent changes keeps the old value.
+    Variant child = copy.value("inner");
+    copy.set("inner", 5);
+    EXPECT_TRUE(child.isObject());
+    EXPECT_EQ(copy.value("inner").toInt64(), 5);
+
+    // A value set into itself.
+    Variant self;
+    self.set("a", 1);
+    self.set("me", self);
+    EXPECT_EQ(self.toJson(), R"({"a":1,"me":{"a":1}})");
+    Variant selfList;
+    selfList.append(1);
+    selfList.append(selfList);
+    EXPECT_EQ(selfList.toJson(), "[1,[1]]");
+}
+
+TEST(JsonVariant, ObjectAndListAlwaysHaveTheirType)
+{
+    EXPECT_EQ(json::Object().toJson(), "{}");
+    EXPECT_EQ(json::List().toJson(), "[]");
+    EXPECT_TRUE(json::Object(Variant(5)).isObject());
+    EXPECT_TRUE(json::Object(Variant(5)).empty());
+    EXPECT_TRUE(json::List(json::Object()).isList());
+    Variant object;
+    object.set("k", "v");
+    EXPECT_EQ(json::Object(object).value("k").toString(), "v");
+    Variant list;
+    list.append(1);
+    EXPECT_EQ(json::List(list).size(), 1u);
+}
+
+TEST(JsonVariant, IteratorWalksMembersAndElementsOfASnapshot)
+{
+    Variant object;
+    object.set("b", 1);
+    object.set("a", "two");
+    std::vector<std::string> seen;
+    json::VariantIterator it(object);
+    object.set("c", 3); // not seen by the iterator
+    for (; !it.atEnd(); ++it)
+        seen.push_back(std::to_string(it.index()) + ":" + it.key() + "=" + it.value().toJson());
+    EXPECT_EQ(seen, (std::vector<std::string>{"0:b=1", "1:a=\"two\""}));
+    EXPECT_TRUE(it.value().isNull());
+
+    Variant list;
+    list.append(10);
+    list.append(json::Object());
+    seen.clear();
+    for (json::VariantIterator li(list); !li.atEnd(); li.next())
+        seen.push_back(std::to_string(li.index()) + ":" + li.key() + "=" + li.value().toJson());
+    EXPECT_EQ(seen, (std::vector<std::string>{"0:=10", "1:={}"}));
+
+    for (const Variant& scalar : {Variant(), Variant(1), Variant("text")})
+        EXPECT_TRUE(json::VariantIterator(scalar).atEnd());
+}
+
+TEST(JsonPath, OneBasedAutoIndexBuildsSettingsArrays)
+{
+    json::Path path;
+    path.setArrayBaseIndex(1);
+    path.setAutoArrayIndex(true);
+    Variant root;
+    // Keys arrive sorted as text, so element 10 comes before element 2.
+    for (const char* key : {"cams/1/name", "cams/10/name", "cams/2/name", "cams/2/port", "title"}) {
+        path.setPath(key);
+        EXPECT_TRUE(path.set(root, key)) << key;
+    }
+    EXPECT_EQ(root.value("cams").size(), 10u);
+    EXPECT_EQ(root.value("cams").at(1).toJson(), R"({"name":"cams/2/name","port":"cams/2/port"})");
+    EXPECT_TRUE(root.value("cams").at(4).isNull());
+    path.setPath("cams/10/name");
+    EXPECT_EQ(path.value(root).toString(), "cams/10/name");
+    path.setPath("cams/0/name"); // below the base: a key, and lists have no keys
+    EXPECT_FALSE(path.locate(root));
+    EXPECT_FALSE(path.set(root, 1));
+
+    // Failures leave the root as it was.
+    const std::string before = root.toJson();
+    for (const char* key : {"title/x", "cams/name", "cams/1/name/deeper", "cams/2000000/x"}) {
+        path.setPath(key);
+        EXPECT_FALSE(path.set(root, 1)) << key;
+    }
+    EXPECT_EQ(root.toJson(), before);
+
+    path.setPath("cams/1");
+    EXPECT_TRUE(path.remove(root));
+    EXPECT_EQ(root.value("cams").size(), 9u);
+    EXPECT_FALSE(json::Path("nothing/here").remove(root));
+}
+
+TEST(JsonPath, WithoutAutoIndexDecimalSegmentsMakeObjects)
+{
+    Variant root;
+    json::Path path("a//1/", '/');
+    EXPECT_EQ(path.toString('.'), "a.1");
+    EXPECT_TRUE(path.set(root, "x"));
+    EXPECT_EQ(root.toJson(), R"({"a":{"1":"x"}})");
+
+    Variant list;
+    list.append(0);
+    list.append(1);
+    EXPECT_TRUE(json::Path("1").set(list, "one"));
+    EXPECT_FALSE(json::Path("2").set(list, "two")); // no growth
+    EXPECT_EQ(list.toJson(), R"([0,"one"])");
+    EXPECT_EQ(json::Path().value(list), list);
+    Variant replaced = list;
+    EXPECT_TRUE(json::Path().set(replaced, 5));
+    EXPECT_EQ(replaced, Variant(5));
+    EXPECT_EQ(json::Path("x/y/z").parent().toString(), "x/y");
+}
+
+} // namespace

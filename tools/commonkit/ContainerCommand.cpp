@@ -1,0 +1,297 @@
+// commonkit container: seal files into encrypted, compressed and signed
+// containers, extract them, show their metadata and check their signatures.
+
+#include "Command.h"
+#include "CommandLine.h"
+#include "ToolSecrets.h"
+
+#include "storage/EncryptedFile.h"
+#include "support/core/Log.h"
+#include "support/crypto/RSAKeyPair.h"
+#include "support/json/JsonPrinter.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QTextStream>
+
+namespace cktool {
+namespace {
+
+using ko::crypto::secure_string;
+
+const int k_copyBlock = 1 << 16;
+
+// Keeps the library's diagnostics off standard error while a subcommand
+// runs (the tool reports one line of its own), remembering the last one so
+// that the tool's message can say why.
+class DiagnosticCapture
+{
+public:
+    DiagnosticCapture()
+    {
+        m_previous = ko::Log::instance().setSink([this](int, const std::string& line) {
+            const std::size_t text = line.find("] ");
+            m_last = QString::fromStdString(text == std::string::npos ? line : line.substr(text + 2));
+        });
+    }
+    ~DiagnosticCapture() { ko::Log::instance().setSink(m_previous); }
+    DiagnosticCapture(const DiagnosticCapture&) = delete;
+    DiagnosticCapture& operator=(const DiagnosticCapture&) = delete;
+
+    // " (last diagnostic)" or nothing.
+    QString reason() const { return m_last.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(m_last); }
+
+private:
+    ko::Log::Sink m_previous;
+    QString m_last;
+};
+
+QCommandLineOption keyFileOption()
+{
+    return QCommandLineOption(QStringLiteral("key-file"),
+                              tr("Read the encryption key from this file (- for standard input)."),
+                              QStringLiteral("file"));
+}
+
+// The encryption key of --key-file, empty without the option.
+secure_string keyFromOptions(const CommandLine& commandLine, const QString& command)
+{
+    if (!commandLine.isSet(QStringLiteral("key-file")))
+        return secure_string();
+    secure_string key = readSecret(commandLine.value(QStringLiteral("key-file")), command);
+    if (key.empty())
+        throw CommandError(tr("%1: the key file is empty").arg(command));
+    return key;
+}
+
+QString describeStorage(const json::Variant& meta)
+{
+    QStringList parts;
+    if (meta.value("compression").toInt64() != ko::ZlibDevice::k_noCompression)
+        parts << tr("compressed");
+    if (meta.value("encrypted").toBool())
+        parts << tr("encrypted");
+    if (meta.contains("signature"))
+        parts << tr("signed");
+    return parts.isEmpty() ? tr("stored as is") : parts.join(QStringLiteral(", "));
+}
+
+void openContainer(ko::EncryptedFile& container, const QString& path, const secure_string& key,
+                   const QString& command)
+{
+    if (!QFileInfo::exists(path))
+        throw CommandError(tr("%1: %2 does not exist").arg(command, path));
+    const DiagnosticCapture diagnostics;
+    if (!container.open(QFileInfo(path), key))
+        throw CommandError(tr("%1: %2 is not a container or its trailer is damaged").arg(command, path) + diagnostics.reason());
+    if (container.metaInfo().value("encrypted").toBool() && key.empty())
+        throw CommandError(tr("%1: %2 is encrypted; give its key with --key-file").arg(command, path));
+}
+
+int runCreate(const QStringList& arguments)
+{
+    const QString command = QStringLiteral("container create");
+    CommandLine commandLine(command, tr("Seals a file into a container: compressed, encrypted and signed as asked."));
+    commandLine.addPositional(QStringLiteral("input"), tr("The file to seal."));
+    commandLine.addPositional(QStringLiteral("output"), tr("The container file to write."));
+    commandLine.addOption(keyFileOption());
+    commandLine.addOption(QCommandLineOption(
+        QStringLiteral("compress"), tr("Compression level: -1 (zlib's default), 1 to 9, or 0 for none (the default)."),
+        QStringLiteral("level"), QStringLiteral("0")));
+    commandLine.addOption(QCommandLineOption(QStringLiteral("sign"),
+                                             tr("Sign with the private key in this PEM file (- for standard input)."),
+                                             QStringLiteral("private.pem")));
+    commandLine.addOption(QCommandLineOption(QStringLiteral("signer"), tr("Name of the signer, stored with the signature."),
+                                             QStringLiteral("name")));
+    commandLine.addOption(QCommandLineOption(QStringLiteral("digest"),
+                                             tr("Digest algorithm: SHA256 (the default), SHA384, SHA512, SHA224, SHA1 or MD5."),
+                                             QStringLiteral("name"), QStringLiteral("SHA256")));
+    if (!commandLine.parse(arguments, 2, 2))
+        return 0;
+    const QString input = commandLine.positional().at(0);
+    const QString output = commandLine.positional().at(1);
+
+    bool ok = false;
+    const int level = commandLine.value(QStringLiteral("compress")).toInt(&ok);
+    if (!ok || level < ko::ZlibDevice::k_defaultCompression || level > ko::ZlibDevice::k_bestCompression)
+        throw CommandError(tr("%1: the compression level must be -1 or 0 to 9").arg(command), 2);
+    const auto algorithm =
+        ko::crypto::MessageDigest::algorithmFromName(commandLine.value(QStringLiteral("digest")).toStdString());
+    if (algorithm == ko::crypto::MessageDigest::Unknown)
+        throw CommandError(tr("%1: unknown digest algorithm '%2'").arg(command, commandLine.value(QStringLiteral("digest"))), 2);
+    if (commandLine.isSet(QStringLiteral("signer")) && !commandLine.isSet(QStringLiteral("sign")))
+        throw CommandError(tr("%1: --signer needs --sign").arg(command), 2);
+    checkSingleStandardInput(commandLine, {QStringLiteral("key-file"), QStringLiteral("sign")}, command);
+    if (QFileInfo(input).absoluteFilePath() == QFileInfo(output).absoluteFilePath())
+        throw CommandError(tr("%1: the input and the output are the same file").arg(command), 2);
+
+    QFile in(input);
+    if (!in.open(QIODevice::ReadOnly))
+        throw CommandError(tr("%1: cannot read %2: %3").arg(command, input, in.errorString()));
+    const secure_string key = keyFromOptions(commandLine, command);
+    ko::crypto::RSAKeyPair keyPair;
+    if (commandLine.isSet(QStringLiteral("sign")))
+        keyPair = loadKeyPair(commandLine.value(QStringLiteral("sign")), true, command);
+
+    const DiagnosticCapture diagnostics;
+    ko::EncryptedFile container;
+    if (!container.create(QFileInfo(output), key, level, algorithm))
+        throw CommandError(tr("%1: cannot create %2").arg(command, output) + diagnostics.reason());
+    QByteArray block(k_copyBlock, Qt::Uninitialized);
+    for (;;) {
+        const qint64 n = in.read(block.data(), block.size());
+        if (n < 0 || (n > 0 && container.write(block.constData(), n) != n)) {
+            container.close();
+            QFile::remove(output);
+            throw CommandError(tr("%1: copying %2 failed").arg(command, input));
+        }
+        if (n == 0)
+            break;
+    }
+    container.close(keyPair, commandLine.value(QStringLiteral("signer")));
+    const json::Variant meta = ko::EncryptedFile::metaInfo(QFileInfo(output));
+    if (!meta.isObject())
+        throw CommandError(tr("%1: writing %2 failed").arg(command, output) + diagnostics.reason());
+    QTextStream(stdout) << tr("Sealed %1 bytes of %2 into %3 (%4).")
+                               .arg(meta.value("content-length").toInt64())
+                               .arg(input, output, describeStorage(meta))
+                        << "\n";
+    return 0;
+}
+
+int runExtract(const QStringList& arguments)
+{
+    const QString command = QStringLiteral("container extract");
+    CommandLine commandLine(command, tr("Writes the plain contents of a container to a file."));
+    commandLine.addPositional(QStringLiteral("container"), tr("The container file."));
+    commandLine.addPositional(QStringLiteral("output"), tr("The file to write."));
+    commandLine.addOption(keyFileOption());
+    if (!commandLine.parse(arguments, 2, 2))
+        return 0;
+    const QString input = commandLine.positional().at(0);
+    const QString output = commandLine.positional().at(1);
+    if (QFileInfo(input).absoluteFilePath() == QFileInfo(output).absoluteFilePath())
+        throw CommandError(tr("%1: the input and the output are the same file").arg(command), 2);
+
+    const secure_string key = keyFromOptions(commandLine, command);
+    ko::EncryptedFile container;
+    openContainer(container, input, key, command);
+    QFile out(output);
+    if (!out.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        throw CommandError(tr("%1: cannot write %2: %3").arg(command, output, out.errorString()));
+    QByteArray block(k_copyBlock, Qt::Uninitialized);
+    qint64 total = 0;
+    for (;;) {
+        const qint64 n = container.read(block.data(), block.size());
+        if (n < 0) {
+            const QString reason = container.errorString();
+            out.close();
+            QFile::remove(output);
+            throw CommandError(tr("%1: cannot read the contents of %2 (wrong key or damaged file): %3")
+                                   .arg(command, input, reason));
+        }
+        if (n == 0)
+            break;
+        if (out.write(block.constData(), n) != n) {
+            const QString reason = out.errorString();
+            out.close();
+            QFile::remove(output);
+            throw CommandError(tr("%1: cannot write %2: %3").arg(command, output, reason));
+        }
+        total += n;
+    }
+    out.close();
+    const std::int64_t recorded = container.metaInfo().value("content-length").toInt64(-1);
+    if (recorded != total) {
+        QFile::remove(output);
+        throw CommandError(tr("%1: %2 holds %3 bytes, but its metadata records %4").arg(command, input).arg(total).arg(recorded));
+    }
+    QTextStream(stdout) << tr("Extracted %1 bytes from %2 into %3.").arg(total).arg(input, output) << "\n";
+    return 0;
+}
+
+int runInfo(const QStringList& arguments)
+{
+    const QString command = QStringLiteral("container info");
+    CommandLine commandLine(command, tr("Shows the metadata of a container (no key needed)."));
+    commandLine.addPositional(QStringLiteral("container"), tr("The container file."));
+    if (!commandLine.parse(arguments, 1, 1))
+        return 0;
+    const QString path = commandLine.positional().at(0);
+    if (!QFileInfo::exists(path))
+        throw CommandError(tr("%1: %2 does not exist").arg(command, path));
+    const DiagnosticCapture diagnostics;
+    const json::Variant meta = ko::EncryptedFile::metaInfo(QFileInfo(path));
+    if (!meta.isObject())
+        throw CommandError(tr("%1: %2 is not a container or its trailer is damaged").arg(command, path) + diagnostics.reason());
+    QTextStream(stdout) << QString::fromStdString(json::JsonPrinter::toString(meta)) << "\n";
+    return 0;
+}
+
+int runVerify(const QStringList& arguments)
+{
+    const QString command = QStringLiteral("container verify");
+    CommandLine commandLine(command, tr("Checks the signature of a container with a public key."));
+    commandLine.addPositional(QStringLiteral("container"), tr("The container file."));
+    commandLine.addOption(QCommandLineOption(QStringLiteral("public"),
+                                             tr("The public key as a PEM file (- for standard input)."),
+                                             QStringLiteral("public.pem")));
+    commandLine.addOption(keyFileOption());
+    if (!commandLine.parse(arguments, 1, 1))
+        return 0;
+    if (!commandLine.isSet(QStringLiteral("public")))
+        throw CommandError(tr("%1: give the public key with --public").arg(command), 2);
+    checkSingleStandardInput(commandLine, {QStringLiteral("key-file"), QStringLiteral("public")}, command);
+    const QString path = commandLine.positional().at(0);
+    const ko::crypto::RSAKeyPair keyPair = loadKeyPair(commandLine.value(QStringLiteral("public")), false, command);
+    const secure_string key = keyFromOptions(commandLine, command);
+
+    ko::EncryptedFile container;
+    openContainer(container, path, key, command);
+    const json::Variant meta = container.metaInfo();
+    if (!meta.contains("signature"))
+        throw CommandError(tr("%1: %2 is not signed").arg(command, path));
+    const DiagnosticCapture diagnostics;
+    if (!container.verify(keyPair))
+        throw CommandError(tr("%1: the signature of %2 is NOT valid").arg(command, path) + diagnostics.reason());
+    const std::string signer = meta.value("signer").toString();
+    QTextStream(stdout) << (signer.empty() ? tr("The signature of %1 is valid.").arg(path)
+                                           : tr("The signature of %1 by %2 is valid.").arg(path, QString::fromStdString(signer)))
+                        << "\n";
+    return 0;
+}
+
+int runContainer(const QStringList& arguments)
+{
+    const QString action = arguments.value(1);
+    if (action == QLatin1String("create"))
+        return runCreate(arguments.mid(1));
+    if (action == QLatin1String("extract"))
+        return runExtract(arguments.mid(1));
+    if (action == QLatin1String("info"))
+        return runInfo(arguments.mid(1));
+    if (action == QLatin1String("verify"))
+        return runVerify(arguments.mid(1));
+    if (action == QLatin1String("--help") || action == QLatin1String("-h")) {
+        QTextStream(stdout)
+            << tr("Usage: commonkit container <action> [options] [arguments]") << "\n\n"
+            << tr("Actions:") << "\n"
+            << "  create IN OUT [--key-file F] [--compress N] [--sign PRIVATE.pem [--signer NAME]] [--digest NAME]\n"
+            << "  extract IN OUT [--key-file F]\n"
+            << "  info FILE\n"
+            << "  verify FILE --public PUBLIC.pem [--key-file F]\n\n"
+            << tr("Keys come from files, or from standard input with -; never from the command line.") << "\n"
+            << tr("Run 'commonkit container <action> --help' for the options of an action.") << "\n"
+            << tr("Global options: --help, --version, --lang de|fr.") << "\n";
+        return 0;
+    }
+    if (action.isEmpty())
+        throw CommandError(tr("container: give an action: create, extract, info or verify"), 2);
+    throw CommandError(tr("container: unknown action '%1' (use create, extract, info or verify)").arg(action), 2);
+}
+
+const CommandRegistration registration(
+    {"container", QT_TRANSLATE_NOOP("cktool", "Seal, extract, show and verify encrypted containers"), runContainer});
+
+} // namespace
+} // namespace cktool
