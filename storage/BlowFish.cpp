@@ -1,4 +1,5 @@
 #include "storage/BlowFish.h"
+#include "storage/OpenSslLegacy.h"
 
 #include "support/core/Log.h"
 
@@ -7,17 +8,6 @@
 
 #include <cstring>
 #include <memory>
-
-// libcrypto 3 marks the low-level Blowfish functions deprecated; the routine
-// is defined by them. Silence exactly those calls.
-#if defined(_MSC_VER)
-#  define COMMONKIT_OPENSSL_LEGACY_BEGIN __pragma(warning(push)) __pragma(warning(disable : 4996))
-#  define COMMONKIT_OPENSSL_LEGACY_END __pragma(warning(pop))
-#else
-#  define COMMONKIT_OPENSSL_LEGACY_BEGIN \
-      _Pragma("GCC diagnostic push") _Pragma("GCC diagnostic ignored \"-Wdeprecated-declarations\"")
-#  define COMMONKIT_OPENSSL_LEGACY_END _Pragma("GCC diagnostic pop")
-#endif
 
 namespace ko {
 

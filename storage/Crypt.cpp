@@ -4,6 +4,7 @@
 
 #include "storage/Crypt.h"
 #include "storage/DesCrypt.h"
+#include "storage/OpenSslLegacy.h"
 
 #include "support/core/Log.h"
 #include "support/core/QtDeprecated.h"
@@ -16,17 +17,6 @@
 
 #include <cstdlib>
 #include <ctime>
-
-// libcrypto 3 marks its DES crypt and the low-level MD5 functions deprecated;
-// they are what these functions are defined by. Silence exactly those calls.
-#if defined(_MSC_VER)
-#  define COMMONKIT_OPENSSL_LEGACY_BEGIN __pragma(warning(push)) __pragma(warning(disable : 4996))
-#  define COMMONKIT_OPENSSL_LEGACY_END __pragma(warning(pop))
-#else
-#  define COMMONKIT_OPENSSL_LEGACY_BEGIN \
-      _Pragma("GCC diagnostic push") _Pragma("GCC diagnostic ignored \"-Wdeprecated-declarations\"")
-#  define COMMONKIT_OPENSSL_LEGACY_END _Pragma("GCC diagnostic pop")
-#endif
 
 namespace kogen {
 
