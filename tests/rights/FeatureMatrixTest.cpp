@@ -210,6 +210,11 @@ TEST_F(FeatureMatrixStore, LoadStopsAtTheFirstMissingWord)
     changed->load(&settings);
     EXPECT_TRUE(changed->isAllowed(1, 15));
     EXPECT_TRUE(changed->isDirty());
+    // With a further word present that look succeeds and the read completes.
+    write(2, 16, "0+12345+");
+    changed->load(&settings);
+    EXPECT_FALSE(changed->isAllowed(0, 0));
+    EXPECT_FALSE(changed->isDirty());
 }
 
 TEST_F(FeatureMatrixStore, IncompatibleStoredDimensionsAreLoggedAndChangeNothing)
