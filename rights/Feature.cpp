@@ -2,14 +2,13 @@
 
 namespace ko {
 
-Feature::Feature(int id) : m_id(id) {}
+Feature::Feature(int id) : RightsItem(id) {}
 
 Feature::~Feature() = default;
 
-FeatureGroup::FeatureGroup(int id) : m_id(id) {}
+FeatureGroup::FeatureGroup(int id) : RightsItem(id) {}
 
-FeatureGroup::FeatureGroup(const FeatureGroup& other)
-    : m_id(other.m_id), m_description(other.m_description), m_tooltip(other.m_tooltip)
+FeatureGroup::FeatureGroup(const FeatureGroup& other) : RightsItem(other)
 {
     for (auto it = other.m_features.cbegin(); it != other.m_features.cend(); ++it)
         m_features.insert(it.key(), new Feature(*it.value()));
@@ -24,9 +23,7 @@ FeatureGroup& FeatureGroup::operator=(const FeatureGroup& other)
     for (auto it = other.m_features.cbegin(); it != other.m_features.cend(); ++it)
         copies.insert(it.key(), new Feature(*it.value()));
     deleteFeatures();
-    m_id = other.m_id;
-    m_description = other.m_description;
-    m_tooltip = other.m_tooltip;
+    RightsItem::operator=(other);
     m_features = copies;
     return *this;
 }
@@ -49,7 +46,7 @@ void FeatureGroup::addFeature(Feature* feature)
         m_features.insert(feature->feature(), feature);
 }
 
-UserGroup::UserGroup(int id) : m_id(id) {}
+UserGroup::UserGroup(int id) : RightsItem(id) {}
 
 UserGroup::~UserGroup() = default;
 

@@ -7,21 +7,27 @@
 
 namespace ko {
 
-// A feature of the application that the rights matrix controls, known by the
-// id the application gives it.
-class COMMONKIT_EXPORT Feature
+namespace detail {
+
+// What features, feature groups and user groups all carry: the id the
+// application gives them and two texts for the user interface, empty until
+// set. Each class names its id accessor after itself.
+class COMMONKIT_EXPORT RightsItem
 {
 public:
-    explicit Feature(int id);
-    Feature(const Feature& other) = default;
-    Feature& operator=(const Feature& other) = default;
-    virtual ~Feature();
-
-    int feature() const { return m_id; }
     QString description() const { return m_description; }
     void setDescription(const QString& description) { m_description = description; }
     QString tooltip() const { return m_tooltip; }
     void setTooltip(const QString& tooltip) { m_tooltip = tooltip; }
+
+protected:
+    explicit RightsItem(int id) : m_id(id) {}
+    // Not virtual: objects are deleted through their own classes only.
+    ~RightsItem() = default;
+    RightsItem(const RightsItem& other) = default;
+    RightsItem& operator=(const RightsItem& other) = default;
+
+    int id() const { return m_id; }
 
 private:
     int m_id;
@@ -29,9 +35,24 @@ private:
     QString m_tooltip;
 };
 
+} // namespace detail
+
+// A feature of the application that the rights matrix controls, known by the
+// id the application gives it.
+class COMMONKIT_EXPORT Feature : public detail::RightsItem
+{
+public:
+    explicit Feature(int id);
+    Feature(const Feature& other) = default;
+    Feature& operator=(const Feature& other) = default;
+    virtual ~Feature();
+
+    int feature() const { return id(); }
+};
+
 // A group of features; one row of the rights matrix. The group owns its
 // features.
-class COMMONKIT_EXPORT FeatureGroup
+class COMMONKIT_EXPORT FeatureGroup : public detail::RightsItem
 {
 public:
     explicit FeatureGroup(int id);
@@ -41,11 +62,7 @@ public:
     FeatureGroup& operator=(const FeatureGroup& other);
     virtual ~FeatureGroup();
 
-    int featureGroup() const { return m_id; }
-    QString description() const { return m_description; }
-    void setDescription(const QString& description) { m_description = description; }
-    QString tooltip() const { return m_tooltip; }
-    void setTooltip(const QString& tooltip) { m_tooltip = tooltip; }
+    int featureGroup() const { return id(); }
 
     // Stores the feature under its id and takes ownership. An earlier feature
     // of the same id is replaced but not deleted: it goes back to the caller.
@@ -58,14 +75,11 @@ public:
 private:
     void deleteFeatures();
 
-    int m_id;
-    QString m_description;
-    QString m_tooltip;
     QMap<int, Feature*> m_features;
 };
 
 // A group of users; one column of the rights matrix.
-class COMMONKIT_EXPORT UserGroup
+class COMMONKIT_EXPORT UserGroup : public detail::RightsItem
 {
 public:
     explicit UserGroup(int id);
@@ -73,16 +87,7 @@ public:
     UserGroup& operator=(const UserGroup& other) = default;
     virtual ~UserGroup();
 
-    int userGroup() const { return m_id; }
-    QString description() const { return m_description; }
-    void setDescription(const QString& description) { m_description = description; }
-    QString tooltip() const { return m_tooltip; }
-    void setTooltip(const QString& tooltip) { m_tooltip = tooltip; }
-
-private:
-    int m_id;
-    QString m_description;
-    QString m_tooltip;
+    int userGroup() const { return id(); }
 };
 
 } // namespace ko

@@ -94,96 +94,108 @@
         <translation>Die in einer Einstellungsdatei gespeicherte Rechtematrix zeigen</translation>
     </message>
     <message>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="27"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="28"/>
         <source>Live video</source>
         <translation>Live-Video</translation>
     </message>
     <message>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="27"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="28"/>
         <source>Playback</source>
         <translation>Wiedergabe</translation>
     </message>
     <message>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="28"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="29"/>
         <source>Export</source>
         <translation>Export</translation>
     </message>
     <message>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="34"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="35"/>
         <source>Operators</source>
         <translation>Bediener</translation>
     </message>
     <message>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="34"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="35"/>
         <source>Investigators</source>
         <translation>Ermittler</translation>
     </message>
     <message>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="35"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="36"/>
         <source>Administrators</source>
         <translation>Administratoren</translation>
     </message>
     <message>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="56"/>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="68"/>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="95"/>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="105"/>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="113"/>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="129"/>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="142"/>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="162"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="57"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="69"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="96"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="106"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="114"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="130"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="143"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="176"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="197"/>
         <source>yes</source>
         <translation>ja</translation>
     </message>
     <message>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="56"/>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="68"/>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="95"/>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="105"/>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="113"/>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="129"/>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="142"/>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="162"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="57"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="69"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="96"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="106"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="114"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="130"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="143"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="176"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="197"/>
         <source>no</source>
         <translation>nein</translation>
     </message>
     <message>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="94"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="95"/>
         <source>A new %1 x %2 matrix allows everything; dirty: %3</source>
         <translation>Eine neue %1 x %2-Matrix erlaubt alles; geändert: %3</translation>
     </message>
     <message>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="104"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="105"/>
         <source>After granting rights (* = locked in the user interface); dirty: %1</source>
         <translation>Nach dem Vergeben der Rechte (* = in der Benutzeroberfläche gesperrt); geändert: %1</translation>
     </message>
     <message>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="112"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="113"/>
         <source>Investigators may seek recordings (Playback forbidden, Export allowed): %1</source>
         <translation>Ermittler dürfen in Aufzeichnungen springen (Wiedergabe verboten, Export erlaubt): %1</translation>
     </message>
     <message>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="124"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="125"/>
         <source>Saved to %1: Rows=%2, Columns=%3, Matrix=&quot;%4&quot;; dirty: %5</source>
         <translation>Gespeichert in %1: Rows=%2, Columns=%3, Matrix=&quot;%4&quot;; geändert: %5</translation>
     </message>
     <message>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="138"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="139"/>
         <source>Loaded into a fresh matrix (locks are not saved; the application sets them):</source>
         <translation>In eine neue Matrix geladen (Sperren werden nicht gespeichert; die Anwendung setzt sie):</translation>
     </message>
     <message>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="141"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="142"/>
         <source>Equal to the saved one: %1; dirty: %2</source>
         <translation>Gleich der gespeicherten: %1; geändert: %2</translation>
     </message>
     <message>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="161"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="165"/>
+        <source>Copied client.ini to backup.ini without the keys ending in &quot;Password&quot;: %1</source>
+        <translation>client.ini nach backup.ini kopiert, ohne die Schlüssel, die auf &quot;Password&quot; enden: %1</translation>
+    </message>
+    <message>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="175"/>
+        <source>The matrix loaded from the backup&apos;s group Client equals the saved one: %1</source>
+        <translation>Die aus der Gruppe Client der Sicherung geladene Matrix gleicht der gespeicherten: %1</translation>
+    </message>
+    <message>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="196"/>
         <source>A 3 x 2 matrix refuses the 3 x 3 grid and keeps its cells: %1</source>
         <translation>Eine 3 x 2-Matrix weist das 3 x 3-Raster zurück und behält ihre Zellen: %1</translation>
     </message>
     <message>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="170"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="205"/>
         <source>Rights matrix</source>
         <translation>Rechtematrix</translation>
     </message>

@@ -94,96 +94,108 @@
         <translation>Afficher la matrice de droits enregistrée dans un fichier de paramètres</translation>
     </message>
     <message>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="27"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="28"/>
         <source>Live video</source>
         <translation>Vidéo en direct</translation>
     </message>
     <message>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="27"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="28"/>
         <source>Playback</source>
         <translation>Lecture</translation>
     </message>
     <message>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="28"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="29"/>
         <source>Export</source>
         <translation>Exportation</translation>
     </message>
     <message>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="34"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="35"/>
         <source>Operators</source>
         <translation>Opérateurs</translation>
     </message>
     <message>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="34"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="35"/>
         <source>Investigators</source>
         <translation>Enquêteurs</translation>
     </message>
     <message>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="35"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="36"/>
         <source>Administrators</source>
         <translation>Administrateurs</translation>
     </message>
     <message>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="56"/>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="68"/>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="95"/>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="105"/>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="113"/>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="129"/>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="142"/>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="162"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="57"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="69"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="96"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="106"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="114"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="130"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="143"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="176"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="197"/>
         <source>yes</source>
         <translation>oui</translation>
     </message>
     <message>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="56"/>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="68"/>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="95"/>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="105"/>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="113"/>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="129"/>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="142"/>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="162"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="57"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="69"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="96"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="106"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="114"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="130"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="143"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="176"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="197"/>
         <source>no</source>
         <translation>non</translation>
     </message>
     <message>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="94"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="95"/>
         <source>A new %1 x %2 matrix allows everything; dirty: %3</source>
         <translation>Une nouvelle matrice %1 x %2 autorise tout ; modifiée : %3</translation>
     </message>
     <message>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="104"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="105"/>
         <source>After granting rights (* = locked in the user interface); dirty: %1</source>
         <translation>Après l&apos;attribution des droits (* = verrouillé dans l&apos;interface) ; modifiée : %1</translation>
     </message>
     <message>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="112"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="113"/>
         <source>Investigators may seek recordings (Playback forbidden, Export allowed): %1</source>
         <translation>Les enquêteurs peuvent parcourir les enregistrements (Lecture interdite, Exportation autorisée) : %1</translation>
     </message>
     <message>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="124"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="125"/>
         <source>Saved to %1: Rows=%2, Columns=%3, Matrix=&quot;%4&quot;; dirty: %5</source>
         <translation>Enregistrée dans %1 : Rows=%2, Columns=%3, Matrix=&quot;%4&quot; ; modifiée : %5</translation>
     </message>
     <message>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="138"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="139"/>
         <source>Loaded into a fresh matrix (locks are not saved; the application sets them):</source>
         <translation>Chargée dans une nouvelle matrice (les verrous ne sont pas enregistrés ; l&apos;application les pose) :</translation>
     </message>
     <message>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="141"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="142"/>
         <source>Equal to the saved one: %1; dirty: %2</source>
         <translation>Identique à celle enregistrée : %1 ; modifiée : %2</translation>
     </message>
     <message>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="161"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="165"/>
+        <source>Copied client.ini to backup.ini without the keys ending in &quot;Password&quot;: %1</source>
+        <translation>client.ini copié dans backup.ini sans les clés se terminant par « Password » : %1</translation>
+    </message>
+    <message>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="175"/>
+        <source>The matrix loaded from the backup&apos;s group Client equals the saved one: %1</source>
+        <translation>La matrice chargée depuis le groupe Client de la sauvegarde est identique à celle enregistrée : %1</translation>
+    </message>
+    <message>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="196"/>
         <source>A 3 x 2 matrix refuses the 3 x 3 grid and keeps its cells: %1</source>
         <translation>Une matrice 3 x 2 refuse la grille 3 x 3 et garde ses cellules : %1</translation>
     </message>
     <message>
-        <location filename="../../tools/commonkit/RightsDemo.cpp" line="170"/>
+        <location filename="../../tools/commonkit/RightsDemo.cpp" line="205"/>
         <source>Rights matrix</source>
         <translation>Matrice de droits</translation>
     </message>

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QFile>
+#include <QMap>
 #include <QSettings>
 #include <QTemporaryDir>
 
@@ -36,6 +38,26 @@ bool patternCell(int seed, int row, int column)
     return (x & 3u) != 0;
 }
 
+// The "key=value" lines of the section [FeatureMatrix] as the file on disk
+// holds them, read without QSettings (whose in-process cache would also answer
+// for a store that was never written).
+QMap<QByteArray, QByteArray> sectionOnDisk(const QString& file)
+{
+    QMap<QByteArray, QByteArray> entries;
+    QFile in(file);
+    if (!in.open(QIODevice::ReadOnly))
+        return entries;
+    bool inSection = false;
+    for (const QByteArray& rawLine : in.readAll().split('\n')) {
+        const QByteArray line = rawLine.trimmed();
+        if (line.startsWith('['))
+            inSection = line == "[FeatureMatrix]";
+        else if (inSection && line.contains('='))
+            entries.insert(line.left(line.indexOf('=')), line.mid(line.indexOf('=') + 1));
+    }
+    return entries;
+}
+
 class FeatureMatrixFile : public ::testing::TestWithParam<QSettings::Format>
 {
 protected:
@@ -63,6 +85,14 @@ TEST_P(FeatureMatrixFile, RoundTripsGridsOfManyShapes)
                 source->save(&settings);
             }
             EXPECT_FALSE(source->isDirty()) << label;
+#if !defined(Q_OS_WIN) && !defined(Q_OS_DARWIN)
+            // Both formats write an INI file here.
+            EXPECT_EQ(sectionOnDisk(file),
+                      (QMap<QByteArray, QByteArray>{{"Rows", QByteArray::number(shape.rows)},
+                                                    {"Columns", QByteArray::number(shape.columns)},
+                                                    {"Matrix", "@ByteArray(" + rightstest::packedText(expected) + ")"}}))
+                << label;
+#endif
             QSettings raw(file, format);
             EXPECT_EQ(raw.value(QStringLiteral("FeatureMatrix/Rows")).toInt(), shape.rows) << label;
             EXPECT_EQ(raw.value(QStringLiteral("FeatureMatrix/Columns")).toInt(), shape.columns) << label;
@@ -86,6 +116,38 @@ TEST_P(FeatureMatrixFile, RoundTripsGridsOfManyShapes)
                 EXPECT_EQ(target->isDirty(), cells % 32 == 0 && changed) << label << (opposite ? " opposite" : " fresh");
             }
         }
+    }
+}
+
+TEST_P(FeatureMatrixFile, LoadsFilesWrittenByOtherMeans)
+{
+#if defined(Q_OS_WIN) || defined(Q_OS_DARWIN)
+    if (GetParam() == QSettings::NativeFormat)
+        GTEST_SKIP() << "the native format is not INI text here";
+#endif
+    // 3 x 3, row by row: 1 0 1 / 0 0 1 / 0 1 1, which packs to 421.
+    const bool expected[] = {true, false, true, false, false, true, false, true, true};
+    struct Case { const char* content; const char* outerGroup; };
+    const Case cases[] = {
+        {"[FeatureMatrix]\nColumns=3\nMatrix=@ByteArray(421+)\nRows=3\n", nullptr},
+        {"[General]\nLanguage=de\n\n[FeatureMatrix]\nRows=3\nColumns=3\nMatrix=421+\n", nullptr}, // a plain string
+        {"[Client]\nFeatureMatrix\\Rows=3\nFeatureMatrix\\Columns=3\nFeatureMatrix\\Matrix=@ByteArray(421+)\n", "Client"},
+    };
+    int fileNumber = 0;
+    for (const Case& c : cases) {
+        const QString file = m_dir.filePath(QStringLiteral("written%1.ini").arg(fileNumber++));
+        QFile out(file);
+        ASSERT_TRUE(out.open(QIODevice::WriteOnly));
+        out.write(c.content);
+        out.close();
+        auto matrix = makeMatrix(3, 3);
+        ko::Settings settings(file, GetParam());
+        if (c.outerGroup)
+            settings.beginGroup(QString::fromLatin1(c.outerGroup));
+        matrix->load(&settings);
+        for (int index = 0; index < 9; ++index)
+            EXPECT_EQ(matrix->isAllowed(index / 3, index % 3), expected[index]) << c.content << " cell " << index;
+        EXPECT_FALSE(matrix->isDirty()) << c.content;
     }
 }
 

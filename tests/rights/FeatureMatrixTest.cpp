@@ -51,6 +51,39 @@ TEST(FeatureMatrix, OwnsGroupsAndFeaturesAndReplacesEntriesById)
     EXPECT_NE(assigned.features().value(10), seek);
 }
 
+// Features and both kinds of group keep their id and texts, and copies
+// (constructed or assigned) take all three.
+template<typename Item>
+void checkIdAndTexts(int (Item::*idOf)() const)
+{
+    Item item(7);
+    EXPECT_EQ((item.*idOf)(), 7);
+    EXPECT_TRUE(item.description().isEmpty());
+    EXPECT_TRUE(item.tooltip().isEmpty());
+    item.setDescription(QStringLiteral("Playback"));
+    item.setTooltip(QStringLiteral("Recorded video"));
+    EXPECT_EQ(item.description(), QStringLiteral("Playback"));
+    EXPECT_EQ(item.tooltip(), QStringLiteral("Recorded video"));
+
+    const Item copy(item);
+    Item assigned(3);
+    assigned.setTooltip(QStringLiteral("old"));
+    assigned = item;
+    item.setDescription(QStringLiteral("changed"));
+    for (const Item* other : {&copy, static_cast<const Item*>(&assigned)}) {
+        EXPECT_EQ((other->*idOf)(), 7);
+        EXPECT_EQ(other->description(), QStringLiteral("Playback"));
+        EXPECT_EQ(other->tooltip(), QStringLiteral("Recorded video"));
+    }
+}
+
+TEST(FeatureMatrix, FeaturesAndGroupsKeepTheirIdAndTexts)
+{
+    checkIdAndTexts(&ko::Feature::feature);
+    checkIdAndTexts(&ko::FeatureGroup::featureGroup);
+    checkIdAndTexts(&ko::UserGroup::userGroup);
+}
+
 TEST(FeatureMatrix, FeatureIsAllowedWhenAnyOfItsGroupsIs)
 {
     // Feature 7 is in groups 0 and 2, feature 8 only in group 1.
@@ -177,6 +210,11 @@ TEST_F(FeatureMatrixStore, LoadStopsAtTheFirstMissingWord)
     changed->load(&settings);
     EXPECT_TRUE(changed->isAllowed(1, 15));
     EXPECT_TRUE(changed->isDirty());
+    // With a further word present that look succeeds and the read completes.
+    write(2, 16, "0+12345+");
+    changed->load(&settings);
+    EXPECT_FALSE(changed->isAllowed(0, 0));
+    EXPECT_FALSE(changed->isDirty());
 }
 
 TEST_F(FeatureMatrixStore, IncompatibleStoredDimensionsAreLoggedAndChangeNothing)

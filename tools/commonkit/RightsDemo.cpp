@@ -1,4 +1,5 @@
-// Demo section: a rights matrix saved to a settings file and loaded back.
+// Demo section: a rights matrix saved to a settings file and loaded back, and
+// a settings file copied without its passwords.
 
 #include "Command.h"
 #include "Demo.h"
@@ -142,6 +143,40 @@ bool runRightsDemo(DemoContext& context)
                .arg(equal ? tr("yes") : tr("no"), loaded->isDirty() ? tr("yes") : tr("no"))
         << "\n";
     ok = ok && equal && !loaded->isDirty();
+
+    // A client's settings with the matrix in its own group and a password
+    // beside it, copied to a backup that leaves out every key ending in
+    // "Password".
+    const QString clientFile = context.path(QStringLiteral("client.ini"));
+    const QString backupFile = context.path(QStringLiteral("backup.ini"));
+    {
+        QSettings client(clientFile, QSettings::IniFormat);
+        client.setValue(QStringLiteral("Client/Login/User"), QStringLiteral("operator"));
+        client.setValue(QStringLiteral("Client/Login/Password"), QStringLiteral("secret"));
+        ko::Settings settings(&client);
+        settings.beginGroup(QStringLiteral("Client"));
+        matrix->save(&settings);
+        settings.endGroup();
+        QSettings backup(backupFile, QSettings::IniFormat);
+        backup.setValue(QStringLiteral("Stale"), 1);
+        ok = assign(backup, client, {QStringLiteral("Password")}) && ok;
+    }
+    const QSettings backup(backupFile, QSettings::IniFormat);
+    out << tr("Copied client.ini to backup.ini without the keys ending in \"Password\": %1")
+               .arg(backup.allKeys().join(QStringLiteral(", ")))
+        << "\n";
+    auto restored = buildMatrix();
+    {
+        ko::Settings settings(backupFile, QSettings::IniFormat);
+        settings.beginGroup(QStringLiteral("Client"));
+        restored->load(&settings);
+    }
+    const bool restoredEqual = sameGrid(*matrix, *restored);
+    out << tr("The matrix loaded from the backup's group Client equals the saved one: %1")
+               .arg(restoredEqual ? tr("yes") : tr("no"))
+        << "\n";
+    ok = ok && restoredEqual && !backup.contains(QStringLiteral("Client/Login/Password"))
+        && !backup.contains(QStringLiteral("Stale")) && backup.contains(QStringLiteral("Client/Login/User"));
 
     // A matrix with another number of user groups refuses the saved grid.
     ko::FeatureMatrix smaller(FeatureGroupCount, 2);
