@@ -13,6 +13,23 @@ namespace {
 using cktest::runTool;
 using cktest::ToolRun;
 
+// The subcommands the tool lists in its help.
+QStringList commandNames()
+{
+    const ToolRun run = runTool({QStringLiteral("--help")});
+    QStringList names;
+    bool inList = false;
+    for (const QString& line : run.out.split(QLatin1Char('\n'))) {
+        if (line == QLatin1String("Commands:"))
+            inList = true;
+        else if (inList && line.startsWith(QLatin1String("  ")))
+            names.append(line.trimmed().section(QLatin1Char(' '), 0, 0));
+        else if (inList)
+            break;
+    }
+    return names;
+}
+
 TEST(Tool, TimeShowsFieldsAndTextsOfAFrameTime)
 {
     const ToolRun run = runTool({QStringLiteral("time"), QStringLiteral("1500000")}, "XYZ-1");
@@ -65,16 +82,42 @@ TEST(Tool, BadInputGivesOneLineAndNonZeroExit)
 
 TEST(Tool, EverySubcommandHasHelpAndTheToolHasAVersion)
 {
-    for (const char* command : {"time", "fourcc", "stamp", "demo"}) {
-        const ToolRun run = runTool({QString::fromLatin1(command), QStringLiteral("--help")});
-        EXPECT_EQ(run.exitCode, 0) << command;
-        EXPECT_TRUE(run.out.contains(QStringLiteral("--lang"))) << command;
-        EXPECT_TRUE(run.out.startsWith(QStringLiteral("Usage: commonkit %1 ").arg(QLatin1String(command))))
+    const QStringList commands = commandNames();
+    ASSERT_GE(commands.size(), 4);
+    for (const QString& command : commands) {
+        const ToolRun run = runTool({command, QStringLiteral("--help")});
+        EXPECT_EQ(run.exitCode, 0) << command.toStdString();
+        EXPECT_TRUE(run.out.contains(QStringLiteral("--lang"))) << command.toStdString();
+        EXPECT_TRUE(run.out.startsWith(QStringLiteral("Usage: commonkit %1 ").arg(command)))
             << run.out.toStdString();
     }
     const ToolRun version = runTool({QStringLiteral("--version")});
     EXPECT_EQ(version.exitCode, 0);
     EXPECT_TRUE(version.out.startsWith(QStringLiteral("commonkit ")));
+}
+
+TEST(Tool, HelpOfEverySubcommandIsTranslated)
+{
+    // The parser's own texts ("Options:", the --help line, ...) must follow
+    // --lang as well as the subcommand's texts.
+    const QStringList english = {QStringLiteral("Usage:"), QStringLiteral("Options:"), QStringLiteral("Arguments:"),
+                                 QStringLiteral("Displays help")};
+    for (const QString& command : commandNames()) {
+        const QString description = runTool({command, QStringLiteral("--help")}).out.section(QLatin1Char('\n'), 1, 1);
+        for (const char* language : {"de", "fr"}) {
+            const ToolRun run = runTool({QStringLiteral("--lang"), QLatin1String(language), command, QStringLiteral("--help")});
+            const std::string where = command.toStdString() + " " + language;
+            EXPECT_EQ(run.exitCode, 0) << where;
+            for (const QString& text : english)
+                EXPECT_FALSE(run.out.contains(text)) << where << ": " << run.out.toStdString();
+            if (!description.isEmpty()) {
+                EXPECT_NE(run.out.section(QLatin1Char('\n'), 1, 1).toStdString(), description.toStdString()) << where;
+            }
+        }
+    }
+    const ToolRun error = runTool({QStringLiteral("--lang"), QStringLiteral("de"), QStringLiteral("time"),
+                                   QStringLiteral("--bogus"), QStringLiteral("1")});
+    EXPECT_EQ(error.err.trimmed().toStdString(), "commonkit: time: Unbekannte Option 'bogus'.");
 }
 
 TEST(Tool, LanguageOptionTranslatesTexts)
