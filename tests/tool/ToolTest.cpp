@@ -90,6 +90,10 @@ TEST(Tool, EverySubcommandHasHelpAndTheToolHasAVersion)
         EXPECT_TRUE(run.out.contains(QStringLiteral("--lang"))) << command.toStdString();
         EXPECT_TRUE(run.out.startsWith(QStringLiteral("Usage: commonkit %1 ").arg(command)))
             << run.out.toStdString();
+        // The parser also offers --help-all; it shows the same help.
+        const ToolRun all = runTool({command, QStringLiteral("--help-all")});
+        EXPECT_EQ(all.exitCode, 0) << command.toStdString() << ": " << all.err.toStdString();
+        EXPECT_EQ(all.out.toStdString(), run.out.toStdString()) << command.toStdString();
     }
     const ToolRun version = runTool({QStringLiteral("--version")});
     EXPECT_EQ(version.exitCode, 0);
