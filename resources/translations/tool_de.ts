@@ -246,5 +246,13 @@
         <source>unknown command '%1' (see commonkit --help)</source>
         <translation>unbekannter Befehl '%1' (siehe commonkit --help)</translation>
     </message>
+    <message>
+        <source>--lang needs a language: de or fr</source>
+        <translation>--lang braucht eine Sprache: de oder fr</translation>
+    </message>
+    <message>
+        <source>no command given (see commonkit --help)</source>
+        <translation>kein Befehl angegeben (siehe commonkit --help)</translation>
+    </message>
 </context>
 </TS>

@@ -246,5 +246,13 @@
         <source>unknown command '%1' (see commonkit --help)</source>
         <translation>commande inconnue « %1 » (voir commonkit --help)</translation>
     </message>
+    <message>
+        <source>--lang needs a language: de or fr</source>
+        <translation>--lang attend une langue : de ou fr</translation>
+    </message>
+    <message>
+        <source>no command given (see commonkit --help)</source>
+        <translation>aucune commande indiquée (voir commonkit --help)</translation>
+    </message>
 </context>
 </TS>

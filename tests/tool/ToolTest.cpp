@@ -71,6 +71,9 @@ TEST(Tool, BadInputGivesOneLineAndNonZeroExit)
         {QStringLiteral("time"), QStringLiteral("--bogus"), QStringLiteral("1")},
         {QStringLiteral("nosuchcommand")},
         {QStringLiteral("--lang"), QStringLiteral("xx"), QStringLiteral("time"), QStringLiteral("1")},
+        {},
+        {QStringLiteral("--lang")},
+        {QStringLiteral("--lang"), QStringLiteral("de")},
     };
     for (const QStringList& arguments : cases) {
         const ToolRun run = runTool(arguments);
