@@ -65,8 +65,8 @@
     </message>
     <message>
         <location filename="../../tools/commonkit/FourccCommand.cpp" line="39" />
-        <source>Shows the 32-bit value of a four-character code, or the letters of a value.</source>
-        <translation>Affiche la valeur 32 bits d'un code de quatre caractères, ou les lettres d'une valeur.</translation>
+        <source>Shows the 32-bit value of a four-character code, or the letters of a value. Bytes that are not printable show as \xNN.</source>
+        <translation>Affiche la valeur 32 bits d'un code de quatre caractères, ou les lettres d'une valeur. Les octets non imprimables s'affichent sous la forme \xNN.</translation>
     </message>
     <message>
         <location filename="../../tools/commonkit/FourccCommand.cpp" line="41" />
@@ -253,6 +253,10 @@
     <message>
         <source>no command given (see commonkit --help)</source>
         <translation>aucune commande indiquée (voir commonkit --help)</translation>
+    </message>
+    <message>
+        <source>fourcc: '%1' is not a 32-bit number</source>
+        <translation>fourcc : « %1 » n'est pas un nombre de 32 bits</translation>
     </message>
 </context>
 </TS>

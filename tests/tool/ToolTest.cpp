@@ -55,8 +55,20 @@ TEST(Tool, FourccConvertsBothWays)
     run = runTool({QStringLiteral("fourcc"), QStringLiteral("0x45787053")});
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_EQ(run.out.trimmed(), QStringLiteral("\"ExpS\""));
-    run = runTool({QStringLiteral("fourcc"), QStringLiteral("1165520979")});
-    EXPECT_EQ(run.out.trimmed(), QStringLiteral("\"ExpS\""));
+    // Values whose bytes are not printable show them escaped, never raw.
+    struct Case { const char* value; const char* letters; };
+    const Case cases[] = {
+        {"1165520979", "\"ExpS\""},
+        {"0x00000001", "\"\\x00\\x00\\x00\\x01\""},
+        {"12345", "\"\\x00\\x0009\""},
+        {"0x5C0A7F9F", "\"\\x5c\\x0a\\x7f\\x9f\""},
+        {"0x41A0E4FF", "\"A\u00a0\u00e4\u00ff\""},
+    };
+    for (const Case& c : cases) {
+        run = runTool({QStringLiteral("fourcc"), QLatin1String(c.value)});
+        EXPECT_EQ(run.exitCode, 0) << c.value;
+        EXPECT_EQ(run.out.toStdString(), std::string(c.letters) + "\n") << c.value;
+    }
 }
 
 TEST(Tool, BadInputGivesOneLineAndNonZeroExit)
@@ -66,6 +78,7 @@ TEST(Tool, BadInputGivesOneLineAndNonZeroExit)
         {QStringLiteral("time"), QStringLiteral("1969-12-31T23:59:59Z")},
         {QStringLiteral("time")},
         {QStringLiteral("fourcc"), QStringLiteral("0xZZ")},
+        {QStringLiteral("fourcc"), QStringLiteral("99999999999")},
         {QStringLiteral("stamp"), QStringLiteral("12:AB"), QStringLiteral("--out"), QStringLiteral("/tmp/x.bmp")},
         {QStringLiteral("stamp"), QStringLiteral("12")},
         {QStringLiteral("time"), QStringLiteral("--bogus"), QStringLiteral("1")},
