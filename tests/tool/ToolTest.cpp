@@ -40,6 +40,24 @@ TEST(Tool, TimeShowsFieldsAndTextsOfAFrameTime)
     EXPECT_TRUE(run.out.contains(QStringLiteral("millisecond 500, microsecond 0")));
 }
 
+TEST(Tool, TimeShowsTheSameInstantInUtcAsInItsFieldsBeyond2106)
+{
+    // The UTC line must not wrap at the end of 32-bit seconds as the fields do not.
+    struct Case { const char* frameTime; const char* local; const char* utc; };
+    const Case cases[] = {
+        {"4294967295999999", "07.02.2106-06:28:15.999", "2106-02-07T06:28:15.999Z"},
+        {"4294967296000000", "07.02.2106-06:28:16.000", "2106-02-07T06:28:16.000Z"},
+        {"253402300800000000", "01.01.10000-00:00:00.000", "10000-01-01T00:00:00.000Z"},
+    };
+    for (const Case& c : cases) {
+        const ToolRun run = runTool({QStringLiteral("time"), QLatin1String(c.frameTime)});
+        EXPECT_EQ(run.exitCode, 0) << c.frameTime;
+        EXPECT_TRUE(run.out.contains(QLatin1String(c.local))) << run.out.toStdString();
+        EXPECT_TRUE(run.out.contains(QStringLiteral("UTC:         %1\n").arg(QLatin1String(c.utc))))
+            << run.out.toStdString();
+    }
+}
+
 TEST(Tool, TimeShowsTheFrameTimeOfADateTime)
 {
     const ToolRun run = runTool({QStringLiteral("time"), QStringLiteral("2024-05-06T07:08:09.123Z")});
