@@ -169,7 +169,7 @@
     <message>
         <location filename="../../tools/commonkit/TimeCommand.cpp" line="22" />
         <source>fields:      year %1, month %2, day %3, hour %4, minute %5, second %6, millisecond %7, microsecond %8</source>
-        <translation>champs :        année %1, mois %2, jour %3, heure %4, minute %5, seconde %6, milliseconde %7, microseconde %8</translation>
+        <translation>champs :         année %1, mois %2, jour %3, heure %4, minute %5, seconde %6, milliseconde %7, microseconde %8</translation>
     </message>
     <message>
         <location filename="../../tools/commonkit/TimeCommand.cpp" line="33" />

@@ -6,7 +6,10 @@
 
 #include <QFile>
 #include <QImage>
+#include <QRegularExpression>
 #include <QTemporaryDir>
+
+#include <set>
 
 namespace {
 
@@ -55,6 +58,26 @@ TEST(Tool, TimeShowsTheSameInstantInUtcAsInItsFieldsBeyond2106)
         EXPECT_TRUE(run.out.contains(QLatin1String(c.local))) << run.out.toStdString();
         EXPECT_TRUE(run.out.contains(QStringLiteral("UTC:         %1\n").arg(QLatin1String(c.utc))))
             << run.out.toStdString();
+    }
+}
+
+TEST(Tool, TimeAlignsItsValuesInEveryLanguage)
+{
+    for (const char* language : {"en", "de", "fr"}) {
+        const ToolRun run = runTool({QStringLiteral("--lang"), QLatin1String(language), QStringLiteral("time"),
+                                     QStringLiteral("1500000")});
+        ASSERT_EQ(run.exitCode, 0) << language;
+        const QStringList lines = run.out.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        ASSERT_EQ(lines.size(), 5) << run.out.toStdString();
+        // Each value starts after the first run of two or more blanks.
+        const QRegularExpression gap(QStringLiteral("  +"));
+        std::set<int> columns;
+        for (const QString& line : lines) {
+            const QRegularExpressionMatch match = gap.match(line);
+            ASSERT_TRUE(match.hasMatch()) << line.toStdString();
+            columns.insert(match.capturedEnd());
+        }
+        EXPECT_EQ(columns.size(), 1u) << language << ":\n" << run.out.toStdString();
     }
 }
 
