@@ -56,9 +56,9 @@ int main(int argc, char** argv)
             arguments.removeAt(1);
 
         if (arguments.size() == 2 && arguments.at(1) == QLatin1String("--lang"))
-            throw CommandError(tr("--lang needs a language: de or fr"), 2);
+            throw CommandError(cktool::tr("--lang needs a language: de or fr"), 2);
         if (arguments.size() < 2)
-            throw CommandError(tr("no command given (see commonkit --help)"), 2);
+            throw CommandError(cktool::tr("no command given (see commonkit --help)"), 2);
         const QString name = arguments.at(1);
         if (name == QLatin1String("--help") || name == QLatin1String("-h") || name == QLatin1String("help")) {
             printUsage(out);
