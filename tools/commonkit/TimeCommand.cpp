@@ -7,6 +7,7 @@
 #include "util/TimeTranscoder.h"
 
 #include <QDateTime>
+#include <QLocale>
 #include <QTextStream>
 
 namespace cktool {
@@ -19,7 +20,7 @@ QString utcText(unsigned long long frameTime)
 {
     const QDateTime epoch(QDate(1970, 1, 1), QTime(0, 0), Qt::UTC);
     const QDateTime utc = epoch.addMSecs(static_cast<qint64>(frameTime / 1000));
-    return utc.toString(QStringLiteral("yyyy-MM-ddThh:mm:ss.zzz")) + QLatin1Char('Z');
+    return QLocale::c().toString(utc, QStringLiteral("yyyy-MM-ddThh:mm:ss.zzz")) + QLatin1Char('Z');
 }
 
 void printFrameTime(QTextStream& out, unsigned long long frameTime)
