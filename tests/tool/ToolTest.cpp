@@ -110,6 +110,9 @@ TEST(Tool, FourccConvertsBothWays)
         EXPECT_EQ(run.exitCode, 0) << c.value;
         EXPECT_EQ(run.out.toStdString(), std::string(c.letters) + "\n") << c.value;
     }
+    run = runTool({QStringLiteral("fourcc"), QStringLiteral("ab\ncdef")});
+    EXPECT_EQ(run.out.toStdString(), "0x61620a63 1633815139\n");
+    EXPECT_EQ(run.err.toStdString(), "note: only the first four characters count: \"ab\\x0ac\"\n");
 }
 
 TEST(Tool, BadInputGivesOneLineAndNonZeroExit)
@@ -128,6 +131,11 @@ TEST(Tool, BadInputGivesOneLineAndNonZeroExit)
         {},
         {QStringLiteral("--lang")},
         {QStringLiteral("--lang"), QStringLiteral("de")},
+        // Line feeds in the input stay inside the one line.
+        {QStringLiteral("time"), QStringLiteral("a\nb")},
+        {QStringLiteral("no\ncommand")},
+        {QStringLiteral("stamp"), QStringLiteral("1\n2"), QStringLiteral("--out"), QStringLiteral("/tmp/x.bmp")},
+        {QStringLiteral("log"), QStringLiteral("show"), QStringLiteral("no\r\nfile")},
     };
     for (const QStringList& arguments : cases) {
         const ToolRun run = runTool(arguments);

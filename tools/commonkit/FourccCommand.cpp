@@ -40,18 +40,18 @@ bool parseNumber(const QString& text, unsigned int* value)
     return false;
 }
 
-// The letters of a code between quotes; bytes that are no printable Latin-1
-// character (and the backslash) show as \xNN, so that no control character
-// reaches the terminal.
-QString quotedLetters(const ko::FourChars& code)
+// The letters of a code; bytes that are no printable Latin-1 character (and
+// the backslash) show as \xNN, so that no control character reaches the
+// terminal.
+QString escapedLetters(const ko::FourChars& code)
 {
-    QString quoted(QLatin1Char('"'));
+    QString letters;
     for (const QChar c : code.toString()) {
         const ushort u = c.unicode();
         const bool printable = (u >= 0x20 && u < 0x7F && u != '\\') || u >= 0xA0;
-        quoted += printable ? QString(c) : QStringLiteral("\\x%1").arg(u, 2, 16, QLatin1Char('0'));
+        letters += printable ? QString(c) : QStringLiteral("\\x%1").arg(u, 2, 16, QLatin1Char('0'));
     }
-    return quoted + QLatin1Char('"');
+    return letters;
 }
 
 int runFourcc(const QStringList& arguments)
@@ -68,7 +68,7 @@ int runFourcc(const QStringList& arguments)
     QTextStream out(stdout);
     unsigned int value = 0;
     if (parseNumber(text, &value)) {
-        out << quotedLetters(ko::FourChars(value)) << "\n";
+        out << '"' << escapedLetters(ko::FourChars(value)) << '"' << "\n";
         return 0;
     }
     if (text.isEmpty())
@@ -80,7 +80,7 @@ int runFourcc(const QStringList& arguments)
     const ko::FourChars code(text);
     out << hex(code) << ' ' << static_cast<unsigned int>(code) << "\n";
     if (text.size() > 4)
-        QTextStream(stderr) << tr("note: only the first four characters count: \"%1\"").arg(code.toString())
+        QTextStream(stderr) << tr("note: only the first four characters count: \"%1\"").arg(escapedLetters(code))
                             << "\n";
     return 0;
 }

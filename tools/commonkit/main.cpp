@@ -25,6 +25,28 @@ void printUsage(QTextStream& out)
         << tr("Global options: --help, --version, --lang de|fr.") << "\n";
 }
 
+// A reason is one line: control characters that came with the input (a file
+// name with a line feed, ...) are shown escaped.
+QString oneLine(const QString& text)
+{
+    QString line;
+    line.reserve(text.size());
+    for (const QChar c : text) {
+        const ushort u = c.unicode();
+        if (u == '\n')
+            line += QLatin1String("\\n");
+        else if (u == '\r')
+            line += QLatin1String("\\r");
+        else if (u == '\t')
+            line += QLatin1String("\\t");
+        else if (u < 0x20 || u == 0x7F)
+            line += QStringLiteral("\\x%1").arg(u, 2, 16, QLatin1Char('0'));
+        else
+            line += c;
+    }
+    return line;
+}
+
 int runCommand(const QString& name, const QStringList& arguments)
 {
     const Command* command = CommandRegistry::instance().find(name);
@@ -72,11 +94,11 @@ int main(int argc, char** argv)
         return runCommand(name, arguments.mid(1));
     } catch (const CommandError& error) {
         out.flush();
-        err << "commonkit: " << error.message() << "\n";
+        err << "commonkit: " << oneLine(error.message()) << "\n";
         return error.exitCode();
     } catch (const std::exception& error) {
         out.flush();
-        err << "commonkit: " << QString::fromUtf8(error.what()) << "\n";
+        err << "commonkit: " << oneLine(QString::fromUtf8(error.what())) << "\n";
         return 1;
     }
 }
