@@ -198,6 +198,21 @@ TEST(Tool, LanguageOptionTranslatesTexts)
         EXPECT_FALSE(run.err.contains(QStringLiteral("neither a frame time"))) << run.err.toStdString();
         EXPECT_TRUE(run.err.contains(QStringLiteral("yesterday")));
     }
+    // Both spellings, in any order and place; the last one counts.
+    struct Case { QStringList arguments; const char* fieldsLabel; };
+    const Case cases[] = {
+        {{QStringLiteral("--lang=de"), QStringLiteral("--lang"), QStringLiteral("fr"), QStringLiteral("time"),
+          QStringLiteral("1")}, "champs :"},
+        {{QStringLiteral("--lang"), QStringLiteral("fr"), QStringLiteral("--lang=de"), QStringLiteral("time"),
+          QStringLiteral("1")}, "Felder:"},
+        {{QStringLiteral("time"), QStringLiteral("1"), QStringLiteral("--lang=de")}, "Felder:"},
+        {{QStringLiteral("time"), QStringLiteral("--lang"), QStringLiteral("fr"), QStringLiteral("1")}, "champs :"},
+    };
+    for (const Case& c : cases) {
+        const ToolRun run = runTool(c.arguments);
+        EXPECT_EQ(run.exitCode, 0) << c.arguments.join(' ').toStdString() << ": " << run.err.toStdString();
+        EXPECT_TRUE(run.out.contains(QString::fromUtf8(c.fieldsLabel))) << run.out.toStdString();
+    }
 }
 
 TEST(Tool, StampWritesABitmapOfTheText)

@@ -71,11 +71,15 @@ int main(int argc, char** argv)
     QStringList arguments = QCoreApplication::arguments();
     try {
         applyLanguage(arguments);
-        // Drop a leading "--lang X" so that the command name comes first.
-        while (arguments.size() > 2 && arguments.at(1) == QLatin1String("--lang"))
-            arguments.erase(arguments.begin() + 1, arguments.begin() + 3);
-        while (arguments.size() > 1 && arguments.at(1).startsWith(QLatin1String("--lang=")))
-            arguments.removeAt(1);
+        // Drop leading "--lang X" and "--lang=X" so that the command name comes first.
+        while (arguments.size() > 1) {
+            if (arguments.size() > 2 && arguments.at(1) == QLatin1String("--lang"))
+                arguments.erase(arguments.begin() + 1, arguments.begin() + 3);
+            else if (arguments.at(1).startsWith(QLatin1String("--lang=")))
+                arguments.removeAt(1);
+            else
+                break;
+        }
 
         if (arguments.size() == 2 && arguments.at(1) == QLatin1String("--lang"))
             throw CommandError(cktool::tr("--lang needs a language: de or fr"), 2);
