@@ -24,6 +24,8 @@ QByteArray loadStrip()
                      static_cast<int>(resource.size()));
     if (resource.compressionAlgorithm() == QResource::ZlibCompression)
         bytes = qUncompress(bytes);
+    else if (resource.compressionAlgorithm() != QResource::NoCompression)
+        bytes = resource.uncompressedData(); // rcc built to prefer zstd
     return bytes;
 }
 

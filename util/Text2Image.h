@@ -30,8 +30,10 @@ public:
     unsigned char* allocCharImage_RGB();
     void freeCharImage_RGB(unsigned char* block);
 
-    // Writes the glyph of c into a 960-byte block. Characters the strip has
-    // no glyph for, and a strip that failed to load, write nothing.
+    // Writes the glyph of c into a 960-byte block. Other characters than
+    // those listed above take cell (c - '0'), so ';' to '>' give cells 11 to
+    // 14; a cell outside the strip, or a strip that failed to load, writes
+    // nothing.
     void digit2Image(unsigned char* destination, char c);
     // Writes the symbol's glyph; unknown symbols write nothing.
     void symbol2Image(unsigned char* destination, eGraphicSymbol symbol);

@@ -2,6 +2,9 @@
 
 #include "support/core/QtDeprecated.h"
 
+#include <cmath>
+#include <limits>
+
 namespace ko {
 
 namespace {
@@ -87,7 +90,16 @@ QDateTime fromSeconds(qint64 seconds)
 
 QDateTime fromSeconds(double seconds)
 {
-    return fromNanoSeconds(static_cast<qint64>(seconds * 1e9));
+    // Truncated toward zero; values beyond 64 bits saturate and NaN counts as 0
+    // (a plain conversion of those would be undefined).
+    const double nanoSeconds = seconds * 1e9;
+    if (std::isnan(nanoSeconds))
+        return fromNanoSeconds(0);
+    if (nanoSeconds >= 9223372036854775808.0)
+        return fromNanoSeconds(std::numeric_limits<qint64>::max());
+    if (nanoSeconds < -9223372036854775808.0)
+        return fromNanoSeconds(std::numeric_limits<qint64>::min());
+    return fromNanoSeconds(static_cast<qint64>(nanoSeconds));
 }
 
 quint64 currentFrameTime()

@@ -1,6 +1,7 @@
 #include "util/TimeTranscoder.h"
 
 #include <QDateTime>
+#include <QLocale>
 
 namespace ko {
 
@@ -14,9 +15,17 @@ QDateTime epochUtc()
     return QDateTime(QDate(1970, 1, 1), QTime(0, 0, 0, 0), Qt::UTC);
 }
 
-int field(const QDateTime& dateTime, const char* format)
+// Formats with ASCII digits whatever the system locale: QDateTime::toString
+// would use the system locale's digits (Arabic-Indic in some), which neither
+// read back as numbers nor belong in file names.
+QString format(const QDateTime& dateTime, const QString& pattern)
 {
-    return dateTime.toString(QLatin1String(format)).toInt();
+    return QLocale::c().toString(dateTime, pattern);
+}
+
+int field(const QDateTime& dateTime, const char* pattern)
+{
+    return format(dateTime, QLatin1String(pattern)).toInt();
 }
 
 } // namespace
@@ -48,8 +57,8 @@ void CTimeTranscoder::setFrom(const QDateTime& local)
     m_day = field(local, "dd");
     m_month = field(local, "MM");
     m_year = field(local, "yyyy");
-    m_display = local.toString(QStringLiteral("dd.MM.yyyy-hh:mm:ss.zzz")).toStdString();
-    m_identifier = local.toString(QStringLiteral("yyyyMMdd_hhmmss_zzz")).toStdString();
+    m_display = format(local, QStringLiteral("dd.MM.yyyy-hh:mm:ss.zzz")).toStdString();
+    m_identifier = format(local, QStringLiteral("yyyyMMdd_hhmmss_zzz")).toStdString();
 }
 
 } // namespace ko

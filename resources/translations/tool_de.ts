@@ -65,8 +65,8 @@
     </message>
     <message>
         <location filename="../../tools/commonkit/FourccCommand.cpp" line="39" />
-        <source>Shows the 32-bit value of a four-character code, or the letters of a value.</source>
-        <translation>Zeigt den 32-Bit-Wert eines Vier-Zeichen-Codes oder die Buchstaben eines Werts.</translation>
+        <source>Shows the 32-bit value of a four-character code, or the letters of a value. Bytes that are not printable show as \xNN.</source>
+        <translation>Zeigt den 32-Bit-Wert eines Vier-Zeichen-Codes oder die Buchstaben eines Werts. Nicht druckbare Bytes erscheinen als \xNN.</translation>
     </message>
     <message>
         <location filename="../../tools/commonkit/FourccCommand.cpp" line="41" />
@@ -245,6 +245,18 @@
         <location filename="../../tools/commonkit/main.cpp" line="32" />
         <source>unknown command '%1' (see commonkit --help)</source>
         <translation>unbekannter Befehl '%1' (siehe commonkit --help)</translation>
+    </message>
+    <message>
+        <source>--lang needs a language: de or fr</source>
+        <translation>--lang braucht eine Sprache: de oder fr</translation>
+    </message>
+    <message>
+        <source>no command given (see commonkit --help)</source>
+        <translation>kein Befehl angegeben (siehe commonkit --help)</translation>
+    </message>
+    <message>
+        <source>fourcc: '%1' is not a 32-bit number</source>
+        <translation>fourcc: '%1' ist keine 32-Bit-Zahl</translation>
     </message>
 </context>
 </TS>

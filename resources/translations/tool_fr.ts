@@ -65,8 +65,8 @@
     </message>
     <message>
         <location filename="../../tools/commonkit/FourccCommand.cpp" line="39" />
-        <source>Shows the 32-bit value of a four-character code, or the letters of a value.</source>
-        <translation>Affiche la valeur 32 bits d'un code de quatre caractères, ou les lettres d'une valeur.</translation>
+        <source>Shows the 32-bit value of a four-character code, or the letters of a value. Bytes that are not printable show as \xNN.</source>
+        <translation>Affiche la valeur 32 bits d'un code de quatre caractères, ou les lettres d'une valeur. Les octets non imprimables s'affichent sous la forme \xNN.</translation>
     </message>
     <message>
         <location filename="../../tools/commonkit/FourccCommand.cpp" line="41" />
@@ -169,7 +169,7 @@
     <message>
         <location filename="../../tools/commonkit/TimeCommand.cpp" line="22" />
         <source>fields:      year %1, month %2, day %3, hour %4, minute %5, second %6, millisecond %7, microsecond %8</source>
-        <translation>champs :        année %1, mois %2, jour %3, heure %4, minute %5, seconde %6, milliseconde %7, microseconde %8</translation>
+        <translation>champs :         année %1, mois %2, jour %3, heure %4, minute %5, seconde %6, milliseconde %7, microseconde %8</translation>
     </message>
     <message>
         <location filename="../../tools/commonkit/TimeCommand.cpp" line="33" />
@@ -245,6 +245,18 @@
         <location filename="../../tools/commonkit/main.cpp" line="32" />
         <source>unknown command '%1' (see commonkit --help)</source>
         <translation>commande inconnue « %1 » (voir commonkit --help)</translation>
+    </message>
+    <message>
+        <source>--lang needs a language: de or fr</source>
+        <translation>--lang attend une langue : de ou fr</translation>
+    </message>
+    <message>
+        <source>no command given (see commonkit --help)</source>
+        <translation>aucune commande indiquée (voir commonkit --help)</translation>
+    </message>
+    <message>
+        <source>fourcc: '%1' is not a 32-bit number</source>
+        <translation>fourcc : « %1 » n'est pas un nombre de 32 bits</translation>
     </message>
 </context>
 </TS>

@@ -2,7 +2,9 @@
 
 #include <QString>
 
+#include <algorithm>
 #include <atomic>
+#include <climits>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -22,7 +24,8 @@ int thresholdFromEnvironment()
     const long level = std::strtol(value, &end, 10);
     if (*end != '\0')
         return Log::Warning;
-    return static_cast<int>(level);
+    // Numbers beyond int keep their meaning: very high silences, very low lets all through.
+    return static_cast<int>(std::clamp<long>(level, INT_MIN, INT_MAX));
 }
 
 char levelLetter(int level)

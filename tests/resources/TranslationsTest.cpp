@@ -4,9 +4,12 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
+#include <QProcess>
 #include <QRegularExpression>
 #include <QSet>
+#include <QTemporaryDir>
 #include <QXmlStreamReader>
 
 namespace {
@@ -87,6 +90,66 @@ TEST(Translations, GermanAndFrenchCataloguesCoverTheSameTexts)
         for (const Message& m : readCatalogue(dir.filePath(french)))
             frenchKeys.insert(m.context + QLatin1Char('|') + m.source);
         EXPECT_EQ(germanKeys, frenchKeys) << german.toStdString();
+    }
+}
+
+// The C++ sources of the library and the tool: everything but tests,
+// benchmarks, fuzzers and build trees.
+QStringList sourceFiles()
+{
+    const QDir root(QStringLiteral(COMMONKIT_SOURCE_DIR));
+    const QStringList skipped = {QStringLiteral("tests"), QStringLiteral("bench"), QStringLiteral("fuzz")};
+    QStringList files;
+    QDirIterator it(root.path(), {QStringLiteral("*.cpp"), QStringLiteral("*.h")}, QDir::Files,
+                    QDirIterator::Subdirectories);
+    while (it.hasNext()) {
+        const QString relative = root.relativeFilePath(it.next());
+        const QString top = relative.section(QLatin1Char('/'), 0, 0);
+        if (relative.contains(QLatin1Char('/')) && !skipped.contains(top) && !top.startsWith(QLatin1String("build"))
+            && !top.startsWith(QLatin1Char('.')))
+            files.append(root.filePath(relative));
+    }
+    return files;
+}
+
+TEST(Translations, EveryTranslatableTextOfTheSourcesIsInBothLanguages)
+{
+    // lupdate finds the texts as a translator's tools would: tr() of classes
+    // and namespaces, translate() and QT_TRANSLATE_NOOP.
+    QTemporaryDir dir;
+    ASSERT_TRUE(dir.isValid());
+    const QStringList files = sourceFiles();
+    ASSERT_GT(files.size(), 50);
+    QFile list(dir.filePath(QStringLiteral("sources.lst")));
+    ASSERT_TRUE(list.open(QIODevice::WriteOnly));
+    list.write(files.join(QLatin1Char('\n')).toUtf8());
+    list.close();
+    const QString found = dir.filePath(QStringLiteral("found.ts"));
+    QProcess lupdate;
+    lupdate.setProcessChannelMode(QProcess::MergedChannels);
+    lupdate.start(QStringLiteral(COMMONKIT_LUPDATE),
+                  {QStringLiteral("-no-obsolete"), QStringLiteral("-locations"), QStringLiteral("none"),
+                   QStringLiteral("-I"), QStringLiteral(COMMONKIT_SOURCE_DIR),
+                   QLatin1Char('@') + list.fileName(), QStringLiteral("-ts"), found});
+    ASSERT_TRUE(lupdate.waitForFinished(120000));
+    const QString report = QString::fromUtf8(lupdate.readAll());
+    ASSERT_EQ(lupdate.exitCode(), 0) << report.toStdString();
+    // A tr() lupdate cannot place in a context would be missed by translators.
+    EXPECT_FALSE(report.contains(QStringLiteral("cannot be called without context"))) << report.toStdString();
+
+    const QList<Message> texts = readCatalogue(found);
+    EXPECT_GT(texts.size(), 100);
+    const QDir translations(QStringLiteral(COMMONKIT_TRANSLATIONS_DIR));
+    for (const char* language : {"de", "fr"}) {
+        QSet<QString> translated;
+        const QString pattern = QStringLiteral("*_%1.ts").arg(QLatin1String(language));
+        for (const QString& name : translations.entryList({pattern}, QDir::Files)) {
+            for (const Message& m : readCatalogue(translations.filePath(name)))
+                translated.insert(m.context + QLatin1Char('|') + m.source);
+        }
+        for (const Message& text : texts)
+            EXPECT_TRUE(translated.contains(text.context + QLatin1Char('|') + text.source))
+                << language << " lacks [" << text.context.toStdString() << "] " << text.source.toStdString();
     }
 }
 

@@ -6,12 +6,32 @@
 
 #include <QFile>
 #include <QImage>
+#include <QRegularExpression>
 #include <QTemporaryDir>
+
+#include <set>
 
 namespace {
 
 using cktest::runTool;
 using cktest::ToolRun;
+
+// The subcommands the tool lists in its help.
+QStringList commandNames()
+{
+    const ToolRun run = runTool({QStringLiteral("--help")});
+    QStringList names;
+    bool inList = false;
+    for (const QString& line : run.out.split(QLatin1Char('\n'))) {
+        if (line == QLatin1String("Commands:"))
+            inList = true;
+        else if (inList && line.startsWith(QLatin1String("  ")))
+            names.append(line.trimmed().section(QLatin1Char(' '), 0, 0));
+        else if (inList)
+            break;
+    }
+    return names;
+}
 
 TEST(Tool, TimeShowsFieldsAndTextsOfAFrameTime)
 {
@@ -21,6 +41,44 @@ TEST(Tool, TimeShowsFieldsAndTextsOfAFrameTime)
     EXPECT_TRUE(run.out.contains(QStringLiteral("19700101_010001_500")));
     EXPECT_TRUE(run.out.contains(QStringLiteral("1970-01-01T00:00:01.500Z")));
     EXPECT_TRUE(run.out.contains(QStringLiteral("millisecond 500, microsecond 0")));
+}
+
+TEST(Tool, TimeShowsTheSameInstantInUtcAsInItsFieldsBeyond2106)
+{
+    // The UTC line must not wrap at the end of 32-bit seconds as the fields do not.
+    struct Case { const char* frameTime; const char* local; const char* utc; };
+    const Case cases[] = {
+        {"4294967295999999", "07.02.2106-06:28:15.999", "2106-02-07T06:28:15.999Z"},
+        {"4294967296000000", "07.02.2106-06:28:16.000", "2106-02-07T06:28:16.000Z"},
+        {"253402300800000000", "01.01.10000-00:00:00.000", "10000-01-01T00:00:00.000Z"},
+    };
+    for (const Case& c : cases) {
+        const ToolRun run = runTool({QStringLiteral("time"), QLatin1String(c.frameTime)});
+        EXPECT_EQ(run.exitCode, 0) << c.frameTime;
+        EXPECT_TRUE(run.out.contains(QLatin1String(c.local))) << run.out.toStdString();
+        EXPECT_TRUE(run.out.contains(QStringLiteral("UTC:         %1\n").arg(QLatin1String(c.utc))))
+            << run.out.toStdString();
+    }
+}
+
+TEST(Tool, TimeAlignsItsValuesInEveryLanguage)
+{
+    for (const char* language : {"en", "de", "fr"}) {
+        const ToolRun run = runTool({QStringLiteral("--lang"), QLatin1String(language), QStringLiteral("time"),
+                                     QStringLiteral("1500000")});
+        ASSERT_EQ(run.exitCode, 0) << language;
+        const QStringList lines = run.out.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        ASSERT_EQ(lines.size(), 5) << run.out.toStdString();
+        // Each value starts after the first run of two or more blanks.
+        const QRegularExpression gap(QStringLiteral("  +"));
+        std::set<int> columns;
+        for (const QString& line : lines) {
+            const QRegularExpressionMatch match = gap.match(line);
+            ASSERT_TRUE(match.hasMatch()) << line.toStdString();
+            columns.insert(match.capturedEnd());
+        }
+        EXPECT_EQ(columns.size(), 1u) << language << ":\n" << run.out.toStdString();
+    }
 }
 
 TEST(Tool, TimeShowsTheFrameTimeOfADateTime)
@@ -38,8 +96,23 @@ TEST(Tool, FourccConvertsBothWays)
     run = runTool({QStringLiteral("fourcc"), QStringLiteral("0x45787053")});
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_EQ(run.out.trimmed(), QStringLiteral("\"ExpS\""));
-    run = runTool({QStringLiteral("fourcc"), QStringLiteral("1165520979")});
-    EXPECT_EQ(run.out.trimmed(), QStringLiteral("\"ExpS\""));
+    // Values whose bytes are not printable show them escaped, never raw.
+    struct Case { const char* value; const char* letters; };
+    const Case cases[] = {
+        {"1165520979", "\"ExpS\""},
+        {"0x00000001", "\"\\x00\\x00\\x00\\x01\""},
+        {"12345", "\"\\x00\\x0009\""},
+        {"0x5C0A7F9F", "\"\\x5c\\x0a\\x7f\\x9f\""},
+        {"0x41A0E4FF", "\"A\u00a0\u00e4\u00ff\""},
+    };
+    for (const Case& c : cases) {
+        run = runTool({QStringLiteral("fourcc"), QLatin1String(c.value)});
+        EXPECT_EQ(run.exitCode, 0) << c.value;
+        EXPECT_EQ(run.out.toStdString(), std::string(c.letters) + "\n") << c.value;
+    }
+    run = runTool({QStringLiteral("fourcc"), QStringLiteral("ab\ncdef")});
+    EXPECT_EQ(run.out.toStdString(), "0x61620a63 1633815139\n");
+    EXPECT_EQ(run.err.toStdString(), "note: only the first four characters count: \"ab\\x0ac\"\n");
 }
 
 TEST(Tool, BadInputGivesOneLineAndNonZeroExit)
@@ -49,11 +122,20 @@ TEST(Tool, BadInputGivesOneLineAndNonZeroExit)
         {QStringLiteral("time"), QStringLiteral("1969-12-31T23:59:59Z")},
         {QStringLiteral("time")},
         {QStringLiteral("fourcc"), QStringLiteral("0xZZ")},
+        {QStringLiteral("fourcc"), QStringLiteral("99999999999")},
         {QStringLiteral("stamp"), QStringLiteral("12:AB"), QStringLiteral("--out"), QStringLiteral("/tmp/x.bmp")},
         {QStringLiteral("stamp"), QStringLiteral("12")},
         {QStringLiteral("time"), QStringLiteral("--bogus"), QStringLiteral("1")},
         {QStringLiteral("nosuchcommand")},
         {QStringLiteral("--lang"), QStringLiteral("xx"), QStringLiteral("time"), QStringLiteral("1")},
+        {},
+        {QStringLiteral("--lang")},
+        {QStringLiteral("--lang"), QStringLiteral("de")},
+        // Line feeds in the input stay inside the one line.
+        {QStringLiteral("time"), QStringLiteral("a\nb")},
+        {QStringLiteral("no\ncommand")},
+        {QStringLiteral("stamp"), QStringLiteral("1\n2"), QStringLiteral("--out"), QStringLiteral("/tmp/x.bmp")},
+        {QStringLiteral("log"), QStringLiteral("show"), QStringLiteral("no\r\nfile")},
     };
     for (const QStringList& arguments : cases) {
         const ToolRun run = runTool(arguments);
@@ -65,16 +147,46 @@ TEST(Tool, BadInputGivesOneLineAndNonZeroExit)
 
 TEST(Tool, EverySubcommandHasHelpAndTheToolHasAVersion)
 {
-    for (const char* command : {"time", "fourcc", "stamp", "demo"}) {
-        const ToolRun run = runTool({QString::fromLatin1(command), QStringLiteral("--help")});
-        EXPECT_EQ(run.exitCode, 0) << command;
-        EXPECT_TRUE(run.out.contains(QStringLiteral("--lang"))) << command;
-        EXPECT_TRUE(run.out.startsWith(QStringLiteral("Usage: commonkit %1 ").arg(QLatin1String(command))))
+    const QStringList commands = commandNames();
+    ASSERT_GE(commands.size(), 4);
+    for (const QString& command : commands) {
+        const ToolRun run = runTool({command, QStringLiteral("--help")});
+        EXPECT_EQ(run.exitCode, 0) << command.toStdString();
+        EXPECT_TRUE(run.out.contains(QStringLiteral("--lang"))) << command.toStdString();
+        EXPECT_TRUE(run.out.startsWith(QStringLiteral("Usage: commonkit %1 ").arg(command)))
             << run.out.toStdString();
+        // The parser also offers --help-all; it shows the same help.
+        const ToolRun all = runTool({command, QStringLiteral("--help-all")});
+        EXPECT_EQ(all.exitCode, 0) << command.toStdString() << ": " << all.err.toStdString();
+        EXPECT_EQ(all.out.toStdString(), run.out.toStdString()) << command.toStdString();
     }
     const ToolRun version = runTool({QStringLiteral("--version")});
     EXPECT_EQ(version.exitCode, 0);
     EXPECT_TRUE(version.out.startsWith(QStringLiteral("commonkit ")));
+}
+
+TEST(Tool, HelpOfEverySubcommandIsTranslated)
+{
+    // The parser's own texts ("Options:", the --help line, ...) must follow
+    // --lang as well as the subcommand's texts.
+    const QStringList english = {QStringLiteral("Usage:"), QStringLiteral("Options:"), QStringLiteral("Arguments:"),
+                                 QStringLiteral("Displays help")};
+    for (const QString& command : commandNames()) {
+        const QString description = runTool({command, QStringLiteral("--help")}).out.section(QLatin1Char('\n'), 1, 1);
+        for (const char* language : {"de", "fr"}) {
+            const ToolRun run = runTool({QStringLiteral("--lang"), QLatin1String(language), command, QStringLiteral("--help")});
+            const std::string where = command.toStdString() + " " + language;
+            EXPECT_EQ(run.exitCode, 0) << where;
+            for (const QString& text : english)
+                EXPECT_FALSE(run.out.contains(text)) << where << ": " << run.out.toStdString();
+            if (!description.isEmpty()) {
+                EXPECT_NE(run.out.section(QLatin1Char('\n'), 1, 1).toStdString(), description.toStdString()) << where;
+            }
+        }
+    }
+    const ToolRun error = runTool({QStringLiteral("--lang"), QStringLiteral("de"), QStringLiteral("time"),
+                                   QStringLiteral("--bogus"), QStringLiteral("1")});
+    EXPECT_EQ(error.err.trimmed().toStdString(), "commonkit: time: Unbekannte Option 'bogus'.");
 }
 
 TEST(Tool, LanguageOptionTranslatesTexts)
@@ -85,6 +197,21 @@ TEST(Tool, LanguageOptionTranslatesTexts)
         EXPECT_NE(run.exitCode, 0);
         EXPECT_FALSE(run.err.contains(QStringLiteral("neither a frame time"))) << run.err.toStdString();
         EXPECT_TRUE(run.err.contains(QStringLiteral("yesterday")));
+    }
+    // Both spellings, in any order and place; the last one counts.
+    struct Case { QStringList arguments; const char* fieldsLabel; };
+    const Case cases[] = {
+        {{QStringLiteral("--lang=de"), QStringLiteral("--lang"), QStringLiteral("fr"), QStringLiteral("time"),
+          QStringLiteral("1")}, "champs :"},
+        {{QStringLiteral("--lang"), QStringLiteral("fr"), QStringLiteral("--lang=de"), QStringLiteral("time"),
+          QStringLiteral("1")}, "Felder:"},
+        {{QStringLiteral("time"), QStringLiteral("1"), QStringLiteral("--lang=de")}, "Felder:"},
+        {{QStringLiteral("time"), QStringLiteral("--lang"), QStringLiteral("fr"), QStringLiteral("1")}, "champs :"},
+    };
+    for (const Case& c : cases) {
+        const ToolRun run = runTool(c.arguments);
+        EXPECT_EQ(run.exitCode, 0) << c.arguments.join(' ').toStdString() << ": " << run.err.toStdString();
+        EXPECT_TRUE(run.out.contains(QString::fromUtf8(c.fieldsLabel))) << run.out.toStdString();
     }
 }
 

@@ -81,6 +81,20 @@ TEST(CText2Image, EveryGlyphIsDrawnAndDiffersFromTheOthers)
     EXPECT_TRUE(seen.insert(blank).second);
 }
 
+TEST(CText2Image, OtherCharactersCountFromZero)
+{
+    // Cell = character code - code of '0', for characters outside the table.
+    ko::CText2Image renderer;
+    Block symbol(960, 0xAB);
+    renderer.symbol2Image(symbol.data(), ko::CText2Image::eSymbolMarker);
+    struct Case { char c; Block expected; };
+    const Case cases[] = {
+        {';', render(renderer, '.')}, {'<', render(renderer, '-')}, {'=', render(renderer, ' ')}, {'>', symbol},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(render(renderer, c.c), c.expected) << c.c;
+}
+
 TEST(CText2Image, UnknownCharactersAndSymbolsWriteNothing)
 {
     ko::CText2Image renderer;

@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 #include <ctime>
+#include <limits>
 
 namespace {
 
@@ -102,6 +103,21 @@ TEST(TimeFunctions, SecondsWrapAsUnsigned32Bit)
         EXPECT_EQ(ko::fromMilliSeconds(c.ms), epoch.addSecs(c.wrappedSeconds).addMSecs(c.extraMs)) << c.ms;
     EXPECT_EQ(ko::fromSeconds(qint64(-1)), QDateTime::fromMSecsSinceEpoch(0xFFFFFFFFLL * 1000));
     EXPECT_EQ(ko::fromSeconds(qint64(0x100000005LL)), QDateTime::fromMSecsSinceEpoch(5000));
+}
+
+TEST(TimeFunctions, FractionalSecondsOutsideSixtyFourBitsSaturate)
+{
+    const qint64 most = std::numeric_limits<qint64>::max();
+    const qint64 least = std::numeric_limits<qint64>::min();
+    const double infinity = std::numeric_limits<double>::infinity();
+    struct Case { double seconds; qint64 nanoSeconds; };
+    const Case cases[] = {
+        {infinity, most}, {1e300, most}, {9.3e9, most}, {-infinity, least}, {-1e300, least},
+        {-9.3e9, least}, {std::numeric_limits<double>::quiet_NaN(), 0}, {9.2e9, 9200000000000000000LL},
+        {-1.5, -1500000000LL},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(ko::fromSeconds(c.seconds), ko::fromNanoSeconds(c.nanoSeconds)) << c.seconds;
 }
 
 TEST(TimeFunctions, CurrentValuesAreConsistent)

@@ -44,7 +44,8 @@ bool CommandLine::parse(const QStringList& arguments, int minPositional, int max
 {
     if (!m_parser.parse(arguments))
         throw CommandError(QStringLiteral("%1: %2").arg(m_command, m_parser.errorText()), 2);
-    if (m_parser.isSet(QStringLiteral("help"))) {
+    // addHelpOption() also offers --help-all; both show the help.
+    if (m_parser.isSet(QStringLiteral("help")) || m_parser.isSet(QStringLiteral("help-all"))) {
         QString help = m_parser.helpText();
         // The first line names the program as it was started; show the subcommand.
         const QString program = QCoreApplication::arguments().value(0);

@@ -272,7 +272,8 @@ int runContainer(const QStringList& arguments)
         return runInfo(arguments.mid(1));
     if (action == QLatin1String("verify"))
         return runVerify(arguments.mid(1));
-    if (action == QLatin1String("--help") || action == QLatin1String("-h")) {
+    if (action == QLatin1String("--help") || action == QLatin1String("-h")
+        || action == QLatin1String("--help-all")) {
         QTextStream(stdout)
             << tr("Usage: commonkit container <action> [options] [arguments]") << "\n\n"
             << tr("Actions:") << "\n"

@@ -7,10 +7,21 @@
 #include "util/TimeTranscoder.h"
 
 #include <QDateTime>
+#include <QLocale>
 #include <QTextStream>
 
 namespace cktool {
 namespace {
+
+// The UTC date-time of a frame time, on the same unbounded scale as the
+// transcoder (ko::fromFrameTime() counts seconds in 32 bits and wraps after
+// 2106), in ISO 8601 form also for years beyond 9999.
+QString utcText(unsigned long long frameTime)
+{
+    const QDateTime epoch(QDate(1970, 1, 1), QTime(0, 0), Qt::UTC);
+    const QDateTime utc = epoch.addMSecs(static_cast<qint64>(frameTime / 1000));
+    return QLocale::c().toString(utc, QStringLiteral("yyyy-MM-ddThh:mm:ss.zzz")) + QLatin1Char('Z');
+}
 
 void printFrameTime(QTextStream& out, unsigned long long frameTime)
 {
@@ -18,7 +29,7 @@ void printFrameTime(QTextStream& out, unsigned long long frameTime)
     out << tr("frame time:  %1").arg(frameTime) << "\n"
         << tr("local time:  %1").arg(QString::fromStdString(time.toString())) << "\n"
         << tr("identifier:  %1").arg(QString::fromStdString(time.toIdString())) << "\n"
-        << tr("UTC:         %1").arg(ko::fromFrameTime(frameTime).toString(Qt::ISODateWithMs)) << "\n"
+        << tr("UTC:         %1").arg(utcText(frameTime)) << "\n"
         << tr("fields:      year %1, month %2, day %3, hour %4, minute %5, second %6, "
               "millisecond %7, microsecond %8")
                .arg(time.year()).arg(time.month()).arg(time.day()).arg(time.hour())

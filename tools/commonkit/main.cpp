@@ -25,6 +25,28 @@ void printUsage(QTextStream& out)
         << tr("Global options: --help, --version, --lang de|fr.") << "\n";
 }
 
+// A reason is one line: control characters that came with the input (a file
+// name with a line feed, ...) are shown escaped.
+QString oneLine(const QString& text)
+{
+    QString line;
+    line.reserve(text.size());
+    for (const QChar c : text) {
+        const ushort u = c.unicode();
+        if (u == '\n')
+            line += QLatin1String("\\n");
+        else if (u == '\r')
+            line += QLatin1String("\\r");
+        else if (u == '\t')
+            line += QLatin1String("\\t");
+        else if (u < 0x20 || u == 0x7F)
+            line += QStringLiteral("\\x%1").arg(u, 2, 16, QLatin1Char('0'));
+        else
+            line += c;
+    }
+    return line;
+}
+
 int runCommand(const QString& name, const QStringList& arguments)
 {
     const Command* command = CommandRegistry::instance().find(name);
@@ -49,16 +71,20 @@ int main(int argc, char** argv)
     QStringList arguments = QCoreApplication::arguments();
     try {
         applyLanguage(arguments);
-        // Drop a leading "--lang X" so that the command name comes first.
-        while (arguments.size() > 2 && arguments.at(1) == QLatin1String("--lang"))
-            arguments.erase(arguments.begin() + 1, arguments.begin() + 3);
-        while (arguments.size() > 1 && arguments.at(1).startsWith(QLatin1String("--lang=")))
-            arguments.removeAt(1);
-
-        if (arguments.size() < 2) {
-            printUsage(err);
-            return 2;
+        // Drop leading "--lang X" and "--lang=X" so that the command name comes first.
+        while (arguments.size() > 1) {
+            if (arguments.size() > 2 && arguments.at(1) == QLatin1String("--lang"))
+                arguments.erase(arguments.begin() + 1, arguments.begin() + 3);
+            else if (arguments.at(1).startsWith(QLatin1String("--lang=")))
+                arguments.removeAt(1);
+            else
+                break;
         }
+
+        if (arguments.size() == 2 && arguments.at(1) == QLatin1String("--lang"))
+            throw CommandError(cktool::tr("--lang needs a language: de or fr"), 2);
+        if (arguments.size() < 2)
+            throw CommandError(cktool::tr("no command given (see commonkit --help)"), 2);
         const QString name = arguments.at(1);
         if (name == QLatin1String("--help") || name == QLatin1String("-h") || name == QLatin1String("help")) {
             printUsage(out);
@@ -72,11 +98,11 @@ int main(int argc, char** argv)
         return runCommand(name, arguments.mid(1));
     } catch (const CommandError& error) {
         out.flush();
-        err << "commonkit: " << error.message() << "\n";
+        err << "commonkit: " << oneLine(error.message()) << "\n";
         return error.exitCode();
     } catch (const std::exception& error) {
         out.flush();
-        err << "commonkit: " << QString::fromUtf8(error.what()) << "\n";
+        err << "commonkit: " << oneLine(QString::fromUtf8(error.what())) << "\n";
         return 1;
     }
 }

@@ -1,0 +1,41 @@
+// Runs once for each value of COMMONKIT_LOG_LEVEL listed in CMakeLists.txt
+// (and once as the environment has it).
+
+#include "support/core/Log.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+
+namespace {
+
+TEST(LogEnvironment, ThresholdComesFromTheEnvironmentOnFirstUse)
+{
+    struct Case { const char* value; int threshold; };
+    const Case cases[] = {
+        {"", 2},  {"1", 1}, {"2", 2}, {"3", 3}, {"0", 0}, {" 1", 1}, {"-4", -4},
+        {"abc", 2}, {"1x", 2}, {"3 ", 2},
+        {"99999999999999999999", INT_MAX}, {"-99999999999999999999", INT_MIN},
+    };
+    const char* value = std::getenv("COMMONKIT_LOG_LEVEL");
+    int expected = 2; // unset
+    if (value) {
+        const Case* match = nullptr;
+        for (const Case& c : cases) {
+            if (std::strcmp(c.value, value) == 0)
+                match = &c;
+        }
+        if (!match)
+            GTEST_SKIP() << "no expectation for COMMONKIT_LOG_LEVEL=" << value;
+        expected = match->threshold;
+    }
+    SCOPED_TRACE(value ? value : "(unset)");
+    EXPECT_EQ(ko::Log::instance().threshold(), expected);
+    EXPECT_EQ(ko::Log::instance().isEnabled(1), expected <= 1);
+    EXPECT_EQ(ko::Log::instance().isEnabled(3), expected <= 3);
+}
+
+} // namespace
