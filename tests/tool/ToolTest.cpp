@@ -145,6 +145,17 @@ TEST(Tool, BadInputGivesOneLineAndNonZeroExit)
     }
 }
 
+TEST(Tool, NegativeNumbersAreValuesNotOptions)
+{
+    for (const QString& value : {QStringLiteral("-5"), QStringLiteral("-1500000")}) {
+        const ToolRun run = runTool({QStringLiteral("time"), value});
+        EXPECT_EQ(run.exitCode, 1) << run.err.toStdString();
+        EXPECT_TRUE(run.err.contains(QLatin1Char('\'') + value + QLatin1Char('\''))) << run.err.toStdString();
+    }
+    const ToolRun run = runTool({QStringLiteral("fourcc"), QStringLiteral("-1")});
+    EXPECT_EQ(run.exitCode, 0) << run.err.toStdString();
+}
+
 TEST(Tool, EverySubcommandHasHelpAndTheToolHasAVersion)
 {
     const QStringList commands = commandNames();

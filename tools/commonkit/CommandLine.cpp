@@ -23,6 +23,23 @@ QString wrongArgumentCount(const QString& command)
     return tr("%1: wrong number of arguments (see commonkit %1 --help)").arg(command);
 }
 
+// QCommandLineParser reads "-5" as the options -5; negative numbers are
+// values here (frame times, compression levels). They are hidden behind this
+// mark while parsing and given back without it.
+const QChar k_numberMark(0x1);
+
+bool isNegativeNumber(const QString& argument)
+{
+    return argument.size() > 1 && argument.at(0) == QLatin1Char('-') && argument.at(1).isDigit();
+}
+
+QString unmarked(QString argument)
+{
+    if (argument.startsWith(k_numberMark))
+        argument.remove(0, 1);
+    return argument;
+}
+
 } // namespace
 
 CommandLine::CommandLine(const QString& command, const QString& description) : m_command(command)
@@ -42,7 +59,12 @@ void CommandLine::addPositional(const QString& name, const QString& description,
 
 bool CommandLine::parse(const QStringList& arguments, int minPositional, int maxPositional)
 {
-    if (!m_parser.parse(arguments))
+    QStringList marked = arguments;
+    for (int i = 1; i < marked.size() && marked.at(i) != QLatin1String("--"); ++i) {
+        if (isNegativeNumber(marked.at(i)))
+            marked[i].prepend(k_numberMark);
+    }
+    if (!m_parser.parse(marked))
         throw CommandError(QStringLiteral("%1: %2").arg(m_command, m_parser.errorText()), 2);
     // addHelpOption() also offers --help-all; both show the help.
     if (m_parser.isSet(QStringLiteral("help")) || m_parser.isSet(QStringLiteral("help-all"))) {
@@ -60,6 +82,19 @@ bool CommandLine::parse(const QStringList& arguments, int minPositional, int max
         throw CommandError(wrongArgumentCount(m_command), 2);
     }
     return true;
+}
+
+QStringList CommandLine::positional() const
+{
+    QStringList arguments = m_parser.positionalArguments();
+    for (QString& argument : arguments)
+        argument = unmarked(argument);
+    return arguments;
+}
+
+QString CommandLine::value(const QString& option) const
+{
+    return unmarked(m_parser.value(option));
 }
 
 void applyLanguage(const QStringList& arguments)

@@ -23,9 +23,9 @@ public:
     // (between minPositional and maxPositional, -1 for no upper limit).
     bool parse(const QStringList& arguments, int minPositional, int maxPositional);
 
-    QStringList positional() const { return m_parser.positionalArguments(); }
+    QStringList positional() const;
     bool isSet(const QString& option) const { return m_parser.isSet(option); }
-    QString value(const QString& option) const { return m_parser.value(option); }
+    QString value(const QString& option) const;
 
 private:
     QString m_command;
