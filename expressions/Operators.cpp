@@ -331,7 +331,11 @@ QVariant NumericOperator::evaluate(const PropertySet& set, bool* isConstant) con
     for (int i = 1; i < operands.size(); ++i) {
         bool valueConstant = false;
         const QVariant value = operands.at(i)->evaluate(set, &valueConstant);
-        if (!apply(accumulator, constant, m_op, value, valueConstant)) {
+        const bool applied = apply(accumulator, constant, m_op, value, valueConstant);
+        // The operand was evaluated: it counts even when apply() gave up
+        // before looking at it (an unknown kind read from a stream).
+        constant = constant && valueConstant;
+        if (!applied) {
             failed = true;
             break;
         }

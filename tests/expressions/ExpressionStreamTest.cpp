@@ -138,6 +138,37 @@ TEST(ExpressionStream, EveryReadableClassRoundTrips)
     EXPECT_EQ(sql(readBack(written(count(ValueExpression(*r.a), true)))), "count(DISTINCT a)");
 }
 
+// Kinds outside their enum can only come from a stream. Such a node gives
+// NULL, and its constness still follows the operands it evaluated.
+TEST(ExpressionStream, KindsOutsideTheirRangeEvaluateToNull)
+{
+    Record r;
+    r.with(5, 3);
+    struct Case { const char* tag; qint32 kind; bool secondIsProperty; bool expectedConstant; };
+    const Case cases[] = {
+        {"class kogen::Comparator", 6, false, true},
+        {"class kogen::Comparator", -1, true, false},
+        {"class kogen::NumericOperator", 8, false, true},
+        {"class kogen::NumericOperator", 8, true, false},
+        {"class kogen::NumericOperator", -3, true, false},
+    };
+    for (const Case& t : cases) {
+        Expected bytes;
+        bytes.tag(t.tag).i32(1).i32(t.kind).i32(1).i32(2);
+        bytes.tag("class kogen::ConstExpression").i32(1).flag(false).variant(2);
+        if (t.secondIsProperty)
+            bytes.tag("class kogen::ValueExpression").i32(2).text(QStringLiteral("a")).text(QString());
+        else
+            bytes.tag("class kogen::ConstExpression").i32(1).flag(false).variant(1);
+        QDataStream::Status status = QDataStream::Ok;
+        const ExpressionHandle e = readBack(bytes.bytes, &status);
+        ASSERT_EQ(status, QDataStream::Ok) << t.tag << " " << t.kind;
+        bool constant = !t.expectedConstant;
+        EXPECT_FALSE(r.eval(e, &constant).isValid()) << t.tag << " " << t.kind;
+        EXPECT_EQ(constant, t.expectedConstant) << t.tag << " " << t.kind;
+    }
+}
+
 TEST(ExpressionStream, UnknownTagsGiveTheEmptyListAndConsumeOnlyTheTag)
 {
     Record r;
