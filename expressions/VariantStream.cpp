@@ -125,34 +125,12 @@ QVariant corrupt(QDataStream& in)
     return QVariant();
 }
 
-QVariant readValue(QDataStream& in, int nesting)
+// A value whose type the stream names: a built-in type by its id, or any
+// type (built-in ones included) by name after the id QMetaType::User.
+QVariant readTypedValue(QDataStream& in, quint32 typeId, bool isNull, int nesting)
 {
-    if (nesting > kMaxNesting)
-        return corrupt(in);
-    quint32 typeId = 0;
-    qint8 isNull = 0;
-    in >> typeId >> isNull;
-    if (!ok(in))
-        return QVariant();
-
-    if (typeId == QMetaType::User) {
-        QByteArray name;
-        in >> name;
-        if (!ok(in))
-            return QVariant();
-        const int userType = QMetaType::type(name.constData());
-        if (userType == QMetaType::UnknownType)
-            return corrupt(in);
-        QVariant value(userType, nullptr);
-        if (!QMetaType::load(in, userType, value.data()))
-            return corrupt(in);
-        return value;
-    }
-
     QVariant value;
     switch (typeId) {
-    case QMetaType::UnknownType:
-        return QVariant();
     case QMetaType::QVariantList:
         value = readList(in, nesting);
         break;
@@ -188,6 +166,38 @@ QVariant readValue(QDataStream& in, int nesting)
     if (isNull)
         return QVariant(static_cast<QVariant::Type>(typeId));
     return value;
+}
+
+QVariant readValue(QDataStream& in, int nesting)
+{
+    if (nesting > kMaxNesting)
+        return corrupt(in);
+    quint32 typeId = 0;
+    qint8 isNull = 0;
+    in >> typeId >> isNull;
+    if (!ok(in))
+        return QVariant();
+    if (typeId == QMetaType::UnknownType)
+        return QVariant();
+
+    if (typeId == QMetaType::User) {
+        QByteArray name;
+        in >> name;
+        if (!ok(in))
+            return QVariant();
+        const int namedType = QMetaType::type(name.constData());
+        if (namedType == QMetaType::UnknownType)
+            return corrupt(in);
+        // Qt's reader accepts built-in types by name as well ("QVariantList"
+        // after the user id): they get the same bounded treatment as by id.
+        if (namedType < QMetaType::User)
+            return readTypedValue(in, static_cast<quint32>(namedType), isNull, nesting);
+        QVariant value(namedType, nullptr);
+        if (!QMetaType::load(in, namedType, value.data()))
+            return corrupt(in);
+        return value;
+    }
+    return readTypedValue(in, typeId, isNull, nesting);
 }
 
 } // namespace

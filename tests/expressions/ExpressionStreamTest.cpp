@@ -247,6 +247,43 @@ TEST(ExpressionStream, TruncatedAndCorruptedStreamsAreSafe)
     }
 }
 
+// Values in forms that Qt's writer does not produce but its reader takes:
+// the constant must read as Qt itself reads it.
+TEST(ExpressionStream, ConstantsReadAsQtReadsThem)
+{
+    struct Case { const char* name; QVariant value; };
+    const Case cases[] = {
+        {"QVariantList", QVariantList{1, QStringLiteral("x")}},
+        {"QStringList", QStringList{QStringLiteral("p")}},
+        {"QVariantMap", QVariantMap{{QStringLiteral("k"), 2.5}}},
+        {"QString", QStringLiteral("text")},
+        {"int", 7},
+    };
+    for (const Case& t : cases) {
+        Expected body; // the variant as Qt writes it, minus the type id and null flag
+        body.out.setVersion(QDataStream::Qt_5_15);
+        body.out << t.value;
+        QByteArray bytes;
+        QDataStream out(&bytes, QIODevice::WriteOnly);
+        out << quint32(QMetaType::User) << qint8(0) << QByteArray(t.name);
+        bytes += body.bytes.mid(5);
+
+        QDataStream qtIn(bytes);
+        QVariant expected;
+        qtIn >> expected;
+        ASSERT_EQ(qtIn.status(), QDataStream::Ok) << t.name;
+        ASSERT_EQ(expected, t.value) << t.name;
+
+        Expected stream;
+        stream.tag("class kogen::ConstExpression").i32(1).flag(false);
+        const QByteArray full = stream.bytes + bytes;
+        QDataStream::Status status = QDataStream::Ok;
+        const ExpressionHandle e = readBack(full, &status);
+        EXPECT_EQ(status, QDataStream::Ok) << t.name;
+        EXPECT_EQ(e->evaluate(), expected) << t.name;
+    }
+}
+
 TEST(ExpressionStream, HostileCountsAndDepthsAreBounded)
 {
     // A list claiming two billion children, then nothing.
@@ -262,6 +299,16 @@ TEST(ExpressionStream, HostileCountsAndDepthsAreBounded)
     bigList.out << quint32(QMetaType::QVariantList) << qint8(0) << quint32(0x7fffffff);
     readBack(bigList.bytes, &status);
     EXPECT_NE(status, QDataStream::Ok);
+
+    // The same list, named as a type after the user type id: Qt's reader
+    // accepts built-in types by name, and so must the bounded reader.
+    for (const char* name : {"QVariantList", "QStringList", "QVariantMap", "QByteArrayList"}) {
+        Expected named;
+        named.tag("class kogen::ConstExpression").i32(1).flag(false);
+        named.out << quint32(QMetaType::User) << qint8(0) << QByteArray(name) << quint32(0x7fffffff);
+        readBack(named.bytes, &status);
+        EXPECT_NE(status, QDataStream::Ok) << name;
+    }
 
     // A date-time in a time zone that does not exist: Qt could not write
     // such a value again, so the reader refuses it.
