@@ -168,17 +168,66 @@ QVariant readTypedValue(QDataStream& in, quint32 typeId, bool isNull, int nestin
     return value;
 }
 
+// The id of a type in a stream of a version before Qt 5.0, as Qt's reader
+// maps it to today's ids. False for an id that Qt's writer never gives a
+// type the reader accepts.
+bool currentTypeId(quint32& typeId, int version)
+{
+    if (version < QDataStream::Qt_4_0) {
+        // The Qt 3 ids of the types that existed then.
+        static const QHash<quint32, quint32> kQt3Ids = {
+            {0, QMetaType::UnknownType}, {1, QMetaType::QVariantMap}, {2, QMetaType::QVariantList},
+            {3, QMetaType::QString},     {4, QMetaType::QStringList}, {8, QMetaType::QRect},
+            {9, QMetaType::QSize},       {10, QMetaType::QColor},     {14, QMetaType::QPoint},
+            {16, QMetaType::Int},        {17, QMetaType::UInt},       {18, QMetaType::Bool},
+            {19, QMetaType::Double},     {26, QMetaType::QDate},      {27, QMetaType::QTime},
+            {28, QMetaType::QDateTime},  {29, QMetaType::QByteArray}, {30, QMetaType::QBitArray},
+            {33, QMetaType::LongLong},   {34, QMetaType::ULongLong},
+        };
+        const auto found = kQt3Ids.constFind(typeId);
+        if (found == kQt3Ids.constEnd())
+            return false;
+        typeId = found.value();
+        return true;
+    }
+    // Qt 4: user types were 127; the types from 128 on moved down by 97
+    // when Qt 5 merged them into the core types; the Gui types from
+    // QSizePolicy (75) to QQuaternion (86) moved as well.
+    if (typeId == 127)
+        typeId = QMetaType::User;
+    else if (typeId >= 128 && typeId != QMetaType::User)
+        typeId -= 97;
+    else if (typeId == 75)
+        typeId = QMetaType::QSizePolicy;
+    else if (typeId > 75 && typeId <= 86)
+        typeId -= 1;
+    return true;
+}
+
 QVariant readValue(QDataStream& in, int nesting)
 {
     if (nesting > kMaxNesting)
         return corrupt(in);
+    const int version = in.version();
     quint32 typeId = 0;
-    qint8 isNull = 0;
-    in >> typeId >> isNull;
+    in >> typeId;
     if (!ok(in))
         return QVariant();
-    if (typeId == QMetaType::UnknownType)
+    if (version < QDataStream::Qt_5_0 && !currentTypeId(typeId, version))
+        return corrupt(in);
+    qint8 isNull = 0;
+    if (version >= QDataStream::Qt_4_2)
+        in >> isNull;
+    if (!ok(in))
         return QVariant();
+    if (typeId == QMetaType::UnknownType) {
+        // Before Qt 5.0 an invalid value is followed by an empty string.
+        if (version < QDataStream::Qt_5_0) {
+            QString ignored;
+            in >> ignored;
+        }
+        return QVariant();
+    }
 
     if (typeId == QMetaType::User) {
         QByteArray name;
@@ -204,14 +253,6 @@ QVariant readValue(QDataStream& in, int nesting)
 
 void writeVariant(QDataStream& out, const QVariant& value) { out << value; }
 
-QVariant readVariant(QDataStream& in)
-{
-    if (in.version() < QDataStream::Qt_5_0) {
-        QVariant value;
-        in >> value;
-        return value;
-    }
-    return readValue(in, 0);
-}
+QVariant readVariant(QDataStream& in) { return readValue(in, 0); }
 
 } // namespace kogen

@@ -7,6 +7,7 @@
 #include <QDate>
 #include <QRandomGenerator>
 #include <QRegExp>
+#include <QUuid>
 
 #include <vector>
 
@@ -281,6 +282,72 @@ TEST(ExpressionStream, ConstantsReadAsQtReadsThem)
         const ExpressionHandle e = readBack(full, &status);
         EXPECT_EQ(status, QDataStream::Ok) << t.name;
         EXPECT_EQ(e->evaluate(), expected) << t.name;
+    }
+}
+
+// The stream version is the caller's; old versions number the QVariant
+// types differently. Each value must read back as Qt's own reader reads
+// the bytes that Qt's writer produced for that version.
+TEST(ExpressionStream, OlderStreamVersionsReadAsQtReadsThem)
+{
+    const QVariant values[] = {
+        QVariant(),
+        7,
+        QVariant(QVariant::Int),
+        QStringLiteral("it's"),
+        QByteArray("\x01\x02"),
+        2.5,
+        QVariant(qlonglong(1) << 40),
+        QDate(2024, 2, 29),
+        QDateTime(QDate(2024, 2, 29), QTime(1, 2, 3, 4), Qt::UTC),
+        QRegExp(QStringLiteral("a+b")),
+        QUuid(QStringLiteral("{67c8770b-44f1-410a-ab9a-f9b5446f13ee}")),
+        QVariantList{1, QStringLiteral("x"), QVariantList{2.5}},
+        QStringList{QStringLiteral("p"), QStringLiteral("q")},
+        QVariantMap{{QStringLiteral("k"), 1}, {QStringLiteral("l"), QVariantList{true}}},
+        QVariantHash{{QStringLiteral("h"), 3}},
+        QVariant::fromValue(QByteArrayList{"u", "v"}),
+    };
+    const int versions[] = {QDataStream::Qt_1_0, QDataStream::Qt_3_3, QDataStream::Qt_4_0, QDataStream::Qt_4_2,
+                            QDataStream::Qt_4_8, QDataStream::Qt_5_0, QDataStream::Qt_5_15};
+    for (int version : versions) {
+        for (const QVariant& value : values) {
+            QByteArray bytes;
+            QDataStream out(&bytes, QIODevice::WriteOnly);
+            out.setVersion(version);
+            out << ExpressionHandle(c(value, true));
+
+            QDataStream qtIn(bytes);
+            qtIn.setVersion(version);
+            QByteArray tag;
+            qint32 bodyVersion = 0;
+            bool placeholder = false;
+            QVariant expected;
+            qtIn >> tag >> bodyVersion >> placeholder >> expected;
+            ASSERT_EQ(qtIn.status(), QDataStream::Ok) << version << value.typeName();
+
+            QDataStream in(bytes);
+            in.setVersion(version);
+            const ExpressionHandle e = Expression::readExpression(in);
+            EXPECT_EQ(in.status(), QDataStream::Ok) << version << " " << value.typeName();
+            EXPECT_TRUE(in.atEnd()) << version << " " << value.typeName();
+            const QVariant read = e->evaluate();
+            EXPECT_EQ(read, expected) << version << " " << value.typeName();
+            EXPECT_EQ(read.type(), expected.type()) << version << " " << value.typeName();
+            EXPECT_EQ(read.isNull(), expected.isNull()) << version << " " << value.typeName();
+        }
+        // A list claiming two billion elements costs nothing in any version.
+        QByteArray hostile;
+        QDataStream out(&hostile, QIODevice::WriteOnly);
+        out.setVersion(version);
+        out << ExpressionHandle(c(QVariantList{1}));
+        hostile.chop(out.version() >= QDataStream::Qt_4_2 ? 4 + 5 + 4 : 4 + 4 + 4); // count and element
+        QDataStream append(&hostile, QIODevice::Append);
+        append << quint32(0x7fffffff);
+        QDataStream in(hostile);
+        in.setVersion(version);
+        Expression::readExpression(in);
+        EXPECT_NE(in.status(), QDataStream::Ok) << version;
     }
 }
 
