@@ -86,12 +86,14 @@ QVariant readList(QDataStream& in, int nesting)
     return ok(in) ? list : QVariantList();
 }
 
-template<typename Map>
+// A map may hold several values under one key (written by Qt from a map
+// filled with insertMulti); like Qt's reader, every pair is kept.
+template<typename Map, typename MultiMap>
 Map readMap(QDataStream& in, int nesting)
 {
     quint32 count = 0;
     in >> count;
-    Map map;
+    MultiMap map;
     for (quint32 i = 0; i < count && ok(in); ++i) {
         QString key;
         in >> key;
@@ -100,7 +102,7 @@ Map readMap(QDataStream& in, int nesting)
             return Map();
         map.insert(key, value);
     }
-    return ok(in) ? map : Map();
+    return ok(in) ? Map(map) : Map();
 }
 
 template<typename List, typename Item>
@@ -135,10 +137,10 @@ QVariant readTypedValue(QDataStream& in, quint32 typeId, bool isNull, int nestin
         value = readList(in, nesting);
         break;
     case QMetaType::QVariantMap:
-        value = readMap<QVariantMap>(in, nesting);
+        value = readMap<QVariantMap, QMultiMap<QString, QVariant>>(in, nesting);
         break;
     case QMetaType::QVariantHash:
-        value = readMap<QVariantHash>(in, nesting);
+        value = readMap<QVariantHash, QMultiHash<QString, QVariant>>(in, nesting);
         break;
     case QMetaType::QStringList:
         value = readPlainList<QStringList, QString>(in);

@@ -283,6 +283,18 @@ TEST(ExpressionStream, ConstantsReadAsQtReadsThem)
         EXPECT_EQ(status, QDataStream::Ok) << t.name;
         EXPECT_EQ(e->evaluate(), expected) << t.name;
     }
+    // Several values under one key are all kept, as Qt's reader keeps them.
+    QMultiMap<QString, QVariant> repeated;
+    repeated.insert(QStringLiteral("k"), 1);
+    repeated.insert(QStringLiteral("k"), 2);
+    QMultiHash<QString, QVariant> repeatedHash;
+    repeatedHash.insert(QStringLiteral("k"), 1);
+    repeatedHash.insert(QStringLiteral("k"), 2);
+    const QVariant multiValues[] = {QVariantMap(repeated), QVariantHash(repeatedHash)};
+    for (const QVariant& value : multiValues) {
+        const ExpressionHandle back = readBack(written(c(value)));
+        EXPECT_EQ(back->evaluate(), value) << value.typeName();
+    }
 }
 
 // The stream version is the caller's; old versions number the QVariant
