@@ -189,6 +189,32 @@ TEST(ExpressionStream, UnknownTagsGiveTheEmptyListAndConsumeOnlyTheTag)
     EXPECT_TRUE(readBack(foreign.bytes, &status, &consumed)->isEmpty());
     EXPECT_EQ(consumed, 4 + 19);
 
+    // Long tags: the tag ends at its first zero byte, whatever the count
+    // says, and an unknown one is consumed whole (and only it).
+    struct LongTag { QByteArray bytes; bool known; };
+    const QByteArray padding(3 * 1024 * 1024 + 17, 'x');
+    const LongTag longTags[] = {
+        {QByteArray("class kogen::ConstExpression", 29) + padding, true},
+        {QByteArray("class kogen::ConstExpression") + padding, false},
+        {padding, false},
+    };
+    for (const LongTag& t : longTags) {
+        QByteArray bytes;
+        QDataStream out(&bytes, QIODevice::WriteOnly);
+        out.writeBytes(t.bytes.constData(), static_cast<uint>(t.bytes.size()));
+        const qint64 tagSize = bytes.size();
+        out << qint32(1) << true << QVariant(4);
+        const ExpressionHandle e = readBack(bytes, &status, &consumed);
+        EXPECT_EQ(status, QDataStream::Ok);
+        EXPECT_EQ(consumed, t.known ? bytes.size() : tagSize);
+        EXPECT_EQ(e->evaluate(), t.known ? QVariant(4) : QVariant(QVariantList()));
+        // Cut inside the tag: the stream ends early.
+        readBack(bytes.left(static_cast<int>(tagSize) - 1), &status);
+        EXPECT_EQ(status, QDataStream::ReadPastEnd);
+    }
+    EXPECT_TRUE(readBack(QByteArray("\0\0\0\0", 4), &status)->isEmpty());
+    EXPECT_EQ(status, QDataStream::Ok);
+
     // Inside an operator the unknown child becomes an empty list, and the
     // reader goes on at the misaligned position.
     const QByteArray nested = written(ExpressionList(sw, c(5)));
