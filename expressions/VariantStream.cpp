@@ -121,6 +121,85 @@ List readPlainList(QDataStream& in)
     return ok(in) ? list : List();
 }
 
+// A time zone id that could make Qt open a file outside the zone database
+// (Qt looks an id up as a path below its zone directory): an absolute path,
+// one with a ".." component, or one with a zero character. No real zone has
+// such an id, and a hostile one could name a device or a pipe and block the
+// reader.
+bool isUnsafeZoneId(QString id)
+{
+    if (id.contains(QChar(0)))
+        return true;
+    id.replace(QLatin1Char('\\'), QLatin1Char('/'));
+    return id.startsWith(QLatin1Char('/')) || id.split(QLatin1Char('/')).contains(QStringLiteral(".."));
+}
+
+// Reads a QString at an offset into the bytes the device can give without
+// consuming them. False when the bytes are not (yet) there.
+bool peekString(QDataStream& in, int offset, QString* text, int* next)
+{
+    const QByteArray head = in.device()->peek(offset + 4);
+    if (head.size() < offset + 4)
+        return false;
+    QDataStream lengthStream(head);
+    lengthStream.setByteOrder(in.byteOrder());
+    lengthStream.skipRawData(offset);
+    quint32 length = 0;
+    lengthStream >> length;
+    if (length == 0xffffffffu) {
+        *text = QString();
+        *next = offset + 4;
+        return true;
+    }
+    constexpr quint32 kLongestZoneId = 4096; // bytes of UTF-16; longer ids name no zone
+    if (length > kLongestZoneId) {
+        *text = QStringLiteral("/");
+        return true;
+    }
+    const QByteArray bytes = in.device()->peek(offset + 4 + static_cast<int>(length));
+    if (bytes.size() < offset + 4 + static_cast<int>(length))
+        return false;
+    QDataStream textStream(bytes);
+    textStream.setVersion(in.version());
+    textStream.setByteOrder(in.byteOrder());
+    textStream.skipRawData(offset);
+    textStream >> *text;
+    *next = offset + 4 + static_cast<int>(length);
+    return textStream.status() == QDataStream::Ok;
+}
+
+// Looks ahead at a QDateTime before Qt reads it: false if it is in a time
+// zone whose id (or, for a zone stored by its offset, the id stored with
+// it) is unsafe. Only streams from Qt 5.2 on store time zones.
+bool dateTimeZoneIsSafe(QDataStream& in)
+{
+    if (!in.device() || in.version() < QDataStream::Qt_5_2)
+        return true;
+    constexpr int kDateTimeHead = 8 + 4 + 1; // Julian day, milliseconds, time spec
+    const QByteArray head = in.device()->peek(kDateTimeHead);
+    if (head.size() < kDateTimeHead)
+        return true; // Qt's reader runs out of data before it reads a zone
+    QDataStream headStream(head);
+    headStream.setByteOrder(in.byteOrder());
+    qint64 julianDay = 0;
+    quint32 milliseconds = 0;
+    qint8 spec = 0;
+    headStream >> julianDay >> milliseconds >> spec;
+    if (spec != Qt::TimeZone)
+        return true;
+    QString id;
+    int next = kDateTimeHead;
+    if (!peekString(in, next, &id, &next))
+        return true; // the id is cut: Qt's reader gets an empty one
+    if (isUnsafeZoneId(id))
+        return false;
+    if (id != QLatin1String("OffsetFromUtc"))
+        return true;
+    if (!peekString(in, next, &id, &next))
+        return true;
+    return !isUnsafeZoneId(id);
+}
+
 QVariant corrupt(QDataStream& in)
 {
     in.setStatus(QDataStream::ReadCorruptData);
@@ -150,6 +229,8 @@ QVariant readTypedValue(QDataStream& in, quint32 typeId, bool isNull, int nestin
         break;
     default:
         if (!isBoundedType(typeId))
+            return corrupt(in);
+        if (typeId == QMetaType::QDateTime && !dateTimeZoneIsSafe(in))
             return corrupt(in);
         value = QVariant(static_cast<int>(typeId), nullptr);
         if (!QMetaType::load(in, static_cast<int>(typeId), value.data()))

@@ -9,7 +9,18 @@
 #include <QRegExp>
 #include <QUuid>
 
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTimeZone>
+
+#include <atomic>
+#include <chrono>
+#include <thread>
 #include <vector>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -388,6 +399,67 @@ TEST(ExpressionStream, OlderStreamVersionsReadAsQtReadsThem)
         EXPECT_NE(in.status(), QDataStream::Ok) << version;
     }
 }
+
+#if defined(Q_OS_UNIX)
+// Qt looks a time zone id up as a file below its zone directory. An id that
+// climbs out of it could name a pipe, and opening a pipe waits for a writer:
+// the reader must refuse such ids before Qt opens anything.
+TEST(ExpressionStream, TimeZoneIdsOutsideTheZoneDatabaseAreRefused)
+{
+    QTemporaryDir dir;
+    ASSERT_TRUE(dir.isValid());
+    const QByteArray fifo = QFile::encodeName(dir.filePath(QStringLiteral("zone")));
+    ASSERT_EQ(::mkfifo(fifo.constData(), 0600), 0);
+    // A watcher that notices a reader blocked on the pipe (a non-blocking
+    // open for writing succeeds only then) and releases it.
+    std::atomic<bool> done{false};
+    std::atomic<bool> opened{false};
+    std::thread watcher([&] {
+        while (!done) {
+            const int fd = ::open(fifo.constData(), O_WRONLY | O_NONBLOCK);
+            if (fd >= 0) {
+                opened = true;
+                ::close(fd);
+            }
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        }
+    });
+
+    const QString climbing = QStringLiteral("../../../../../../..") + QFile::decodeName(fifo);
+    const QString ids[] = {climbing, QFile::decodeName(fifo), QStringLiteral("Europe/../../../../../..") + QFile::decodeName(fifo)};
+    for (const QString& id : ids) {
+        for (bool byOffset : {false, true}) {
+            Expected zone;
+            zone.tag("class kogen::ConstExpression").i32(1).flag(false);
+            zone.out << quint32(QMetaType::QDateTime) << qint8(0) << QDate(2020, 1, 1) << QTime(1, 0)
+                     << qint8(Qt::TimeZone);
+            if (byOffset)
+                zone.out << QStringLiteral("OffsetFromUtc") << id << qint32(3600) << QString() << QString() << qint32(0)
+                         << QString();
+            else
+                zone.out << id;
+            QDataStream::Status status = QDataStream::Ok;
+            readBack(zone.bytes, &status);
+            EXPECT_EQ(status, QDataStream::ReadCorruptData) << id.toStdString();
+        }
+    }
+    done = true;
+    watcher.join();
+    EXPECT_FALSE(opened) << "the reader opened the pipe";
+
+    // Real zones still read.
+    const QDateTime berlin(QDate(2020, 1, 1), QTime(1, 0), QTimeZone("Europe/Berlin"));
+    const QDateTime fixed(QDate(2020, 1, 1), QTime(1, 0), QTimeZone(5400));
+    for (const QDateTime& moment : {berlin, fixed}) {
+        ASSERT_TRUE(moment.timeZone().isValid());
+        QDataStream::Status status = QDataStream::Ok;
+        const ExpressionHandle back = readBack(written(c(moment)), &status);
+        EXPECT_EQ(status, QDataStream::Ok);
+        EXPECT_EQ(back->evaluate().toDateTime(), moment);
+        EXPECT_EQ(back->evaluate().toDateTime().timeZone(), moment.timeZone());
+    }
+}
+#endif
 
 TEST(ExpressionStream, HostileCountsAndDepthsAreBounded)
 {
