@@ -179,6 +179,18 @@ TEST(ExpressionStream, KindsOutsideTheirRangeEvaluateToNull)
         EXPECT_FALSE(r.eval(e, &constant).isValid()) << t.tag << " " << t.kind;
         EXPECT_EQ(constant, t.expectedConstant) << t.tag << " " << t.kind;
     }
+
+    // A unary operator of an unknown kind over a number keeps the 0 that
+    // negation and bitwise not start from, and counts as constant.
+    Expected unary;
+    unary.tag("class kogen::UnaryOperator").i32(1).i32(2).i32(1).i32(1);
+    unary.tag("class kogen::ValueExpression").i32(2).text(QStringLiteral("a")).text(QString());
+    QDataStream::Status status = QDataStream::Ok;
+    const ExpressionHandle e = readBack(unary.bytes, &status);
+    ASSERT_EQ(status, QDataStream::Ok);
+    bool constant = false;
+    EXPECT_EQ(r.eval(e, &constant), QVariant(0));
+    EXPECT_TRUE(constant);
 }
 
 TEST(ExpressionStream, UnknownTagsGiveTheEmptyListAndConsumeOnlyTheTag)
