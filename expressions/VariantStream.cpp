@@ -8,6 +8,8 @@
 #include <QHash>
 #include <QMap>
 #include <QMetaType>
+#include <QPolygon>
+#include <QPolygonF>
 #include <QStringList>
 
 namespace kogen {
@@ -60,6 +62,13 @@ bool isBoundedType(quint32 typeId)
     case QMetaType::QVector3D:
     case QMetaType::QVector4D:
     case QMetaType::QQuaternion:
+    // JSON values travel as JSON text in a byte array (a value as its type
+    // byte and a number, text or such a document); the parser limits the
+    // nesting.
+    case QMetaType::QJsonValue:
+    case QMetaType::QJsonObject:
+    case QMetaType::QJsonArray:
+    case QMetaType::QJsonDocument:
         return true;
     default:
         return false;
@@ -227,6 +236,12 @@ QVariant readTypedValue(QDataStream& in, quint32 typeId, bool isNull, int nestin
     case QMetaType::QByteArrayList:
         value = QVariant::fromValue(readPlainList<QByteArrayList, QByteArray>(in));
         break;
+    case QMetaType::QPolygon:
+        value = QVariant::fromValue(readPlainList<QPolygon, QPoint>(in));
+        break;
+    case QMetaType::QPolygonF:
+        value = QVariant::fromValue(readPlainList<QPolygonF, QPointF>(in));
+        break;
     default:
         if (!isBoundedType(typeId))
             return corrupt(in);
@@ -259,13 +274,13 @@ bool currentTypeId(quint32& typeId, int version)
     if (version < QDataStream::Qt_4_0) {
         // The Qt 3 ids of the types that existed then.
         static const QHash<quint32, quint32> kQt3Ids = {
-            {0, QMetaType::UnknownType}, {1, QMetaType::QVariantMap}, {2, QMetaType::QVariantList},
-            {3, QMetaType::QString},     {4, QMetaType::QStringList}, {8, QMetaType::QRect},
-            {9, QMetaType::QSize},       {10, QMetaType::QColor},     {14, QMetaType::QPoint},
-            {16, QMetaType::Int},        {17, QMetaType::UInt},       {18, QMetaType::Bool},
-            {19, QMetaType::Double},     {26, QMetaType::QDate},      {27, QMetaType::QTime},
-            {28, QMetaType::QDateTime},  {29, QMetaType::QByteArray}, {30, QMetaType::QBitArray},
-            {33, QMetaType::LongLong},   {34, QMetaType::ULongLong},
+            {0, QMetaType::UnknownType}, {1, QMetaType::QVariantMap},  {2, QMetaType::QVariantList},
+            {3, QMetaType::QString},     {4, QMetaType::QStringList},  {8, QMetaType::QRect},
+            {9, QMetaType::QSize},       {10, QMetaType::QColor},      {14, QMetaType::QPoint},
+            {16, QMetaType::Int},        {17, QMetaType::UInt},        {18, QMetaType::Bool},
+            {19, QMetaType::Double},     {21, QMetaType::QPolygon},    {26, QMetaType::QDate},
+            {27, QMetaType::QTime},      {28, QMetaType::QDateTime},   {29, QMetaType::QByteArray},
+            {30, QMetaType::QBitArray},  {33, QMetaType::LongLong},    {34, QMetaType::ULongLong},
         };
         const auto found = kQt3Ids.constFind(typeId);
         if (found == kQt3Ids.constEnd())

@@ -15,8 +15,9 @@ void writeVariant(QDataStream& out, const QVariant& value);
 // reserves memory for a container before its elements arrive, limits the
 // nesting of lists and maps, and accepts only value types whose stream
 // format is bounded by the data: numbers, texts, byte and bit arrays, dates
-// and times, URLs, locales, geometry, regular expressions, UUIDs, the
-// variant containers, a few fixed-size Gui types and registered user types.
+// and times, URLs, locales, geometry (polygons included), regular
+// expressions, UUIDs, JSON values, the variant containers, a few fixed-size
+// Gui types and registered user types.
 // Anything else marks the stream as corrupt and gives an invalid QVariant.
 QVariant readVariant(QDataStream& in);
 

@@ -10,6 +10,12 @@
 #include <QUuid>
 
 #include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QJsonValue>
+#include <QPolygon>
+#include <QPolygonF>
 #include <QTemporaryDir>
 #include <QTimeZone>
 
@@ -112,6 +118,12 @@ TEST(ExpressionStream, EveryReadableClassRoundTrips)
         c(QStringList{QStringLiteral("p"), QStringLiteral("q")}),
         c(QVariantMap{{QStringLiteral("k"), 1}}),
         c(QVariant(QVariant::Int)),
+        c(QPolygon(QVector<QPoint>{QPoint(1, 2), QPoint(-3, 4)})),
+        c(QPolygonF(QVector<QPointF>{QPointF(1.5, 2)})),
+        c(QJsonValue(3.5)),
+        c(QJsonObject{{QStringLiteral("a"), QJsonArray{1, QStringLiteral("x")}}}),
+        c(QJsonArray{true, QJsonValue()}),
+        c(QJsonDocument(QJsonObject{{QStringLiteral("k"), 2}})),
         ValueExpression(QStringLiteral("my field"), QStringLiteral("alias")),
         toInt(a),
         toDateTime(c(QStringLiteral("2024-01-01T00:00:00"))),
@@ -368,6 +380,9 @@ TEST(ExpressionStream, OlderStreamVersionsReadAsQtReadsThem)
         QVariantMap{{QStringLiteral("k"), 1}, {QStringLiteral("l"), QVariantList{true}}},
         QVariantHash{{QStringLiteral("h"), 3}},
         QVariant::fromValue(QByteArrayList{"u", "v"}),
+        QPolygon(QVector<QPoint>{QPoint(1, 2)}),
+        QPolygonF(QVector<QPointF>{QPointF(1.5, 2)}),
+        QJsonArray{1, QStringLiteral("x")},
     };
     const int versions[] = {QDataStream::Qt_1_0, QDataStream::Qt_3_3, QDataStream::Qt_4_0, QDataStream::Qt_4_2,
                             QDataStream::Qt_4_8, QDataStream::Qt_5_0, QDataStream::Qt_5_15};
@@ -488,6 +503,15 @@ TEST(ExpressionStream, HostileCountsAndDepthsAreBounded)
     bigList.out << quint32(QMetaType::QVariantList) << qint8(0) << quint32(0x7fffffff);
     readBack(bigList.bytes, &status);
     EXPECT_NE(status, QDataStream::Ok);
+
+    // Polygons claiming two billion points.
+    for (quint32 type : {quint32(QMetaType::QPolygon), quint32(QMetaType::QPolygonF)}) {
+        Expected polygon;
+        polygon.tag("class kogen::ConstExpression").i32(1).flag(false);
+        polygon.out << type << qint8(0) << quint32(0x7fffffff) << QPoint(1, 2);
+        readBack(polygon.bytes, &status);
+        EXPECT_NE(status, QDataStream::Ok) << type;
+    }
 
     // The same list, named as a type after the user type id: Qt's reader
     // accepts built-in types by name, and so must the bounded reader.
