@@ -1,5 +1,7 @@
 #include "expressions/VariantStream.h"
 
+#include "expressions/RegExpLimit.h"
+
 #include <QByteArray>
 #include <QByteArrayList>
 #include <QDataStream>
@@ -143,13 +145,17 @@ bool isUnsafeZoneId(QString id)
     return id.startsWith(QLatin1Char('/')) || id.split(QLatin1Char('/')).contains(QStringLiteral(".."));
 }
 
+enum class Peeked { Text, TooLong, Missing };
+
 // Reads a QString at an offset into the bytes the device can give without
-// consuming them. False when the bytes are not (yet) there.
-bool peekString(QDataStream& in, int offset, QString* text, int* next)
+// consuming them. Missing when the bytes are not (yet) there or do not
+// form a string (Qt's own reader then fails on them), TooLong when the
+// string has more than maxBytes bytes.
+Peeked peekString(QDataStream& in, int offset, quint32 maxBytes, QString* text, int* next)
 {
     const QByteArray head = in.device()->peek(offset + 4);
     if (head.size() < offset + 4)
-        return false;
+        return Peeked::Missing;
     QDataStream lengthStream(head);
     lengthStream.setByteOrder(in.byteOrder());
     lengthStream.skipRawData(offset);
@@ -158,24 +164,25 @@ bool peekString(QDataStream& in, int offset, QString* text, int* next)
     if (length == 0xffffffffu) {
         *text = QString();
         *next = offset + 4;
-        return true;
+        return Peeked::Text;
     }
-    constexpr quint32 kLongestZoneId = 4096; // bytes of UTF-16; longer ids name no zone
-    if (length > kLongestZoneId) {
-        *text = QStringLiteral("/");
-        return true;
-    }
-    const QByteArray bytes = in.device()->peek(offset + 4 + static_cast<int>(length));
-    if (bytes.size() < offset + 4 + static_cast<int>(length))
-        return false;
+    if (length > maxBytes)
+        return Peeked::TooLong;
+    const int end = offset + 4 + static_cast<int>(length);
+    const QByteArray bytes = in.device()->peek(end);
+    if (bytes.size() < end)
+        return Peeked::Missing;
     QDataStream textStream(bytes);
     textStream.setVersion(in.version());
     textStream.setByteOrder(in.byteOrder());
     textStream.skipRawData(offset);
     textStream >> *text;
-    *next = offset + 4 + static_cast<int>(length);
-    return textStream.status() == QDataStream::Ok;
+    *next = end;
+    return textStream.status() == QDataStream::Ok ? Peeked::Text : Peeked::Missing;
 }
+
+// Longer zone ids (in bytes) name no zone.
+constexpr quint32 kLongestZoneId = 4096;
 
 // Looks ahead at a QDateTime before Qt reads it: false if it is in a time
 // zone whose id (or, for a zone stored by its offset, the id stored with
@@ -198,15 +205,45 @@ bool dateTimeZoneIsSafe(QDataStream& in)
         return true;
     QString id;
     int next = kDateTimeHead;
-    if (!peekString(in, next, &id, &next))
-        return true; // the id is cut: Qt's reader gets an empty one
-    if (isUnsafeZoneId(id))
+    for (int part = 0; part < 2; ++part) {
+        switch (peekString(in, next, kLongestZoneId, &id, &next)) {
+        case Peeked::Missing:
+            return true; // the id is cut: Qt's reader gets an empty one
+        case Peeked::TooLong:
+            return false;
+        case Peeked::Text:
+            break;
+        }
+        if (isUnsafeZoneId(id))
+            return false;
+        if (id != QLatin1String("OffsetFromUtc"))
+            return true;
+    }
+    return true;
+}
+
+// Looks ahead at a QRegExp before Qt reads it: Qt compiles the pattern as
+// it reads it, so a pattern too complex to compile within bounds (or longer
+// than any such pattern can be) is refused here.
+bool regExpIsTractable(QDataStream& in)
+{
+    if (!in.device())
+        return true;
+    QString pattern;
+    int next = 0;
+    switch (peekString(in, 0, kLongestRegExpPattern, &pattern, &next)) {
+    case Peeked::Missing:
+        return true; // Qt's reader runs out of data and compiles nothing
+    case Peeked::TooLong:
         return false;
-    if (id != QLatin1String("OffsetFromUtc"))
+    case Peeked::Text:
+        break;
+    }
+    const QByteArray flags = in.device()->peek(next + 2); // case sensitivity, syntax
+    if (flags.size() < next + 2)
         return true;
-    if (!peekString(in, next, &id, &next))
-        return true;
-    return !isUnsafeZoneId(id);
+    const auto syntax = static_cast<QRegExp::PatternSyntax>(static_cast<quint8>(flags.at(next + 1)));
+    return isTractableRegExp(pattern, syntax);
 }
 
 QVariant corrupt(QDataStream& in)
@@ -246,6 +283,8 @@ QVariant readTypedValue(QDataStream& in, quint32 typeId, bool isNull, int nestin
         if (!isBoundedType(typeId))
             return corrupt(in);
         if (typeId == QMetaType::QDateTime && !dateTimeZoneIsSafe(in))
+            return corrupt(in);
+        if (typeId == QMetaType::QRegExp && !regExpIsTractable(in))
             return corrupt(in);
         value = QVariant(static_cast<int>(typeId), nullptr);
         if (!QMetaType::load(in, static_cast<int>(typeId), value.data()))

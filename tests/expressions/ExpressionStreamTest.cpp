@@ -513,6 +513,29 @@ TEST(ExpressionStream, HostileCountsAndDepthsAreBounded)
         EXPECT_NE(status, QDataStream::Ok) << type;
     }
 
+    // Qt compiles a QRegExp as it reads it; a pattern whose counted
+    // repetitions nest into millions of states is refused unread, in the
+    // regular-expression syntaxes. A wildcard has no counts.
+    struct Pattern { QString pattern; quint8 syntax; bool refused; };
+    const Pattern patterns[] = {
+        {QStringLiteral("((a{100}){100}){100}"), QRegExp::RegExp, true},
+        {QStringLiteral("((a{100}){100}){100}"), QRegExp::RegExp2, true},
+        {QStringLiteral("(((a{100}){100}){100}){100}"), QRegExp::RegExp, true},
+        {QStringLiteral("((a{100}){100}){100}"), QRegExp::Wildcard, false},
+        {QStringLiteral("(a{10}){10}"), QRegExp::RegExp, false},
+    };
+    for (const Pattern& t : patterns) {
+        Expected regExp;
+        regExp.tag("class kogen::ConstExpression").i32(1).flag(false);
+        regExp.out << quint32(QMetaType::QRegExp) << qint8(0) << t.pattern << quint8(Qt::CaseSensitive) << t.syntax
+                   << quint8(0);
+        const ExpressionHandle e = readBack(regExp.bytes, &status);
+        EXPECT_EQ(status, t.refused ? QDataStream::ReadCorruptData : QDataStream::Ok) << t.pattern.toStdString();
+        if (!t.refused) {
+            EXPECT_EQ(e->evaluate().toRegExp().pattern(), t.pattern);
+        }
+    }
+
     // The same list, named as a type after the user type id: Qt's reader
     // accepts built-in types by name, and so must the bounded reader.
     for (const char* name : {"QVariantList", "QStringList", "QVariantMap", "QByteArrayList"}) {
