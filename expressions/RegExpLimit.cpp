@@ -94,8 +94,10 @@ qint64 regExpStates(const QString& pattern)
 bool isTractableRegExp(const QString& pattern, QRegExp::PatternSyntax syntax)
 {
     // Wildcards and fixed strings have no counted repetitions: one state per
-    // character at most.
-    const bool counted = syntax == QRegExp::RegExp || syntax == QRegExp::RegExp2 || syntax == QRegExp::W3CXmlSchema11;
+    // character at most. QRegExp reads any other syntax value (also one
+    // outside the enum) as a regular expression.
+    const bool counted =
+        syntax != QRegExp::Wildcard && syntax != QRegExp::WildcardUnix && syntax != QRegExp::FixedString;
     return (counted ? regExpStates(pattern) : pattern.size()) <= kMaxRegExpStates;
 }
 

@@ -21,8 +21,8 @@ constexpr quint32 kLongestRegExpPattern = 4u * 1024u * 1024u;
 qint64 regExpStates(const QString& pattern);
 
 // Whether QRegExp can compile the pattern in the syntax within the bound.
-// Only the regular-expression syntaxes have counted repetitions; a wildcard
-// or fixed string counts one state per character.
+// Wildcards and fixed strings have no counted repetitions and count one
+// state per character; every other syntax is a regular expression.
 bool isTractableRegExp(const QString& pattern, QRegExp::PatternSyntax syntax);
 
 } // namespace kogen

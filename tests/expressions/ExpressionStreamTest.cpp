@@ -515,13 +515,15 @@ TEST(ExpressionStream, HostileCountsAndDepthsAreBounded)
 
     // Qt compiles a QRegExp as it reads it; a pattern whose counted
     // repetitions nest into millions of states is refused unread, in the
-    // regular-expression syntaxes. A wildcard has no counts.
+    // regular-expression syntaxes. Wildcards and fixed strings have no counts.
     struct Pattern { QString pattern; quint8 syntax; bool refused; };
     const Pattern patterns[] = {
         {QStringLiteral("((a{100}){100}){100}"), QRegExp::RegExp, true},
         {QStringLiteral("((a{100}){100}){100}"), QRegExp::RegExp2, true},
         {QStringLiteral("(((a{100}){100}){100}){100}"), QRegExp::RegExp, true},
+        {QStringLiteral("((a{100}){100}){100}"), 9, true}, // Qt compiles an unknown syntax as a regular expression
         {QStringLiteral("((a{100}){100}){100}"), QRegExp::Wildcard, false},
+        {QStringLiteral("((a{100}){100}){100}"), QRegExp::FixedString, false},
         {QStringLiteral("(a{10}){10}"), QRegExp::RegExp, false},
     };
     for (const Pattern& t : patterns) {
