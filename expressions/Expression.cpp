@@ -13,7 +13,6 @@
 #include <QTextStream>
 #include <QTime>
 
-#include <memory>
 #include <typeinfo>
 
 #if defined(__GNUG__)
@@ -29,6 +28,36 @@ namespace {
 // damaged or hostile stream, and the recursion must stay within the stack.
 constexpr int kMaxReadDepth = 1000;
 thread_local int tReadDepth = 0;
+// The longest tag registered so far, in bytes without the terminating zero.
+int gLongestTag = 0;
+
+// Reads a tag as QDataStream reads a char*: a byte count including the
+// terminating zero, then the bytes; the tag ends at the first zero byte.
+// Only the first longestTag + 1 bytes are kept (a longer tag cannot be
+// registered) and the rest is skipped, so a huge count costs neither memory
+// nor copying. Returns false when the stream ends first.
+bool readTag(QDataStream& in, int longestTag, QByteArray* tag)
+{
+    quint32 length = 0;
+    in >> length;
+    if (in.status() != QDataStream::Ok)
+        return false;
+    const int kept = static_cast<int>(qMin<quint32>(length, static_cast<quint32>(longestTag) + 1));
+    QByteArray bytes(kept, Qt::Uninitialized);
+    if (kept > 0 && in.readRawData(bytes.data(), kept) != kept)
+        return false;
+    for (quint32 rest = length - static_cast<quint32>(kept); rest > 0;) {
+        const int step = static_cast<int>(qMin<quint32>(rest, 1u << 30));
+        if (in.skipRawData(step) != step) {
+            in.setStatus(QDataStream::ReadPastEnd);
+            return false;
+        }
+        rest -= static_cast<quint32>(step);
+    }
+    const int end = bytes.indexOf('\0');
+    *tag = end < 0 ? bytes : bytes.left(end);
+    return true;
+}
 
 QByteArray typeName(const std::type_info& info)
 {
@@ -112,6 +141,7 @@ bool Expression::registerExpressionClass(ExpressionHandle prototype)
     if (tag.isEmpty() || expressionClassMap().contains(tag))
         return false;
     expressionClassMap().insert(tag, prototype);
+    gLongestTag = qMax(gLongestTag, tag.size());
     return true;
 }
 
@@ -126,17 +156,11 @@ int Expression::maxReadDepth() { return kMaxReadDepth; }
 
 ExpressionHandle Expression::readExpression(QDataStream& in)
 {
-    // The tag as QDataStream writes a const char*: a byte count including
-    // the terminating zero, then the bytes. Qt reads it in bounded steps.
-    char* raw = nullptr;
-    uint length = 0;
-    in.readBytes(raw, length);
-    std::unique_ptr<char[]> tagBytes(raw);
-
     ExpressionHandle result = ExpressionList::empty();
-    if (in.status() != QDataStream::Ok || !raw)
+    QByteArray tagBytes;
+    if (!readTag(in, gLongestTag, &tagBytes) || tagBytes.isEmpty())
         return result;
-    const QString tag = QString::fromLatin1(raw, static_cast<int>(qstrnlen(raw, length)));
+    const QString tag = QString::fromLatin1(tagBytes);
     const auto found = expressionClassMap().constFind(tag);
     if (found == expressionClassMap().constEnd())
         return result;

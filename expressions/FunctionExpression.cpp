@@ -1,5 +1,7 @@
 #include "expressions/FunctionExpression.h"
 
+#include "expressions/RegExpLimit.h"
+
 #include "properties/PropertySet.h"
 #include "properties/TypeTool.h"
 #include "support/core/Log.h"
@@ -18,6 +20,16 @@ namespace kogen {
 namespace {
 
 QMutex gLikeCacheMutex;
+
+// Whether QRegExp can compile the pattern within bounds; logs the refusal.
+bool isTractable(const QString& pattern, QRegExp::PatternSyntax syntax, const char* tag)
+{
+    if (isTractableRegExp(pattern, syntax))
+        return true;
+    if (ko::Log::instance().isEnabled(ko::Log::Warning))
+        ko::LogLine(ko::Log::Warning, tag) << QStringLiteral("Pattern too complex: %1").arg(pattern);
+    return false;
+}
 
 } // namespace
 
@@ -316,7 +328,13 @@ QVariant FunctionExpression::like(const QList<QVariant>& arguments)
         QMutexLocker lock(&gLikeCacheMutex);
         QRegExp* cached = gLikeCache.object(key);
         if (!cached) {
-            cached = new QRegExp(likePattern(pattern, escape), Qt::CaseSensitive, QRegExp::RegExp);
+            // The rewrite leaves braces and groups alone, so a pattern can
+            // nest counted repetitions that QRegExp cannot compile within
+            // bounds; such a pattern gives NULL and is not cached.
+            const QString rewritten = likePattern(pattern, escape);
+            if (!isTractable(rewritten, QRegExp::RegExp, "kogen::FunctionExpression::like"))
+                return QVariant();
+            cached = new QRegExp(rewritten, Qt::CaseSensitive, QRegExp::RegExp);
             gLikeCache.insert(key, cached, 1);
         }
         expression = *cached;
@@ -327,8 +345,13 @@ QVariant FunctionExpression::like(const QList<QVariant>& arguments)
 QVariant FunctionExpression::regexp(const QList<QVariant>& arguments)
 {
     const QVariant pattern = arguments.value(1);
-    QRegExp expression = pattern.type() == QVariant::RegExp ? pattern.toRegExp() : QRegExp(pattern.toString());
-    return expression.exactMatch(arguments.value(0).toString());
+    if (pattern.type() == QVariant::RegExp)
+        return pattern.toRegExp().exactMatch(arguments.value(0).toString());
+    // QRegExp compiles as it is built: check the text first.
+    const QString text = pattern.toString();
+    if (!isTractable(text, QRegExp::RegExp, "kogen::FunctionExpression::regexp"))
+        return QVariant();
+    return QRegExp(text).exactMatch(arguments.value(0).toString());
 }
 
 // --- builders ---------------------------------------------------------------------

@@ -331,7 +331,11 @@ QVariant NumericOperator::evaluate(const PropertySet& set, bool* isConstant) con
     for (int i = 1; i < operands.size(); ++i) {
         bool valueConstant = false;
         const QVariant value = operands.at(i)->evaluate(set, &valueConstant);
-        if (!apply(accumulator, constant, m_op, value, valueConstant)) {
+        const bool applied = apply(accumulator, constant, m_op, value, valueConstant);
+        // The operand was evaluated: it counts even when apply() gave up
+        // before looking at it (an unknown kind read from a stream).
+        constant = constant && valueConstant;
+        if (!applied) {
             failed = true;
             break;
         }
@@ -391,10 +395,17 @@ QVariant UnaryOperator::evaluate(const PropertySet& set, bool* isConstant) const
     QVariant result;
     bool constant = true;
     if (TypeTool::isNumeric(value.type())) {
+        // A kind outside the enum (only a stream can hold one) keeps the 0.
+        result = QVariant(0);
         TypeTool tool(true, childConstant);
-        // BitNot is an exclusive or with 0: it yields the operand itself.
-        result = m_op == Negate ? tool.do_subtract(QVariant(0), value) : tool.do_bitxor(QVariant(0), value);
-        constant = childConstant;
+        if (m_op == Negate) {
+            result = tool.do_subtract(result, value);
+            constant = childConstant;
+        } else if (m_op == BitNot) {
+            // An exclusive or with 0: it yields the operand itself.
+            result = tool.do_bitxor(result, value);
+            constant = childConstant;
+        }
     } else if (m_op == Negate && TypeTool::isDate(value.type())) {
         COMMONKIT_DEPRECATED_BEGIN
         const QDateTime epoch = QDateTime::fromTime_t(0);

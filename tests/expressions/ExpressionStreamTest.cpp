@@ -7,8 +7,26 @@
 #include <QDate>
 #include <QRandomGenerator>
 #include <QRegExp>
+#include <QUuid>
 
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QJsonValue>
+#include <QPolygon>
+#include <QPolygonF>
+#include <QTemporaryDir>
+#include <QTimeZone>
+
+#include <atomic>
+#include <chrono>
+#include <thread>
 #include <vector>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -100,6 +118,12 @@ TEST(ExpressionStream, EveryReadableClassRoundTrips)
         c(QStringList{QStringLiteral("p"), QStringLiteral("q")}),
         c(QVariantMap{{QStringLiteral("k"), 1}}),
         c(QVariant(QVariant::Int)),
+        c(QPolygon(QVector<QPoint>{QPoint(1, 2), QPoint(-3, 4)})),
+        c(QPolygonF(QVector<QPointF>{QPointF(1.5, 2)})),
+        c(QJsonValue(3.5)),
+        c(QJsonObject{{QStringLiteral("a"), QJsonArray{1, QStringLiteral("x")}}}),
+        c(QJsonArray{true, QJsonValue()}),
+        c(QJsonDocument(QJsonObject{{QStringLiteral("k"), 2}})),
         ValueExpression(QStringLiteral("my field"), QStringLiteral("alias")),
         toInt(a),
         toDateTime(c(QStringLiteral("2024-01-01T00:00:00"))),
@@ -138,6 +162,49 @@ TEST(ExpressionStream, EveryReadableClassRoundTrips)
     EXPECT_EQ(sql(readBack(written(count(ValueExpression(*r.a), true)))), "count(DISTINCT a)");
 }
 
+// Kinds outside their enum can only come from a stream. Such a node gives
+// NULL, and its constness still follows the operands it evaluated.
+TEST(ExpressionStream, KindsOutsideTheirRangeEvaluateToNull)
+{
+    Record r;
+    r.with(5, 3);
+    struct Case { const char* tag; qint32 kind; bool secondIsProperty; bool expectedConstant; };
+    const Case cases[] = {
+        {"class kogen::Comparator", 6, false, true},
+        {"class kogen::Comparator", -1, true, false},
+        {"class kogen::NumericOperator", 8, false, true},
+        {"class kogen::NumericOperator", 8, true, false},
+        {"class kogen::NumericOperator", -3, true, false},
+    };
+    for (const Case& t : cases) {
+        Expected bytes;
+        bytes.tag(t.tag).i32(1).i32(t.kind).i32(1).i32(2);
+        bytes.tag("class kogen::ConstExpression").i32(1).flag(false).variant(2);
+        if (t.secondIsProperty)
+            bytes.tag("class kogen::ValueExpression").i32(2).text(QStringLiteral("a")).text(QString());
+        else
+            bytes.tag("class kogen::ConstExpression").i32(1).flag(false).variant(1);
+        QDataStream::Status status = QDataStream::Ok;
+        const ExpressionHandle e = readBack(bytes.bytes, &status);
+        ASSERT_EQ(status, QDataStream::Ok) << t.tag << " " << t.kind;
+        bool constant = !t.expectedConstant;
+        EXPECT_FALSE(r.eval(e, &constant).isValid()) << t.tag << " " << t.kind;
+        EXPECT_EQ(constant, t.expectedConstant) << t.tag << " " << t.kind;
+    }
+
+    // A unary operator of an unknown kind over a number keeps the 0 that
+    // negation and bitwise not start from, and counts as constant.
+    Expected unary;
+    unary.tag("class kogen::UnaryOperator").i32(1).i32(2).i32(1).i32(1);
+    unary.tag("class kogen::ValueExpression").i32(2).text(QStringLiteral("a")).text(QString());
+    QDataStream::Status status = QDataStream::Ok;
+    const ExpressionHandle e = readBack(unary.bytes, &status);
+    ASSERT_EQ(status, QDataStream::Ok);
+    bool constant = false;
+    EXPECT_EQ(r.eval(e, &constant), QVariant(0));
+    EXPECT_TRUE(constant);
+}
+
 TEST(ExpressionStream, UnknownTagsGiveTheEmptyListAndConsumeOnlyTheTag)
 {
     Record r;
@@ -156,6 +223,32 @@ TEST(ExpressionStream, UnknownTagsGiveTheEmptyListAndConsumeOnlyTheTag)
     foreign.tag("class other::Thing").i32(7);
     EXPECT_TRUE(readBack(foreign.bytes, &status, &consumed)->isEmpty());
     EXPECT_EQ(consumed, 4 + 19);
+
+    // Long tags: the tag ends at its first zero byte, whatever the count
+    // says, and an unknown one is consumed whole (and only it).
+    struct LongTag { QByteArray bytes; bool known; };
+    const QByteArray padding(3 * 1024 * 1024 + 17, 'x');
+    const LongTag longTags[] = {
+        {QByteArray("class kogen::ConstExpression", 29) + padding, true},
+        {QByteArray("class kogen::ConstExpression") + padding, false},
+        {padding, false},
+    };
+    for (const LongTag& t : longTags) {
+        QByteArray bytes;
+        QDataStream out(&bytes, QIODevice::WriteOnly);
+        out.writeBytes(t.bytes.constData(), static_cast<uint>(t.bytes.size()));
+        const qint64 tagSize = bytes.size();
+        out << qint32(1) << true << QVariant(4);
+        const ExpressionHandle e = readBack(bytes, &status, &consumed);
+        EXPECT_EQ(status, QDataStream::Ok);
+        EXPECT_EQ(consumed, t.known ? bytes.size() : tagSize);
+        EXPECT_EQ(e->evaluate(), t.known ? QVariant(4) : QVariant(QVariantList()));
+        // Cut inside the tag: the stream ends early.
+        readBack(bytes.left(static_cast<int>(tagSize) - 1), &status);
+        EXPECT_EQ(status, QDataStream::ReadPastEnd);
+    }
+    EXPECT_TRUE(readBack(QByteArray("\0\0\0\0", 4), &status)->isEmpty());
+    EXPECT_EQ(status, QDataStream::Ok);
 
     // Inside an operator the unknown child becomes an empty list, and the
     // reader goes on at the misaligned position.
@@ -216,6 +309,185 @@ TEST(ExpressionStream, TruncatedAndCorruptedStreamsAreSafe)
     }
 }
 
+// Values in forms that Qt's writer does not produce but its reader takes:
+// the constant must read as Qt itself reads it.
+TEST(ExpressionStream, ConstantsReadAsQtReadsThem)
+{
+    struct Case { const char* name; QVariant value; };
+    const Case cases[] = {
+        {"QVariantList", QVariantList{1, QStringLiteral("x")}},
+        {"QStringList", QStringList{QStringLiteral("p")}},
+        {"QVariantMap", QVariantMap{{QStringLiteral("k"), 2.5}}},
+        {"QString", QStringLiteral("text")},
+        {"int", 7},
+    };
+    for (const Case& t : cases) {
+        Expected body; // the variant as Qt writes it, minus the type id and null flag
+        body.out.setVersion(QDataStream::Qt_5_15);
+        body.out << t.value;
+        QByteArray bytes;
+        QDataStream out(&bytes, QIODevice::WriteOnly);
+        out << quint32(QMetaType::User) << qint8(0) << QByteArray(t.name);
+        bytes += body.bytes.mid(5);
+
+        QDataStream qtIn(bytes);
+        QVariant expected;
+        qtIn >> expected;
+        ASSERT_EQ(qtIn.status(), QDataStream::Ok) << t.name;
+        ASSERT_EQ(expected, t.value) << t.name;
+
+        Expected stream;
+        stream.tag("class kogen::ConstExpression").i32(1).flag(false);
+        const QByteArray full = stream.bytes + bytes;
+        QDataStream::Status status = QDataStream::Ok;
+        const ExpressionHandle e = readBack(full, &status);
+        EXPECT_EQ(status, QDataStream::Ok) << t.name;
+        EXPECT_EQ(e->evaluate(), expected) << t.name;
+    }
+    // Several values under one key are all kept, as Qt's reader keeps them.
+    QMultiMap<QString, QVariant> repeated;
+    repeated.insert(QStringLiteral("k"), 1);
+    repeated.insert(QStringLiteral("k"), 2);
+    QMultiHash<QString, QVariant> repeatedHash;
+    repeatedHash.insert(QStringLiteral("k"), 1);
+    repeatedHash.insert(QStringLiteral("k"), 2);
+    const QVariant multiValues[] = {QVariantMap(repeated), QVariantHash(repeatedHash)};
+    for (const QVariant& value : multiValues) {
+        const ExpressionHandle back = readBack(written(c(value)));
+        EXPECT_EQ(back->evaluate(), value) << value.typeName();
+    }
+}
+
+// The stream version is the caller's; old versions number the QVariant
+// types differently. Each value must read back as Qt's own reader reads
+// the bytes that Qt's writer produced for that version.
+TEST(ExpressionStream, OlderStreamVersionsReadAsQtReadsThem)
+{
+    const QVariant values[] = {
+        QVariant(),
+        7,
+        QVariant(QVariant::Int),
+        QStringLiteral("it's"),
+        QByteArray("\x01\x02"),
+        2.5,
+        QVariant(qlonglong(1) << 40),
+        QDate(2024, 2, 29),
+        QDateTime(QDate(2024, 2, 29), QTime(1, 2, 3, 4), Qt::UTC),
+        QRegExp(QStringLiteral("a+b")),
+        QUuid(QStringLiteral("{67c8770b-44f1-410a-ab9a-f9b5446f13ee}")),
+        QVariantList{1, QStringLiteral("x"), QVariantList{2.5}},
+        QStringList{QStringLiteral("p"), QStringLiteral("q")},
+        QVariantMap{{QStringLiteral("k"), 1}, {QStringLiteral("l"), QVariantList{true}}},
+        QVariantHash{{QStringLiteral("h"), 3}},
+        QVariant::fromValue(QByteArrayList{"u", "v"}),
+        QPolygon(QVector<QPoint>{QPoint(1, 2)}),
+        QPolygonF(QVector<QPointF>{QPointF(1.5, 2)}),
+        QJsonArray{1, QStringLiteral("x")},
+    };
+    const int versions[] = {QDataStream::Qt_1_0, QDataStream::Qt_3_3, QDataStream::Qt_4_0, QDataStream::Qt_4_2,
+                            QDataStream::Qt_4_8, QDataStream::Qt_5_0, QDataStream::Qt_5_15};
+    for (int version : versions) {
+        for (const QVariant& value : values) {
+            QByteArray bytes;
+            QDataStream out(&bytes, QIODevice::WriteOnly);
+            out.setVersion(version);
+            out << ExpressionHandle(c(value, true));
+
+            QDataStream qtIn(bytes);
+            qtIn.setVersion(version);
+            QByteArray tag;
+            qint32 bodyVersion = 0;
+            bool placeholder = false;
+            QVariant expected;
+            qtIn >> tag >> bodyVersion >> placeholder >> expected;
+            ASSERT_EQ(qtIn.status(), QDataStream::Ok) << version << value.typeName();
+
+            QDataStream in(bytes);
+            in.setVersion(version);
+            const ExpressionHandle e = Expression::readExpression(in);
+            EXPECT_EQ(in.status(), QDataStream::Ok) << version << " " << value.typeName();
+            EXPECT_TRUE(in.atEnd()) << version << " " << value.typeName();
+            const QVariant read = e->evaluate();
+            EXPECT_EQ(read, expected) << version << " " << value.typeName();
+            EXPECT_EQ(read.type(), expected.type()) << version << " " << value.typeName();
+            EXPECT_EQ(read.isNull(), expected.isNull()) << version << " " << value.typeName();
+        }
+        // A list claiming two billion elements costs nothing in any version.
+        QByteArray hostile;
+        QDataStream out(&hostile, QIODevice::WriteOnly);
+        out.setVersion(version);
+        out << ExpressionHandle(c(QVariantList{1}));
+        hostile.chop(out.version() >= QDataStream::Qt_4_2 ? 4 + 5 + 4 : 4 + 4 + 4); // count and element
+        QDataStream append(&hostile, QIODevice::Append);
+        append << quint32(0x7fffffff);
+        QDataStream in(hostile);
+        in.setVersion(version);
+        Expression::readExpression(in);
+        EXPECT_NE(in.status(), QDataStream::Ok) << version;
+    }
+}
+
+#if defined(Q_OS_UNIX)
+// Qt looks a time zone id up as a file below its zone directory. An id that
+// climbs out of it could name a pipe, and opening a pipe waits for a writer:
+// the reader must refuse such ids before Qt opens anything.
+TEST(ExpressionStream, TimeZoneIdsOutsideTheZoneDatabaseAreRefused)
+{
+    QTemporaryDir dir;
+    ASSERT_TRUE(dir.isValid());
+    const QByteArray fifo = QFile::encodeName(dir.filePath(QStringLiteral("zone")));
+    ASSERT_EQ(::mkfifo(fifo.constData(), 0600), 0);
+    // A watcher that notices a reader blocked on the pipe (a non-blocking
+    // open for writing succeeds only then) and releases it.
+    std::atomic<bool> done{false};
+    std::atomic<bool> opened{false};
+    std::thread watcher([&] {
+        while (!done) {
+            const int fd = ::open(fifo.constData(), O_WRONLY | O_NONBLOCK);
+            if (fd >= 0) {
+                opened = true;
+                ::close(fd);
+            }
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        }
+    });
+
+    const QString climbing = QStringLiteral("../../../../../../..") + QFile::decodeName(fifo);
+    const QString ids[] = {climbing, QFile::decodeName(fifo), QStringLiteral("Europe/../../../../../..") + QFile::decodeName(fifo)};
+    for (const QString& id : ids) {
+        for (bool byOffset : {false, true}) {
+            Expected zone;
+            zone.tag("class kogen::ConstExpression").i32(1).flag(false);
+            zone.out << quint32(QMetaType::QDateTime) << qint8(0) << QDate(2020, 1, 1) << QTime(1, 0)
+                     << qint8(Qt::TimeZone);
+            if (byOffset)
+                zone.out << QStringLiteral("OffsetFromUtc") << id << qint32(3600) << QString() << QString() << qint32(0)
+                         << QString();
+            else
+                zone.out << id;
+            QDataStream::Status status = QDataStream::Ok;
+            readBack(zone.bytes, &status);
+            EXPECT_EQ(status, QDataStream::ReadCorruptData) << id.toStdString();
+        }
+    }
+    done = true;
+    watcher.join();
+    EXPECT_FALSE(opened) << "the reader opened the pipe";
+
+    // Real zones still read.
+    const QDateTime berlin(QDate(2020, 1, 1), QTime(1, 0), QTimeZone("Europe/Berlin"));
+    const QDateTime fixed(QDate(2020, 1, 1), QTime(1, 0), QTimeZone(5400));
+    for (const QDateTime& moment : {berlin, fixed}) {
+        ASSERT_TRUE(moment.timeZone().isValid());
+        QDataStream::Status status = QDataStream::Ok;
+        const ExpressionHandle back = readBack(written(c(moment)), &status);
+        EXPECT_EQ(status, QDataStream::Ok);
+        EXPECT_EQ(back->evaluate().toDateTime(), moment);
+        EXPECT_EQ(back->evaluate().toDateTime().timeZone(), moment.timeZone());
+    }
+}
+#endif
+
 TEST(ExpressionStream, HostileCountsAndDepthsAreBounded)
 {
     // A list claiming two billion children, then nothing.
@@ -231,6 +503,50 @@ TEST(ExpressionStream, HostileCountsAndDepthsAreBounded)
     bigList.out << quint32(QMetaType::QVariantList) << qint8(0) << quint32(0x7fffffff);
     readBack(bigList.bytes, &status);
     EXPECT_NE(status, QDataStream::Ok);
+
+    // Polygons claiming two billion points.
+    for (quint32 type : {quint32(QMetaType::QPolygon), quint32(QMetaType::QPolygonF)}) {
+        Expected polygon;
+        polygon.tag("class kogen::ConstExpression").i32(1).flag(false);
+        polygon.out << type << qint8(0) << quint32(0x7fffffff) << QPoint(1, 2);
+        readBack(polygon.bytes, &status);
+        EXPECT_NE(status, QDataStream::Ok) << type;
+    }
+
+    // Qt compiles a QRegExp as it reads it; a pattern whose counted
+    // repetitions nest into millions of states is refused unread, in the
+    // regular-expression syntaxes. Wildcards and fixed strings have no counts.
+    struct Pattern { QString pattern; quint8 syntax; bool refused; };
+    const Pattern patterns[] = {
+        {QStringLiteral("((a{100}){100}){100}"), QRegExp::RegExp, true},
+        {QStringLiteral("((a{100}){100}){100}"), QRegExp::RegExp2, true},
+        {QStringLiteral("(((a{100}){100}){100}){100}"), QRegExp::RegExp, true},
+        {QStringLiteral("((a{100}){100}){100}"), 9, true}, // Qt compiles an unknown syntax as a regular expression
+        {QStringLiteral("((a{100}){100}){100}"), QRegExp::Wildcard, false},
+        {QStringLiteral("((a{100}){100}){100}"), QRegExp::FixedString, false},
+        {QStringLiteral("(a{10}){10}"), QRegExp::RegExp, false},
+    };
+    for (const Pattern& t : patterns) {
+        Expected regExp;
+        regExp.tag("class kogen::ConstExpression").i32(1).flag(false);
+        regExp.out << quint32(QMetaType::QRegExp) << qint8(0) << t.pattern << quint8(Qt::CaseSensitive) << t.syntax
+                   << quint8(0);
+        const ExpressionHandle e = readBack(regExp.bytes, &status);
+        EXPECT_EQ(status, t.refused ? QDataStream::ReadCorruptData : QDataStream::Ok) << t.pattern.toStdString();
+        if (!t.refused) {
+            EXPECT_EQ(e->evaluate().toRegExp().pattern(), t.pattern);
+        }
+    }
+
+    // The same list, named as a type after the user type id: Qt's reader
+    // accepts built-in types by name, and so must the bounded reader.
+    for (const char* name : {"QVariantList", "QStringList", "QVariantMap", "QByteArrayList"}) {
+        Expected named;
+        named.tag("class kogen::ConstExpression").i32(1).flag(false);
+        named.out << quint32(QMetaType::User) << qint8(0) << QByteArray(name) << quint32(0x7fffffff);
+        readBack(named.bytes, &status);
+        EXPECT_NE(status, QDataStream::Ok) << name;
+    }
 
     // A date-time in a time zone that does not exist: Qt could not write
     // such a value again, so the reader refuses it.

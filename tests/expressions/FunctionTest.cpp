@@ -100,6 +100,41 @@ TEST(Functions, LikeRewritesPatternsItsOwnWay)
     EXPECT_EQ(F::likePattern(QStringLiteral("a%_."), QString()), QStringLiteral("a\\.*.\\."));
 }
 
+// QRegExp compiles a pattern as it is built and copies an atom for every
+// count of a quantifier, so nested counts multiply into millions of states.
+// Such patterns give NULL with a warning instead of taking seconds and
+// hundreds of megabytes (or, one level deeper, gigabytes and an abort);
+// ordinary counted patterns still match.
+TEST(Functions, PatternsThatWouldExplodeGiveNull)
+{
+    std::vector<std::string> lines;
+    auto previous = ko::Log::instance().setSink([&](int, const std::string& line) { lines.push_back(line); });
+    const QString aaa = QStringLiteral("aaa");
+    struct Case { ExpressionHandle e; QVariant expected; };
+    const Case cases[] = {
+        {regexp(c(aaa), QStringLiteral("a{3}")), true},
+        {regexp(c(QStringLiteral("ababc")), QStringLiteral("(ab){2}c")), true},
+        {regexp(c(aaa), QStringLiteral("a{2,1000}")), true},
+        {regexp(c(aaa), QStringLiteral("(a{1000}){10}")), false}, // ten thousand states are fine
+        {regexp(c(QStringLiteral("x{1}")), QStringLiteral("x\\{1\\}")), true},
+        {regexp(c(QStringLiteral("aab")), QStringLiteral("[a{]{2}b")), true},
+        {like(c(QStringLiteral("ab")), QStringLiteral("a{1}b")), true},
+        {regexp(c(aaa), QStringLiteral("((a{100}){100}){100}")), null},
+        {regexp(c(aaa), QStringLiteral("(x|(a{100}){100}){100}")), null},
+        {like(c(aaa), QStringLiteral("((a{100}){100}){100}")), null},
+        {like(c(aaa), QStringLiteral("((a{100}){100}){100}")), null}, // again, from the cache
+    };
+    for (const Case& t : cases)
+        EXPECT_EQ(t.e->evaluate(), t.expected) << code(t.e);
+    ko::Log::instance().setSink(previous);
+    ASSERT_EQ(lines.size(), 4u);
+    EXPECT_NE(lines[0].find("[kogen::FunctionExpression::regexp] Pattern too complex: ((a{100}){100}){100}"),
+              std::string::npos);
+    EXPECT_NE(lines[2].find("[kogen::FunctionExpression::like] Pattern too complex:"), std::string::npos);
+    EXPECT_NE(lines[3].find("[kogen::FunctionExpression::like] Pattern too complex:"), std::string::npos)
+        << "a refused pattern is not cached";
+}
+
 TEST(Functions, LikeCacheEvictionDoesNotChangeResults)
 {
     const ExpressionHandle first = like(c(QStringLiteral("xyz")), QStringLiteral("x_z"));
