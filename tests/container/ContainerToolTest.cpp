@@ -200,6 +200,40 @@ TEST_F(ContainerTool, TamperingWrongKeysAndBadInputFailWithOneLine)
     }
 }
 
+// A key file loses one trailing line break ("\n" or "\r\n") and nothing else.
+TEST_F(ContainerTool, KeyFilesLoseOneLineBreakOnly)
+{
+    const struct
+    {
+        QByteArray sealedWith;
+        QByteArray openedWith;
+        bool sameKey;
+    } rows[] = {
+        {"abc\n", "abc", true},
+        {"abc\r\n", "abc", true},
+        {"abc\r\r\n", "abc\r", true},
+        {"abc\r", "abc", false},
+        {"abc\n\n", "abc", false},
+        {"abc\n\r", "abc", false},
+    };
+    const QString box = path(QStringLiteral("box"));
+    const QString out = path(QStringLiteral("out"));
+    for (const auto& row : rows) {
+        const std::string label = (row.sealedWith + " / " + row.openedWith).toStdString();
+        put(path(QStringLiteral("sealing")), row.sealedWith);
+        put(path(QStringLiteral("opening")), row.openedWith);
+        ASSERT_EQ(runTool({QStringLiteral("container"), QStringLiteral("create"), m_input, box, QStringLiteral("--key-file"),
+                           path(QStringLiteral("sealing"))})
+                      .exitCode,
+                  0)
+            << label;
+        const ToolRun run = runTool({QStringLiteral("container"), QStringLiteral("extract"), box, out,
+                                     QStringLiteral("--key-file"), path(QStringLiteral("opening"))});
+        EXPECT_EQ(run.exitCode, row.sameKey ? 0 : 1) << label << ": " << run.err.toStdString();
+        QFile::remove(out);
+    }
+}
+
 TEST_F(ContainerTool, HelpListsActionsAndOptions)
 {
     ToolRun run = runTool({QStringLiteral("container"), QStringLiteral("--help")});
