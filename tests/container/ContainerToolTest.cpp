@@ -8,6 +8,8 @@
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 
+#include <filesystem>
+
 namespace {
 
 using cktest::runTool;
@@ -231,6 +233,34 @@ TEST_F(ContainerTool, KeyFilesLoseOneLineBreakOnly)
                                      QStringLiteral("--key-file"), path(QStringLiteral("opening"))});
         EXPECT_EQ(run.exitCode, row.sameKey ? 0 : 1) << label << ": " << run.err.toStdString();
         QFile::remove(out);
+    }
+}
+
+// Links to the input are the input: writing through them would destroy it.
+TEST_F(ContainerTool, OutputThatIsTheInputUnderAnotherNameIsRefused)
+{
+    const QString box = path(QStringLiteral("box"));
+    ASSERT_EQ(runTool({QStringLiteral("container"), QStringLiteral("create"), m_input, box}).exitCode, 0);
+    const QByteArray sealed = contents(box);
+    const auto native = [](const QString& name) { return std::filesystem::path(name.toStdWString()); };
+    ASSERT_TRUE(QFile::link(m_input, path(QStringLiteral("input.symlink"))));
+    ASSERT_TRUE(QFile::link(box, path(QStringLiteral("box.symlink"))));
+    std::filesystem::create_hard_link(native(m_input), native(path(QStringLiteral("input.hardlink"))));
+    std::filesystem::create_hard_link(native(box), native(path(QStringLiteral("box.hardlink"))));
+    const QStringList rows[] = {
+        {QStringLiteral("create"), m_input, path(QStringLiteral("input.symlink"))},
+        {QStringLiteral("create"), m_input, path(QStringLiteral("input.hardlink"))},
+        {QStringLiteral("create"), path(QStringLiteral("input.symlink")), m_input},
+        {QStringLiteral("extract"), box, path(QStringLiteral("box.symlink"))},
+        {QStringLiteral("extract"), box, path(QStringLiteral("box.hardlink"))},
+    };
+    for (const QStringList& arguments : rows) {
+        const std::string label = arguments.join(QLatin1Char(' ')).toStdString();
+        const ToolRun run = runTool(QStringList{QStringLiteral("container")} + arguments);
+        EXPECT_EQ(run.exitCode, 2) << label << ": " << run.err.toStdString();
+        EXPECT_TRUE(run.err.contains(QStringLiteral("same file"))) << label << ": " << run.err.toStdString();
+        EXPECT_TRUE(contents(m_input) == m_data) << label;
+        EXPECT_TRUE(contents(box) == sealed) << label;
     }
 }
 

@@ -14,6 +14,9 @@
 #include <QFileInfo>
 #include <QTextStream>
 
+#include <filesystem>
+#include <system_error>
+
 namespace cktool {
 namespace {
 
@@ -76,6 +79,18 @@ QString describeStorage(const json::Variant& meta)
     return parts.isEmpty() ? tr("stored as is") : parts.join(QStringLiteral(", "));
 }
 
+// Whether two names lead to the same file: the same path, or a symbolic or
+// hard link to it. Writing the output must never truncate the input.
+bool sameFile(const QString& first, const QString& second)
+{
+    if (QFileInfo(first).absoluteFilePath() == QFileInfo(second).absoluteFilePath())
+        return true;
+    std::error_code error;
+    const bool same = std::filesystem::equivalent(std::filesystem::path(first.toStdWString()),
+                                                  std::filesystem::path(second.toStdWString()), error);
+    return same && !error;
+}
+
 void openContainer(ko::EncryptedFile& container, const QString& path, const secure_string& key,
                    const QString& command)
 {
@@ -122,7 +137,7 @@ int runCreate(const QStringList& arguments)
     if (commandLine.isSet(QStringLiteral("signer")) && !commandLine.isSet(QStringLiteral("sign")))
         throw CommandError(tr("%1: --signer needs --sign").arg(command), 2);
     checkSingleStandardInput(commandLine, {QStringLiteral("key-file"), QStringLiteral("sign")}, command);
-    if (QFileInfo(input).absoluteFilePath() == QFileInfo(output).absoluteFilePath())
+    if (sameFile(input, output))
         throw CommandError(tr("%1: the input and the output are the same file").arg(command), 2);
 
     QFile in(input);
@@ -170,7 +185,7 @@ int runExtract(const QStringList& arguments)
         return 0;
     const QString input = commandLine.positional().at(0);
     const QString output = commandLine.positional().at(1);
-    if (QFileInfo(input).absoluteFilePath() == QFileInfo(output).absoluteFilePath())
+    if (sameFile(input, output))
         throw CommandError(tr("%1: the input and the output are the same file").arg(command), 2);
 
     const secure_string key = keyFromOptions(commandLine, command);
