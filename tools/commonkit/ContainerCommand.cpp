@@ -167,6 +167,12 @@ int runCreate(const QStringList& arguments)
     const json::Variant meta = ko::EncryptedFile::metaInfo(QFileInfo(output));
     if (!meta.isObject())
         throw CommandError(tr("%1: writing %2 failed").arg(command, output) + diagnostics.reason());
+    if (!keyPair.emptyPrivateKey() && !meta.contains("signature")) {
+        // Asked to sign, but the key could not (for example a key too small
+        // for the digest): an unsigned container is not what was wanted.
+        QFile::remove(output);
+        throw CommandError(tr("%1: signing %2 failed").arg(command, output) + diagnostics.reason());
+    }
     QTextStream(stdout) << tr("Sealed %1 bytes of %2 into %3 (%4).")
                                .arg(meta.value("content-length").toInt64())
                                .arg(input, output, describeStorage(meta))
