@@ -304,6 +304,30 @@ TEST_F(EncryptedFileTest, VerifyChecksSignerLengthsAndKey)
     }
 }
 
+// Whatever bytes a caller gives as the signer's name, the container can be
+// opened again and its signature checks out.
+TEST_F(EncryptedFileTest, SignerNamesThatAreNotUtf8StillGiveReadableFiles)
+{
+    const QString file = path(QStringLiteral("named"));
+    const struct
+    {
+        std::string signer;
+        std::string stored;
+    } rows[] = {
+        {"Jos\xc3\xa9", "Jos\xc3\xa9"},
+        {"Jos\xe9", "Jos\xef\xbf\xbd"},
+        {"\xff tab\there", "\xef\xbf\xbd tab\there"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.stored);
+        ASSERT_TRUE(seal(file, QByteArray("payload"), secure_string(), 0, *s_signing, row.signer.c_str()));
+        EncryptedFile in;
+        ASSERT_TRUE(in.open(QFileInfo(file), secure_string()));
+        EXPECT_EQ(in.metaInfo().value("signer").toString(), row.stored);
+        EXPECT_TRUE(in.verify(*s_checking));
+    }
+}
+
 // A byte flipped anywhere makes opening fail, reading fail or differ, or the
 // signature fail; it never goes unnoticed.
 TEST_F(EncryptedFileTest, FlippedBytesAreNoticed)
