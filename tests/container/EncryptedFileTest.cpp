@@ -3,6 +3,7 @@
 
 #include "storage/EncryptedFile.h"
 #include "storage/MetadataDigest.h"
+#include "support/core/Log.h"
 #include "support/crypto/IODevice.h"
 #include "support/json/JsonParser.h"
 #include "support/json/JsonPrinter.h"
@@ -454,6 +455,42 @@ TEST_F(EncryptedFileTest, HostileTrailersFailCleanly)
         EncryptedFile again;
         ASSERT_TRUE(again.open(QFileInfo(file), secure_string("k")));
         EXPECT_FALSE(again.verify(*s_checking));
+    }
+}
+
+// Callers may add members to the metadata before close(). Up to the bound
+// that open() accepts the file reads back; beyond it the writer says that it
+// wrote a file that cannot be opened again.
+TEST_F(EncryptedFileTest, MetadataBeyondTheReadableBoundIsReported)
+{
+    const struct
+    {
+        int noteSize;
+        bool readable;
+    } rows[] = {{1000, true}, {EncryptedFile::k_maxMetaInfoSize - 4096, true}, {EncryptedFile::k_maxMetaInfoSize, false}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.noteSize);
+        std::vector<std::string> errors;
+        const ko::Log::Sink previous = ko::Log::instance().setSink([&errors](int level, const std::string& line) {
+            if (level >= ko::Log::Error)
+                errors.push_back(line);
+        });
+        const QString file = path(QStringLiteral("annotated"));
+        {
+            EncryptedFile out;
+            ASSERT_TRUE(out.create(QFileInfo(file), secure_string(), 0, MessageDigest::SHA256));
+            out.write("payload");
+            out.metaInfo().set("note", std::string(static_cast<std::size_t>(row.noteSize), 'n'));
+            out.close(*s_signing, "a");
+        }
+        ko::Log::instance().setSink(previous);
+        EXPECT_EQ(errors.empty(), row.readable);
+        EncryptedFile in;
+        ASSERT_EQ(in.open(QFileInfo(file), secure_string()), row.readable);
+        if (row.readable) {
+            EXPECT_EQ(in.readAll(), QByteArray("payload"));
+            EXPECT_TRUE(in.verify(*s_checking));
+        }
     }
 }
 
