@@ -371,6 +371,36 @@ TEST_F(EncryptedFileTest, FlippedBytesAreNoticed)
     }
 }
 
+// Bytes slipped in between the payload and the trailer leave the plain
+// bytes as they were in some setups (a compressed payload ends by itself),
+// but reading and verifying still notice them.
+TEST_F(EncryptedFileTest, BytesAddedAfterThePayloadAreNoticed)
+{
+    const QByteArray payload = payloadOfSize(100000);
+    const struct
+    {
+        secure_string key;
+        int compression;
+    } setups[] = {{secure_string(), 0}, {secure_string(), 6}, {secure_string("key"), 0}, {secure_string("key"), 9}};
+    for (const auto& setup : setups) {
+        SCOPED_TRACE(setup.compression);
+        const QString file = path(QStringLiteral("extended"));
+        ASSERT_TRUE(seal(file, payload, setup.key, setup.compression, *s_signing));
+        const QByteArray bytes = readFile(file);
+        const int payloadEnd = static_cast<int>(EncryptedFile::metaInfo(QFileInfo(file)).value("encrypted-length").toInt64());
+        for (const QByteArray& extra : {QByteArray("x"), bytes.left(payloadEnd)}) {
+            writeFile(file, bytes.left(payloadEnd) + extra + bytes.mid(payloadEnd));
+            EncryptedFile in;
+            ASSERT_TRUE(in.open(QFileInfo(file), setup.key));
+            QByteArray data;
+            EXPECT_FALSE(readAllOf(in, &data) && data == payload) << extra.size() << " bytes added";
+            EncryptedFile again;
+            ASSERT_TRUE(again.open(QFileInfo(file), setup.key));
+            EXPECT_FALSE(again.verify(*s_checking)) << extra.size() << " bytes added";
+        }
+    }
+}
+
 TEST_F(EncryptedFileTest, WrongOrMissingKeyMakesReadingFail)
 {
     const QString file = path(QStringLiteral("secret"));
