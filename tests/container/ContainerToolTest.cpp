@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QDir>
 #include <QFile>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
@@ -196,7 +197,7 @@ TEST_F(ContainerTool, TamperingWrongKeysAndBadInputFailWithOneLine)
         {{QStringLiteral("create"), m_input, out, QStringLiteral("--sign"), publicKey()}, 1, "private key"},
         {{QStringLiteral("create"), m_input, out, QStringLiteral("--sign"), path(QStringLiteral("small.pem")),
           QStringLiteral("--digest"), QStringLiteral("SHA512")},
-         1, "signing"},
+         1, "cannot sign a SHA512 digest"},
         {{QStringLiteral("create"), m_input, out, QStringLiteral("--key-file"), QStringLiteral("-"), QStringLiteral("--sign"),
           QStringLiteral("-")},
          2, "standard input"},
@@ -279,6 +280,45 @@ TEST_F(ContainerTool, OutputThatIsTheInputUnderAnotherNameIsRefused)
         EXPECT_TRUE(contents(m_input) == m_data) << label;
         EXPECT_TRUE(contents(box) == sealed) << label;
     }
+}
+
+// A run that fails leaves a file that was already at the output alone.
+TEST_F(ContainerTool, FailuresLeaveAnExistingOutputAsItWas)
+{
+    const QString box = path(QStringLiteral("box"));
+    const QString keyFile = path(QStringLiteral("key"));
+    ASSERT_EQ(runTool({QStringLiteral("container"), QStringLiteral("create"), m_input, box, QStringLiteral("--key-file"),
+                       keyFile, QStringLiteral("--compress"), QStringLiteral("6")})
+                  .exitCode,
+              0);
+    QByteArray damaged = contents(box);
+    damaged[damaged.size() / 3] = static_cast<char>(damaged[damaged.size() / 3] ^ 0x01);
+    put(path(QStringLiteral("damaged")), damaged);
+    put(path(QStringLiteral("wrong")), "not the key");
+    put(path(QStringLiteral("small.pem")), k_smallKey);
+    const QString out = path(QStringLiteral("precious"));
+    const QByteArray precious("an earlier file that must survive");
+    const QStringList rows[] = {
+        {QStringLiteral("extract"), box, out, QStringLiteral("--key-file"), path(QStringLiteral("wrong"))},
+        {QStringLiteral("extract"), path(QStringLiteral("damaged")), out, QStringLiteral("--key-file"), keyFile},
+        {QStringLiteral("create"), m_input, out, QStringLiteral("--sign"), path(QStringLiteral("small.pem")),
+         QStringLiteral("--digest"), QStringLiteral("SHA384")},
+    };
+    for (const QStringList& arguments : rows) {
+        const std::string label = arguments.join(QLatin1Char(' ')).toStdString();
+        put(out, precious);
+        const ToolRun run = runTool(QStringList{QStringLiteral("container")} + arguments);
+        EXPECT_EQ(run.exitCode, 1) << label << ": " << run.err.toStdString();
+        EXPECT_EQ(contents(out), precious) << label;
+        EXPECT_EQ(QDir(m_dir.path()).entryList(QDir::Files).filter(QStringLiteral("precious")),
+                  QStringList{QStringLiteral("precious")})
+            << label << ": the output is gone or a temporary file was left behind";
+    }
+    // A run that succeeds replaces it.
+    ASSERT_EQ(runTool({QStringLiteral("container"), QStringLiteral("extract"), box, out, QStringLiteral("--key-file"), keyFile})
+                  .exitCode,
+              0);
+    EXPECT_TRUE(contents(out) == m_data);
 }
 
 TEST_F(ContainerTool, HelpListsActionsAndOptions)

@@ -12,6 +12,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QSaveFile>
 #include <QTextStream>
 
 #include <filesystem>
@@ -145,8 +146,18 @@ int runCreate(const QStringList& arguments)
         throw CommandError(tr("%1: cannot read %2: %3").arg(command, input, in.errorString()));
     const secure_string key = keyFromOptions(commandLine, command);
     ko::crypto::RSAKeyPair keyPair;
-    if (commandLine.isSet(QStringLiteral("sign")))
-        keyPair = loadKeyPair(commandLine.value(QStringLiteral("sign")), true, command);
+    if (commandLine.isSet(QStringLiteral("sign"))) {
+        const QString signPath = commandLine.value(QStringLiteral("sign"));
+        keyPair = loadKeyPair(signPath, true, command);
+        // Found out before the output is touched: a key too small for the
+        // digest cannot sign it.
+        const ko::crypto::secure_string probe = ko::crypto::MessageDigest::digest(algorithm, "", 0);
+        if (keyPair.sign(probe, algorithm).empty())
+            throw CommandError(tr("%1: the key in %2 cannot sign a %3 digest: %4")
+                                   .arg(command, signPath,
+                                        QString::fromStdString(ko::crypto::MessageDigest::algorithmName(algorithm)),
+                                        QString::fromStdString(keyPair.lastError())));
+    }
 
     const DiagnosticCapture diagnostics;
     ko::EncryptedFile container;
@@ -197,36 +208,29 @@ int runExtract(const QStringList& arguments)
     const secure_string key = keyFromOptions(commandLine, command);
     ko::EncryptedFile container;
     openContainer(container, input, key, command);
-    QFile out(output);
-    if (!out.open(QIODevice::WriteOnly | QIODevice::Truncate))
+    // Written beside the output and renamed over it only when everything
+    // was read: a failure leaves an existing output file as it was.
+    QSaveFile out(output);
+    if (!out.open(QIODevice::WriteOnly))
         throw CommandError(tr("%1: cannot write %2: %3").arg(command, output, out.errorString()));
     QByteArray block(k_copyBlock, Qt::Uninitialized);
     qint64 total = 0;
     for (;;) {
         const qint64 n = container.read(block.data(), block.size());
-        if (n < 0) {
-            const QString reason = container.errorString();
-            out.close();
-            QFile::remove(output);
+        if (n < 0)
             throw CommandError(tr("%1: cannot read the contents of %2 (wrong key or damaged file): %3")
-                                   .arg(command, input, reason));
-        }
+                                   .arg(command, input, container.errorString()));
         if (n == 0)
             break;
-        if (out.write(block.constData(), n) != n) {
-            const QString reason = out.errorString();
-            out.close();
-            QFile::remove(output);
-            throw CommandError(tr("%1: cannot write %2: %3").arg(command, output, reason));
-        }
+        if (out.write(block.constData(), n) != n)
+            throw CommandError(tr("%1: cannot write %2: %3").arg(command, output, out.errorString()));
         total += n;
     }
-    out.close();
     const std::int64_t recorded = container.metaInfo().value("content-length").toInt64(-1);
-    if (recorded != total) {
-        QFile::remove(output);
+    if (recorded != total)
         throw CommandError(tr("%1: %2 holds %3 bytes, but its metadata records %4").arg(command, input).arg(total).arg(recorded));
-    }
+    if (!out.commit())
+        throw CommandError(tr("%1: cannot write %2: %3").arg(command, output, out.errorString()));
     QTextStream(stdout) << tr("Extracted %1 bytes from %2 into %3.").arg(total).arg(input, output) << "\n";
     return 0;
 }
