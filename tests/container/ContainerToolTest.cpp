@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 
@@ -313,6 +314,18 @@ TEST_F(ContainerTool, FailuresLeaveAnExistingOutputAsItWas)
         EXPECT_EQ(QDir(m_dir.path()).entryList(QDir::Files).filter(QStringLiteral("precious")),
                   QStringList{QStringLiteral("precious")})
             << label << ": the output is gone or a temporary file was left behind";
+    }
+    // An output that is not a file is written directly.
+    if (QFileInfo(QStringLiteral("/dev/stdout")).exists()) {
+        put(path(QStringLiteral("text")), "plain text for the pipe\n");
+        ASSERT_EQ(runTool({QStringLiteral("container"), QStringLiteral("create"), path(QStringLiteral("text")),
+                           path(QStringLiteral("text.box"))})
+                      .exitCode,
+                  0);
+        const ToolRun piped = runTool(
+            {QStringLiteral("container"), QStringLiteral("extract"), path(QStringLiteral("text.box")), QStringLiteral("/dev/stdout")});
+        EXPECT_EQ(piped.exitCode, 0) << piped.err.toStdString();
+        EXPECT_TRUE(piped.out.startsWith(QStringLiteral("plain text for the pipe\n"))) << piped.out.toStdString();
     }
     // A run that succeeds replaces it.
     ASSERT_EQ(runTool({QStringLiteral("container"), QStringLiteral("extract"), box, out, QStringLiteral("--key-file"), keyFile})

@@ -16,6 +16,7 @@
 #include <QTextStream>
 
 #include <filesystem>
+#include <memory>
 #include <system_error>
 
 namespace cktool {
@@ -208,11 +209,18 @@ int runExtract(const QStringList& arguments)
     const secure_string key = keyFromOptions(commandLine, command);
     ko::EncryptedFile container;
     openContainer(container, input, key, command);
-    // Written beside the output and renamed over it only when everything
-    // was read: a failure leaves an existing output file as it was.
-    QSaveFile out(output);
-    if (!out.open(QIODevice::WriteOnly))
-        throw CommandError(tr("%1: cannot write %2: %3").arg(command, output, out.errorString()));
+    // A file is written beside the output and renamed over it only when
+    // everything was read, so a failure leaves an existing file as it was.
+    // Other outputs (a pipe, a terminal, /dev/stdout) are written directly.
+    const QFileInfo target(output);
+    const bool special = target.exists() && !target.isFile();
+    std::unique_ptr<QFileDevice> out;
+    if (special)
+        out = std::make_unique<QFile>(output);
+    else
+        out = std::make_unique<QSaveFile>(output);
+    if (!out->open(QIODevice::WriteOnly))
+        throw CommandError(tr("%1: cannot write %2: %3").arg(command, output, out->errorString()));
     QByteArray block(k_copyBlock, Qt::Uninitialized);
     qint64 total = 0;
     for (;;) {
@@ -222,15 +230,16 @@ int runExtract(const QStringList& arguments)
                                    .arg(command, input, container.errorString()));
         if (n == 0)
             break;
-        if (out.write(block.constData(), n) != n)
-            throw CommandError(tr("%1: cannot write %2: %3").arg(command, output, out.errorString()));
+        if (out->write(block.constData(), n) != n)
+            throw CommandError(tr("%1: cannot write %2: %3").arg(command, output, out->errorString()));
         total += n;
     }
     const std::int64_t recorded = container.metaInfo().value("content-length").toInt64(-1);
     if (recorded != total)
         throw CommandError(tr("%1: %2 holds %3 bytes, but its metadata records %4").arg(command, input).arg(total).arg(recorded));
-    if (!out.commit())
-        throw CommandError(tr("%1: cannot write %2: %3").arg(command, output, out.errorString()));
+    const bool written = special ? out->flush() : static_cast<QSaveFile*>(out.get())->commit();
+    if (!written)
+        throw CommandError(tr("%1: cannot write %2: %3").arg(command, output, out->errorString()));
     QTextStream(stdout) << tr("Extracted %1 bytes from %2 into %3.").arg(total).arg(input, output) << "\n";
     return 0;
 }
