@@ -219,6 +219,10 @@ void EncryptedFile::close(const crypto::RSAKeyPair& keyPair, const IntrusiveStri
     }
     // 6. The trailer.
     const std::string text = m_metaInfo.toJson();
+    if (static_cast<qint64>(text.size()) > k_maxMetaInfoSize)
+        LogLine(Log::Error, tag) << "the metadata of " << m_file->fileName() << " takes " << text.size()
+                                 << " bytes, more than the " << k_maxMetaInfoSize
+                                 << " that open() reads: the file cannot be opened again";
     const std::uint64_t length = text.size();
     char lengthBytes[8];
     std::memcpy(lengthBytes, &length, sizeof length);

@@ -49,7 +49,10 @@ class IODevice;
 class COMMONKIT_EXPORT EncryptedFile : public QFile
 {
 public:
-    // Upper bound for the metadata text of a file that open() accepts.
+    // Upper bound for the metadata text of a file that open() accepts (it
+    // keeps hostile trailers from taking unbounded memory). Metadata that a
+    // caller enlarged beyond it before close() is still written, with a
+    // logged error, but such a file cannot be opened again.
     static constexpr qint64 k_maxMetaInfoSize = 1 << 20;
 
     explicit EncryptedFile(QObject* parent = nullptr);

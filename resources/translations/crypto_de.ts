@@ -156,6 +156,11 @@
         <translation>Der komprimierte Datenstrom ist beschädigt: %1</translation>
     </message>
     <message>
+        <location filename="../../support/compression/ZlibDevice.cpp" line="151"/>
+        <source>The compressed stream is followed by other data.</source>
+        <translation>Auf den komprimierten Datenstrom folgen weitere Daten.</translation>
+    </message>
+    <message>
         <location line="+32"/>
         <source>Compression failed.</source>
         <translation>Die Komprimierung ist fehlgeschlagen.</translation>

@@ -156,6 +156,11 @@
         <translation>Le flux compressé est endommagé : %1</translation>
     </message>
     <message>
+        <location filename="../../support/compression/ZlibDevice.cpp" line="151"/>
+        <source>The compressed stream is followed by other data.</source>
+        <translation>Le flux compressé est suivi d&apos;autres données.</translation>
+    </message>
+    <message>
         <location line="+32"/>
         <source>Compression failed.</source>
         <translation>La compression a échoué.</translation>

@@ -127,6 +127,16 @@
         <translation>%1: das Schreiben von %2 ist fehlgeschlagen</translation>
     </message>
     <message>
+        <location filename="../../tools/commonkit/ContainerCommand.cpp" line="169"/>
+        <source>%1: signing %2 failed</source>
+        <translation>%1: das Signieren von %2 ist fehlgeschlagen</translation>
+    </message>
+    <message>
+        <location filename="../../tools/commonkit/ContainerCommand.cpp" line="157"/>
+        <source>%1: the key in %2 cannot sign a %3 digest: %4</source>
+        <translation>%1: der Schlüssel in %2 kann keinen %3-Hashwert signieren: %4</translation>
+    </message>
+    <message>
         <location filename="../../tools/commonkit/ContainerCommand.cpp" line="155"/>
         <source>Sealed %1 bytes of %2 into %3 (%4).</source>
         <translation>%1 Bytes aus %2 in %3 verpackt (%4).</translation>

@@ -127,6 +127,16 @@
         <translation>%1 : l&apos;écriture de %2 a échoué</translation>
     </message>
     <message>
+        <location filename="../../tools/commonkit/ContainerCommand.cpp" line="169"/>
+        <source>%1: signing %2 failed</source>
+        <translation>%1 : la signature de %2 a échoué</translation>
+    </message>
+    <message>
+        <location filename="../../tools/commonkit/ContainerCommand.cpp" line="157"/>
+        <source>%1: the key in %2 cannot sign a %3 digest: %4</source>
+        <translation>%1 : la clé de %2 ne peut pas signer une empreinte %3 : %4</translation>
+    </message>
+    <message>
         <location filename="../../tools/commonkit/ContainerCommand.cpp" line="155"/>
         <source>Sealed %1 bytes of %2 into %3 (%4).</source>
         <translation>%1 octets de %2 scellés dans %3 (%4).</translation>

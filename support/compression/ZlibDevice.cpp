@@ -176,6 +176,13 @@ bool ZlibDevice::fillImpl()
         s.outSize = s.out.size() - s.z.avail_out;
         if (result == Z_STREAM_END) {
             m_finished = true;
+            // The stream has to end where its source ends: bytes after it
+            // are data that nothing checks, so the source was changed.
+            if (s.z.avail_in > 0 || !sourceAtEnd()) {
+                if (!m_failed)
+                    fail(tr("The compressed stream is followed by other data."));
+                return false;
+            }
         } else if (result == Z_OK || result == Z_BUF_ERROR) {
             // No progress possible: the input ran out before the stream ended.
             if (s.outSize == 0 && s.z.avail_in == 0 && s.sourceEnd) {
@@ -189,6 +196,20 @@ bool ZlibDevice::fillImpl()
         }
     }
     return true;
+}
+
+bool ZlibDevice::sourceAtEnd()
+{
+    Stream& s = *m_stream;
+    if (s.sourceEnd)
+        return true;
+    char extra = 0;
+    const qint64 n = m_device->read(&extra, 1);
+    if (n < 0)
+        fail(tr("Cannot read the compressed stream: %1").arg(m_device->errorString()));
+    else if (n == 0)
+        s.sourceEnd = true;
+    return n == 0;
 }
 
 qint64 ZlibDevice::writeData(const char* data, qint64 maxSize)

@@ -17,8 +17,9 @@ namespace ko {
 // (destroying an open device closes it).
 //
 // Memory use is bounded by a few 64 KiB buffers whatever the stream size or
-// compression ratio. A damaged or truncated stream makes read() return -1
-// with the reason in errorString().
+// compression ratio. A damaged or truncated stream, or one followed by more
+// bytes from the wrapped device, makes read() return -1 with the reason in
+// errorString().
 class COMMONKIT_EXPORT ZlibDevice : public QIODevice
 {
     Q_OBJECT
@@ -52,6 +53,8 @@ protected:
 private:
     bool fill() const;
     bool fillImpl();
+    // Reader: whether the wrapped device has nothing after the stream.
+    bool sourceAtEnd();
     bool deflateInto(int flush);
     void fail(const QString& reason);
     void endStream();

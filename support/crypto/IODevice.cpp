@@ -55,6 +55,10 @@ aes_context::aes_context(const secure_string& key) : m_key(key), m_cipher(new Ci
 
 aes_context::~aes_context()
 {
+    // A short key sits in the string object itself, out of reach of the
+    // secure allocator: wipe it here, whatever its length.
+    if (!m_key.empty())
+        zeroOut(&m_key[0], m_key.size());
     zeroOut(m_chunkKey, sizeof m_chunkKey);
     delete m_cipher;
 }

@@ -8,6 +8,53 @@
 
 namespace json {
 
+namespace {
+
+// The length of the well-formed UTF-8 sequence at text[at] (which is at
+// least 0x80), or 0 when there is none; then *bad is the number of bytes
+// that form its broken start (at least 1). The rules are those of RFC 3629:
+// no overlong forms, no surrogates, nothing above U+10FFFF.
+std::size_t utf8Sequence(const std::string& text, std::size_t at, std::size_t* bad)
+{
+    const auto lead = static_cast<unsigned char>(text[at]);
+    std::size_t follow = 0;
+    unsigned char low = 0x80;
+    unsigned char high = 0xBF;
+    if (lead >= 0xC2 && lead <= 0xDF) {
+        follow = 1;
+    } else if (lead >= 0xE0 && lead <= 0xEF) {
+        follow = 2;
+        if (lead == 0xE0)
+            low = 0xA0;
+        else if (lead == 0xED)
+            high = 0x9F;
+    } else if (lead >= 0xF0 && lead <= 0xF4) {
+        follow = 3;
+        if (lead == 0xF0)
+            low = 0x90;
+        else if (lead == 0xF4)
+            high = 0x8F;
+    } else {
+        *bad = 1;
+        return 0;
+    }
+    std::size_t length = 1;
+    while (length <= follow && at + length < text.size()) {
+        const auto c = static_cast<unsigned char>(text[at + length]);
+        if (c < low || c > high)
+            break;
+        low = 0x80;
+        high = 0xBF;
+        ++length;
+    }
+    if (length == follow + 1)
+        return length;
+    *bad = length;
+    return 0;
+}
+
+} // namespace
+
 // Collects the text in a buffer and hands it to the output in pieces.
 struct JsonPrinter::Writer
 {
@@ -53,6 +100,19 @@ struct JsonPrinter::Writer
         std::size_t start = 0;
         for (std::size_t i = 0; i < text.size(); ++i) {
             const auto c = static_cast<unsigned char>(text[i]);
+            if (c >= 0x80) {
+                // Text that is not UTF-8 would make the output unreadable
+                // as JSON: each broken sequence becomes U+FFFD.
+                std::size_t bad = 0;
+                const std::size_t length = utf8Sequence(text, i, &bad);
+                if (length == 0) {
+                    put(text.data() + start, i - start);
+                    put("\xEF\xBF\xBD", 3);
+                    start = i + bad;
+                }
+                i += (length ? length : bad) - 1;
+                continue;
+            }
             if (c >= 0x20 && c != '"' && c != '\\')
                 continue;
             put(text.data() + start, i - start);

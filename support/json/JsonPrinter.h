@@ -21,7 +21,9 @@ class Variant;
 // text that reads back to the same double; a real whose text would look like
 // an integer gets ".0" appended, and infinities and NaN print as null. In
 // strings, quote, backslash and control characters are escaped (\b \f \n \r
-// \t, others as \u00xx); every other byte is copied as it is.
+// \t, others as \u00xx); UTF-8 sequences and all other bytes below 0x80 are
+// copied as they are, and bytes that do not form UTF-8 are replaced by U+FFFD
+// (one per broken sequence), so the output is always text the parser accepts.
 class COMMONKIT_EXPORT JsonPrinter
 {
 public:

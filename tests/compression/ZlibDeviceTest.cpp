@@ -167,6 +167,23 @@ TEST(ZlibDevice, DamagedAndTruncatedStreamsFailCleanly)
         }
     }
 
+    // Bytes after the end of the stream: within the block the device read
+    // last, and after a stream that filled its block exactly.
+    const QByteArray incompressible = noise(70000);
+    QByteArray blockSized;
+    for (int size = 65400; size < 65536 && blockSized.size() != 65536; ++size)
+        blockSized = zlibCompress(incompressible.left(size), 6);
+    ASSERT_EQ(blockSized.size(), 65536);
+    for (const QByteArray& stream : {compressed, blockSized}) {
+        result = decompressWithDevice(stream);
+        EXPECT_TRUE(result.ok) << result.error.toStdString();
+        for (const QByteArray& extra : {QByteArray(1, '\0'), QByteArray("more"), stream}) {
+            result = decompressWithDevice(stream + extra);
+            EXPECT_FALSE(result.ok) << extra.size() << " bytes after a stream of " << stream.size();
+            EXPECT_TRUE(result.error.contains(QStringLiteral("followed by other data"))) << result.error.toStdString();
+        }
+    }
+
     QBuffer buffer;
     ZlibDevice invalidLevel(&buffer, 10);
     EXPECT_FALSE(invalidLevel.open(QIODevice::WriteOnly));

@@ -3,6 +3,7 @@
 
 #include "storage/EncryptedFile.h"
 #include "storage/MetadataDigest.h"
+#include "support/core/Log.h"
 #include "support/crypto/IODevice.h"
 #include "support/json/JsonParser.h"
 #include "support/json/JsonPrinter.h"
@@ -304,6 +305,30 @@ TEST_F(EncryptedFileTest, VerifyChecksSignerLengthsAndKey)
     }
 }
 
+// Whatever bytes a caller gives as the signer's name, the container can be
+// opened again and its signature checks out.
+TEST_F(EncryptedFileTest, SignerNamesThatAreNotUtf8StillGiveReadableFiles)
+{
+    const QString file = path(QStringLiteral("named"));
+    const struct
+    {
+        std::string signer;
+        std::string stored;
+    } rows[] = {
+        {"Jos\xc3\xa9", "Jos\xc3\xa9"},
+        {"Jos\xe9", "Jos\xef\xbf\xbd"},
+        {"\xff tab\there", "\xef\xbf\xbd tab\there"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.stored);
+        ASSERT_TRUE(seal(file, QByteArray("payload"), secure_string(), 0, *s_signing, row.signer.c_str()));
+        EncryptedFile in;
+        ASSERT_TRUE(in.open(QFileInfo(file), secure_string()));
+        EXPECT_EQ(in.metaInfo().value("signer").toString(), row.stored);
+        EXPECT_TRUE(in.verify(*s_checking));
+    }
+}
+
 // A byte flipped anywhere makes opening fail, reading fail or differ, or the
 // signature fail; it never goes unnoticed.
 TEST_F(EncryptedFileTest, FlippedBytesAreNoticed)
@@ -342,6 +367,36 @@ TEST_F(EncryptedFileTest, FlippedBytesAreNoticed)
                 EXPECT_TRUE(noticed) << "byte " << at << " of " << bytes.size() << " mask " << int(mask)
                                      << " compression " << setup.compression << " key " << !setup.key.empty();
             }
+        }
+    }
+}
+
+// Bytes slipped in between the payload and the trailer leave the plain
+// bytes as they were in some setups (a compressed payload ends by itself),
+// but reading and verifying still notice them.
+TEST_F(EncryptedFileTest, BytesAddedAfterThePayloadAreNoticed)
+{
+    const QByteArray payload = payloadOfSize(100000);
+    const struct
+    {
+        secure_string key;
+        int compression;
+    } setups[] = {{secure_string(), 0}, {secure_string(), 6}, {secure_string("key"), 0}, {secure_string("key"), 9}};
+    for (const auto& setup : setups) {
+        SCOPED_TRACE(setup.compression);
+        const QString file = path(QStringLiteral("extended"));
+        ASSERT_TRUE(seal(file, payload, setup.key, setup.compression, *s_signing));
+        const QByteArray bytes = readFile(file);
+        const int payloadEnd = static_cast<int>(EncryptedFile::metaInfo(QFileInfo(file)).value("encrypted-length").toInt64());
+        for (const QByteArray& extra : {QByteArray("x"), bytes.left(payloadEnd)}) {
+            writeFile(file, bytes.left(payloadEnd) + extra + bytes.mid(payloadEnd));
+            EncryptedFile in;
+            ASSERT_TRUE(in.open(QFileInfo(file), setup.key));
+            QByteArray data;
+            EXPECT_FALSE(readAllOf(in, &data) && data == payload) << extra.size() << " bytes added";
+            EncryptedFile again;
+            ASSERT_TRUE(again.open(QFileInfo(file), setup.key));
+            EXPECT_FALSE(again.verify(*s_checking)) << extra.size() << " bytes added";
         }
     }
 }
@@ -430,6 +485,42 @@ TEST_F(EncryptedFileTest, HostileTrailersFailCleanly)
         EncryptedFile again;
         ASSERT_TRUE(again.open(QFileInfo(file), secure_string("k")));
         EXPECT_FALSE(again.verify(*s_checking));
+    }
+}
+
+// Callers may add members to the metadata before close(). Up to the bound
+// that open() accepts the file reads back; beyond it the writer says that it
+// wrote a file that cannot be opened again.
+TEST_F(EncryptedFileTest, MetadataBeyondTheReadableBoundIsReported)
+{
+    const struct
+    {
+        int noteSize;
+        bool readable;
+    } rows[] = {{1000, true}, {EncryptedFile::k_maxMetaInfoSize - 4096, true}, {EncryptedFile::k_maxMetaInfoSize, false}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.noteSize);
+        std::vector<std::string> errors;
+        const ko::Log::Sink previous = ko::Log::instance().setSink([&errors](int level, const std::string& line) {
+            if (level >= ko::Log::Error)
+                errors.push_back(line);
+        });
+        const QString file = path(QStringLiteral("annotated"));
+        {
+            EncryptedFile out;
+            ASSERT_TRUE(out.create(QFileInfo(file), secure_string(), 0, MessageDigest::SHA256));
+            out.write("payload");
+            out.metaInfo().set("note", std::string(static_cast<std::size_t>(row.noteSize), 'n'));
+            out.close(*s_signing, "a");
+        }
+        ko::Log::instance().setSink(previous);
+        EXPECT_EQ(errors.empty(), row.readable);
+        EncryptedFile in;
+        ASSERT_EQ(in.open(QFileInfo(file), secure_string()), row.readable);
+        if (row.readable) {
+            EXPECT_EQ(in.readAll(), QByteArray("payload"));
+            EXPECT_TRUE(in.verify(*s_checking));
+        }
     }
 }
 

@@ -1,9 +1,11 @@
+#include "support/crypto/IODevice.h"
 #include "support/crypto/LockedString.h"
 #include "support/crypto/SecureAllocator.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <new>
 #include <vector>
 
 #ifndef _WIN32
@@ -169,6 +171,33 @@ TEST_F(SecureMemory, LockedStringValueSemantics)
         EXPECT_TRUE(a.isLocked());
     }
 #endif
+}
+
+// The stream cipher keeps a copy of its key. Short keys live inside the
+// string object (no allocator involved), so the device must wipe them itself
+// before its memory goes back to the heap.
+TEST_F(SecureMemory, StreamCipherWipesItsKeyCopyOfAnyLength)
+{
+    for (const std::size_t size : {1u, 11u, 15u, 16u, 64u}) {
+        SCOPED_TRACE(size);
+        const std::string key = keyBytes(size);
+        alignas(ko::crypto::IODevice) unsigned char storage[sizeof(ko::crypto::IODevice)];
+        auto* device = new (storage) ko::crypto::IODevice(nullptr, secure_string(key.data(), key.size()));
+        ASSERT_EQ(std::string(device->key().data(), device->key().size()), key);
+        const auto* held = reinterpret_cast<const unsigned char*>(device->key().data());
+        const bool inObject = held >= storage && held < storage + sizeof storage;
+        m_released.clear();
+        device->~IODevice();
+        // The storage outlives the object, so looking at it is fine.
+        const auto sameByte = [](unsigned char a, char b) { return a == static_cast<unsigned char>(b); };
+        EXPECT_EQ(std::search(storage, storage + sizeof storage, key.begin(), key.end(), sameByte),
+                  storage + sizeof storage)
+            << "key bytes left in the destroyed device";
+        if (!inObject) {
+            ASSERT_NE(find(held), nullptr);
+            EXPECT_EQ(find(held)->nonZero, 0u);
+        }
+    }
 }
 
 TEST(ZeroOut, ClearsExactlyTheRange)

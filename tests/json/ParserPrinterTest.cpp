@@ -96,6 +96,46 @@ TEST(JsonPrinter, NumbersAndStrings)
     }
 }
 
+// Bytes that are not UTF-8 cannot be written as JSON; the printer replaces
+// each broken sequence with U+FFFD, so what it prints always parses, and
+// prints again as the same text.
+TEST(JsonPrinter, BrokenUtf8BecomesReplacementCharacters)
+{
+    const std::string r = "\xEF\xBF\xBD";
+    const struct
+    {
+        std::string text;
+        std::string printed;
+    } rows[] = {
+        {"caf\xc3\xa9 \xf0\x9f\x98\x80 \xe2\x82\xac \xf4\x8f\xbf\xbf", "caf\xc3\xa9 \xf0\x9f\x98\x80 \xe2\x82\xac \xf4\x8f\xbf\xbf"},
+        {"Jos\xe9", "Jos" + r},
+        {"\xff\xfe", r + r},
+        {"end\xc3", "end" + r},
+        {"\xe2\x82", r},
+        {"\xe2\x82x\xe2\x82\xac", r + "x\xe2\x82\xac"},
+        {"\xc0\x80", r + r},                     // overlong
+        {"\xe0\x80\xaf", r + r + r},             // overlong
+        {"\xed\xa0\x80", r + r + r},             // a surrogate
+        {"\xf4\x90\x80\x80", r + r + r + r},     // above U+10FFFF
+        {"\xf0\x9f\x98", r},
+        {"\x80\"\xbf", r + "\\\"" + r},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.text);
+        const std::string printed = JsonPrinter::toString(Variant(row.text));
+        EXPECT_EQ(printed, "\"" + row.printed + "\"");
+        Variant object;
+        object.set(row.text, row.text);
+        for (const char* indent : {"", "\t"}) {
+            const std::string text = JsonPrinter::toString(object, indent);
+            std::string error;
+            const Variant back = parseText(text, &error);
+            ASSERT_TRUE(back.isObject()) << error;
+            EXPECT_EQ(JsonPrinter::toString(back, indent), text);
+        }
+    }
+}
+
 TEST(JsonPrinter, HandsLongOutputToTheCallbackInPieces)
 {
     json::List list;

@@ -12,7 +12,12 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QSaveFile>
 #include <QTextStream>
+
+#include <filesystem>
+#include <memory>
+#include <system_error>
 
 namespace cktool {
 namespace {
@@ -76,6 +81,18 @@ QString describeStorage(const json::Variant& meta)
     return parts.isEmpty() ? tr("stored as is") : parts.join(QStringLiteral(", "));
 }
 
+// Whether two names lead to the same file: the same path, or a symbolic or
+// hard link to it. Writing the output must never truncate the input.
+bool sameFile(const QString& first, const QString& second)
+{
+    if (QFileInfo(first).absoluteFilePath() == QFileInfo(second).absoluteFilePath())
+        return true;
+    std::error_code error;
+    const bool same = std::filesystem::equivalent(std::filesystem::path(first.toStdWString()),
+                                                  std::filesystem::path(second.toStdWString()), error);
+    return same && !error;
+}
+
 void openContainer(ko::EncryptedFile& container, const QString& path, const secure_string& key,
                    const QString& command)
 {
@@ -122,7 +139,7 @@ int runCreate(const QStringList& arguments)
     if (commandLine.isSet(QStringLiteral("signer")) && !commandLine.isSet(QStringLiteral("sign")))
         throw CommandError(tr("%1: --signer needs --sign").arg(command), 2);
     checkSingleStandardInput(commandLine, {QStringLiteral("key-file"), QStringLiteral("sign")}, command);
-    if (QFileInfo(input).absoluteFilePath() == QFileInfo(output).absoluteFilePath())
+    if (sameFile(input, output))
         throw CommandError(tr("%1: the input and the output are the same file").arg(command), 2);
 
     QFile in(input);
@@ -130,8 +147,18 @@ int runCreate(const QStringList& arguments)
         throw CommandError(tr("%1: cannot read %2: %3").arg(command, input, in.errorString()));
     const secure_string key = keyFromOptions(commandLine, command);
     ko::crypto::RSAKeyPair keyPair;
-    if (commandLine.isSet(QStringLiteral("sign")))
-        keyPair = loadKeyPair(commandLine.value(QStringLiteral("sign")), true, command);
+    if (commandLine.isSet(QStringLiteral("sign"))) {
+        const QString signPath = commandLine.value(QStringLiteral("sign"));
+        keyPair = loadKeyPair(signPath, true, command);
+        // Found out before the output is touched: a key too small for the
+        // digest cannot sign it.
+        const ko::crypto::secure_string probe = ko::crypto::MessageDigest::digest(algorithm, "", 0);
+        if (keyPair.sign(probe, algorithm).empty())
+            throw CommandError(tr("%1: the key in %2 cannot sign a %3 digest: %4")
+                                   .arg(command, signPath,
+                                        QString::fromStdString(ko::crypto::MessageDigest::algorithmName(algorithm)),
+                                        QString::fromStdString(keyPair.lastError())));
+    }
 
     const DiagnosticCapture diagnostics;
     ko::EncryptedFile container;
@@ -152,6 +179,12 @@ int runCreate(const QStringList& arguments)
     const json::Variant meta = ko::EncryptedFile::metaInfo(QFileInfo(output));
     if (!meta.isObject())
         throw CommandError(tr("%1: writing %2 failed").arg(command, output) + diagnostics.reason());
+    if (!keyPair.emptyPrivateKey() && !meta.contains("signature")) {
+        // Asked to sign, but the key could not (for example a key too small
+        // for the digest): an unsigned container is not what was wanted.
+        QFile::remove(output);
+        throw CommandError(tr("%1: signing %2 failed").arg(command, output) + diagnostics.reason());
+    }
     QTextStream(stdout) << tr("Sealed %1 bytes of %2 into %3 (%4).")
                                .arg(meta.value("content-length").toInt64())
                                .arg(input, output, describeStorage(meta))
@@ -170,42 +203,43 @@ int runExtract(const QStringList& arguments)
         return 0;
     const QString input = commandLine.positional().at(0);
     const QString output = commandLine.positional().at(1);
-    if (QFileInfo(input).absoluteFilePath() == QFileInfo(output).absoluteFilePath())
+    if (sameFile(input, output))
         throw CommandError(tr("%1: the input and the output are the same file").arg(command), 2);
 
     const secure_string key = keyFromOptions(commandLine, command);
     ko::EncryptedFile container;
     openContainer(container, input, key, command);
-    QFile out(output);
-    if (!out.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        throw CommandError(tr("%1: cannot write %2: %3").arg(command, output, out.errorString()));
+    // A file is written beside the output and renamed over it only when
+    // everything was read, so a failure leaves an existing file as it was.
+    // Other outputs (a pipe, a terminal, /dev/stdout) are written directly.
+    const QFileInfo target(output);
+    const bool special = target.exists() && !target.isFile();
+    std::unique_ptr<QFileDevice> out;
+    if (special)
+        out = std::make_unique<QFile>(output);
+    else
+        out = std::make_unique<QSaveFile>(output);
+    if (!out->open(QIODevice::WriteOnly))
+        throw CommandError(tr("%1: cannot write %2: %3").arg(command, output, out->errorString()));
     QByteArray block(k_copyBlock, Qt::Uninitialized);
     qint64 total = 0;
     for (;;) {
         const qint64 n = container.read(block.data(), block.size());
-        if (n < 0) {
-            const QString reason = container.errorString();
-            out.close();
-            QFile::remove(output);
+        if (n < 0)
             throw CommandError(tr("%1: cannot read the contents of %2 (wrong key or damaged file): %3")
-                                   .arg(command, input, reason));
-        }
+                                   .arg(command, input, container.errorString()));
         if (n == 0)
             break;
-        if (out.write(block.constData(), n) != n) {
-            const QString reason = out.errorString();
-            out.close();
-            QFile::remove(output);
-            throw CommandError(tr("%1: cannot write %2: %3").arg(command, output, reason));
-        }
+        if (out->write(block.constData(), n) != n)
+            throw CommandError(tr("%1: cannot write %2: %3").arg(command, output, out->errorString()));
         total += n;
     }
-    out.close();
     const std::int64_t recorded = container.metaInfo().value("content-length").toInt64(-1);
-    if (recorded != total) {
-        QFile::remove(output);
+    if (recorded != total)
         throw CommandError(tr("%1: %2 holds %3 bytes, but its metadata records %4").arg(command, input).arg(total).arg(recorded));
-    }
+    const bool written = special ? out->flush() : static_cast<QSaveFile*>(out.get())->commit();
+    if (!written)
+        throw CommandError(tr("%1: cannot write %2: %3").arg(command, output, out->errorString()));
     QTextStream(stdout) << tr("Extracted %1 bytes from %2 into %3.").arg(total).arg(input, output) << "\n";
     return 0;
 }

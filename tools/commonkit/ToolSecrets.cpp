@@ -27,10 +27,12 @@ ko::crypto::secure_string readSecret(const QString& path, const QString& command
     QByteArray bytes = file.read(k_maxSecretSize + 1);
     const bool tooLong = bytes.size() > k_maxSecretSize;
     int length = bytes.size();
-    if (length > 0 && bytes.at(length - 1) == '\n')
+    // One line break, "\n" or "\r\n"; a lone "\r" is part of the key.
+    if (length > 0 && bytes.at(length - 1) == '\n') {
         --length;
-    if (length > 0 && bytes.at(length - 1) == '\r')
-        --length;
+        if (length > 0 && bytes.at(length - 1) == '\r')
+            --length;
+    }
     ko::crypto::secure_string secret(bytes.constData(), static_cast<std::size_t>(tooLong ? 0 : length));
     ko::crypto::zeroOut(bytes.data(), static_cast<std::size_t>(bytes.size()));
     if (tooLong)
