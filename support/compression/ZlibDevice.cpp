@@ -1,5 +1,7 @@
 #include "support/compression/ZlibDevice.h"
 
+#include "support/core/WrappedDevice.h"
+
 #include <zlib.h>
 
 #include <algorithm>
@@ -42,32 +44,15 @@ ZlibDevice::~ZlibDevice()
 
 bool ZlibDevice::open(OpenMode mode)
 {
-    if (isOpen()) {
-        setErrorString(tr("The device is already open."));
-        return false;
-    }
     const bool reading = mode & ReadOnly;
     const bool writing = mode & WriteOnly;
-    if (reading == writing || (mode & Append)) {
-        setErrorString(tr("The compression device is opened either for reading or for writing."));
-        return false;
-    }
-    if (!m_device) {
-        setErrorString(tr("There is no device to read from or write to."));
-        return false;
-    }
-    if (writing && (m_level < k_defaultCompression || m_level > k_bestCompression)) {
-        setErrorString(tr("Invalid compression level %1.").arg(m_level));
-        return false;
-    }
-    const OpenMode needed = reading ? ReadOnly : WriteOnly;
-    if (!m_device->isOpen()) {
-        if (!m_device->open(mode)) {
-            setErrorString(m_device->errorString());
-            return false;
-        }
-    } else if ((m_device->openMode() & needed) != needed) {
-        setErrorString(tr("The wrapped device is not open for this direction."));
+    QString error;
+    if (reading == writing || (mode & Append))
+        error = tr("The compression device is opened either for reading or for writing.");
+    else if (writing && (m_level < k_defaultCompression || m_level > k_bestCompression))
+        error = tr("Invalid compression level %1.").arg(m_level);
+    if (!error.isEmpty() || !openWrappedDevice(*this, m_device, mode, &error)) {
+        setErrorString(error);
         return false;
     }
 

@@ -1,5 +1,7 @@
 #include "support/crypto/ClippedIODevice.h"
 
+#include "support/core/WrappedDevice.h"
+
 #include <algorithm>
 
 namespace ko {
@@ -23,25 +25,11 @@ void ClippedIODevice::setMax(qint64 max)
 
 bool ClippedIODevice::open(OpenMode mode)
 {
-    if (isOpen()) {
-        setErrorString(tr("The device is already open."));
-        return false;
-    }
-    if (!m_device) {
-        setErrorString(tr("There is no device to read from."));
-        return false;
-    }
-    if ((mode & WriteOnly) || !(mode & ReadOnly)) {
-        setErrorString(tr("The clipping device is read-only."));
-        return false;
-    }
-    if (!m_device->isOpen()) {
-        if (!m_device->open(mode)) {
-            setErrorString(m_device->errorString());
-            return false;
-        }
-    } else if (!m_device->isReadable()) {
-        setErrorString(tr("The wrapped device is not open for reading."));
+    QString error;
+    if ((mode & WriteOnly) || !(mode & ReadOnly))
+        error = tr("The clipping device is read-only.");
+    if (!error.isEmpty() || !openWrappedDevice(*this, m_device, mode, &error)) {
+        setErrorString(error);
         return false;
     }
     m_origin = m_device->isSequential() ? 0 : m_device->pos();

@@ -1,5 +1,7 @@
 #include "support/crypto/DigestingIODevice.h"
 
+#include "support/core/WrappedDevice.h"
+
 #include <algorithm>
 
 namespace ko {
@@ -19,26 +21,11 @@ DigestingIODevice::~DigestingIODevice()
 
 bool DigestingIODevice::open(OpenMode mode)
 {
-    if (isOpen()) {
-        setErrorString(tr("The device is already open."));
-        return false;
-    }
-    if (!m_device) {
-        setErrorString(tr("There is no device to read from or write to."));
-        return false;
-    }
-    if (!isValid()) {
-        setErrorString(tr("Unknown digest algorithm."));
-        return false;
-    }
-    const OpenMode needed = mode & ReadWrite;
-    if (!m_device->isOpen()) {
-        if (!m_device->open(mode)) {
-            setErrorString(m_device->errorString());
-            return false;
-        }
-    } else if ((m_device->openMode() & needed) != needed) {
-        setErrorString(tr("The wrapped device is not open for this direction."));
+    QString error;
+    if (!isValid())
+        error = tr("Unknown digest algorithm.");
+    if (!error.isEmpty() || !openWrappedDevice(*this, m_device, mode, &error)) {
+        setErrorString(error);
         return false;
     }
     m_pos = 0;

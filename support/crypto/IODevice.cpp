@@ -1,5 +1,7 @@
 #include "support/crypto/IODevice.h"
 
+#include "support/core/WrappedDevice.h"
+
 #include <openssl/evp.h>
 #include <openssl/hmac.h>
 #include <openssl/rand.h>
@@ -135,28 +137,13 @@ IODevice::~IODevice()
 
 bool IODevice::open(OpenMode mode)
 {
-    if (isOpen()) {
-        setErrorString(tr("The device is already open."));
-        return false;
-    }
     const bool reading = mode & ReadOnly;
     const bool writing = mode & WriteOnly;
-    if (reading == writing || (mode & Append)) {
-        setErrorString(tr("The encrypting device is opened either for reading or for writing."));
-        return false;
-    }
-    if (!m_device) {
-        setErrorString(tr("There is no device to read from or write to."));
-        return false;
-    }
-    const OpenMode needed = reading ? ReadOnly : WriteOnly;
-    if (!m_device->isOpen()) {
-        if (!m_device->open(mode)) {
-            setErrorString(m_device->errorString());
-            return false;
-        }
-    } else if ((m_device->openMode() & needed) != needed) {
-        setErrorString(tr("The wrapped device is not open for this direction."));
+    QString error;
+    if (reading == writing || (mode & Append))
+        error = tr("The encrypting device is opened either for reading or for writing.");
+    if (!error.isEmpty() || !openWrappedDevice(*this, m_device, mode, &error)) {
+        setErrorString(error);
         return false;
     }
 

@@ -1,4 +1,5 @@
 #include "support/crypto/MessageDigest.h"
+#include "support/crypto/EvpDigest.h"
 
 #include <openssl/evp.h>
 
@@ -31,20 +32,6 @@ const AlgorithmInfo* info(MessageDigest::Algorithm algorithm)
     for (const AlgorithmInfo& entry : k_algorithms) {
         if (entry.algorithm == algorithm)
             return &entry;
-    }
-    return nullptr;
-}
-
-const EVP_MD* evpDigest(MessageDigest::Algorithm algorithm)
-{
-    switch (algorithm) {
-    case MessageDigest::MD5: return EVP_md5();
-    case MessageDigest::SHA1: return EVP_sha1();
-    case MessageDigest::SHA224: return EVP_sha224();
-    case MessageDigest::SHA256: return EVP_sha256();
-    case MessageDigest::SHA384: return EVP_sha384();
-    case MessageDigest::SHA512: return EVP_sha512();
-    case MessageDigest::Unknown: break;
     }
     return nullptr;
 }
@@ -191,6 +178,20 @@ secure_string MessageDigest::digest(Algorithm algorithm, const void* data, std::
     MessageDigest md(algorithm);
     md.update(data, size);
     return md.digest();
+}
+
+const EVP_MD* evpDigest(MessageDigest::Algorithm algorithm)
+{
+    switch (algorithm) {
+    case MessageDigest::MD5: return EVP_md5();
+    case MessageDigest::SHA1: return EVP_sha1();
+    case MessageDigest::SHA224: return EVP_sha224();
+    case MessageDigest::SHA256: return EVP_sha256();
+    case MessageDigest::SHA384: return EVP_sha384();
+    case MessageDigest::SHA512: return EVP_sha512();
+    case MessageDigest::Unknown: break;
+    }
+    return nullptr;
 }
 
 } // namespace crypto

@@ -1,4 +1,5 @@
 #include "support/crypto/RSAKeyPair.h"
+#include "support/crypto/EvpDigest.h"
 
 #include <openssl/bio.h>
 #include <openssl/bn.h>
@@ -106,20 +107,6 @@ bool fromBase64(const secure_string& text, secure_string& bytes)
         return false;
     bytes.resize(static_cast<std::size_t>(size) - pad);
     return true;
-}
-
-const EVP_MD* evpDigest(MessageDigest::Algorithm algorithm)
-{
-    switch (algorithm) {
-    case MessageDigest::MD5: return EVP_md5();
-    case MessageDigest::SHA1: return EVP_sha1();
-    case MessageDigest::SHA224: return EVP_sha224();
-    case MessageDigest::SHA256: return EVP_sha256();
-    case MessageDigest::SHA384: return EVP_sha384();
-    case MessageDigest::SHA512: return EVP_sha512();
-    case MessageDigest::Unknown: break;
-    }
-    return nullptr;
 }
 
 } // namespace

@@ -9,10 +9,14 @@
 #include <QByteArray>
 #include <QTemporaryFile>
 
+#include <functional>
+#include <memory>
+
 namespace {
 
 using ko::crypto::ClippedIODevice;
 using ko::crypto::DigestingIODevice;
+using ko::crypto::IODevice;
 using ko::crypto::MessageDigest;
 using ko::crypto::secure_string;
 
@@ -118,6 +122,40 @@ TEST(ClippedIODevice, LimitsReadsFromTheStartingPosition)
 // The stacking an encrypted, compressed and digested file uses: write
 // through digest -> zlib -> AES -> file, append a trailer, then read back
 // through clip -> AES -> zlib -> digest.
+// Every filter device opens its wrapped device the same way: not twice, not
+// without a wrapped device, and not over one open for the other direction;
+// a closed wrapped device is opened with the filter's mode.
+TEST(StreamDevices, OpeningChecksTheWrappedDeviceTheSameWay)
+{
+    using Make = std::function<std::unique_ptr<QIODevice>(QIODevice*)>;
+    struct Case { const char* name; Make make; QIODevice::OpenMode mode; };
+    const Case cases[] = {
+        {"clipped", [](QIODevice* d) { return std::unique_ptr<QIODevice>(new ClippedIODevice(d)); }, QIODevice::ReadOnly},
+        {"digesting", [](QIODevice* d) { return std::unique_ptr<QIODevice>(new DigestingIODevice(d, MessageDigest::SHA256)); },
+         QIODevice::WriteOnly},
+        {"cipher", [](QIODevice* d) { return std::unique_ptr<QIODevice>(new IODevice(d, secure_string("key"))); },
+         QIODevice::WriteOnly},
+        {"zlib", [](QIODevice* d) { return std::unique_ptr<QIODevice>(new ko::ZlibDevice(d)); }, QIODevice::WriteOnly},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        EXPECT_FALSE(c.make(nullptr)->open(c.mode));
+
+        QBuffer otherWay;
+        ASSERT_TRUE(otherWay.open(c.mode == QIODevice::ReadOnly ? QIODevice::WriteOnly : QIODevice::ReadOnly));
+        std::unique_ptr<QIODevice> refused = c.make(&otherWay);
+        EXPECT_FALSE(refused->open(c.mode));
+        EXPECT_FALSE(refused->errorString().isEmpty());
+
+        QBuffer closed;
+        std::unique_ptr<QIODevice> filter = c.make(&closed);
+        ASSERT_TRUE(filter->open(c.mode)) << filter->errorString().toStdString();
+        EXPECT_EQ(closed.openMode() & QIODevice::ReadWrite, c.mode);
+        EXPECT_FALSE(filter->open(c.mode));
+        EXPECT_TRUE(filter->isOpen());
+    }
+}
+
 TEST(StreamDeviceStack, WritesAndReadsAClippedEncryptedCompressedPayload)
 {
     const QByteArray payload = pattern(400000) + QByteArray(300000, 'z');
