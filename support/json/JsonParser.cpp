@@ -1,5 +1,6 @@
 #include "support/json/JsonParser.h"
 
+#include "support/json/Utf8.h"
 #include "support/json/VariantAccess.h"
 
 #include <cstdio>
@@ -229,25 +230,12 @@ struct JsonParser::Private
             return fail("control character " + describe(c) + " in a string (escape it)");
         if (c < 0x80)
             return true;
-        utf8Low = 0x80;
-        utf8High = 0xBF;
-        if (c >= 0xC2 && c <= 0xDF)
-            utf8Remaining = 1;
-        else if (c >= 0xE0 && c <= 0xEF) {
-            utf8Remaining = 2;
-            if (c == 0xE0)
-                utf8Low = 0xA0;
-            else if (c == 0xED)
-                utf8High = 0x9F;
-        } else if (c >= 0xF0 && c <= 0xF4) {
-            utf8Remaining = 3;
-            if (c == 0xF0)
-                utf8Low = 0x90;
-            else if (c == 0xF4)
-                utf8High = 0x8F;
-        } else {
+        const Utf8Lead lead = utf8Lead(c);
+        if (lead.follow == 0)
             return fail("invalid UTF-8 in a string");
-        }
+        utf8Remaining = lead.follow;
+        utf8Low = lead.low;
+        utf8High = lead.high;
         return true;
     }
 

@@ -1,5 +1,6 @@
 #include "support/json/JsonPrinter.h"
 
+#include "support/json/Utf8.h"
 #include "support/json/VariantAccess.h"
 
 #include <charconv>
@@ -12,32 +13,17 @@ namespace {
 
 // The length of the well-formed UTF-8 sequence at text[at] (which is at
 // least 0x80), or 0 when there is none; then *bad is the number of bytes
-// that form its broken start (at least 1). The rules are those of RFC 3629:
-// no overlong forms, no surrogates, nothing above U+10FFFF.
+// that form its broken start (at least 1).
 std::size_t utf8Sequence(const std::string& text, std::size_t at, std::size_t* bad)
 {
-    const auto lead = static_cast<unsigned char>(text[at]);
-    std::size_t follow = 0;
-    unsigned char low = 0x80;
-    unsigned char high = 0xBF;
-    if (lead >= 0xC2 && lead <= 0xDF) {
-        follow = 1;
-    } else if (lead >= 0xE0 && lead <= 0xEF) {
-        follow = 2;
-        if (lead == 0xE0)
-            low = 0xA0;
-        else if (lead == 0xED)
-            high = 0x9F;
-    } else if (lead >= 0xF0 && lead <= 0xF4) {
-        follow = 3;
-        if (lead == 0xF0)
-            low = 0x90;
-        else if (lead == 0xF4)
-            high = 0x8F;
-    } else {
+    const Utf8Lead lead = utf8Lead(static_cast<unsigned char>(text[at]));
+    if (lead.follow == 0) {
         *bad = 1;
         return 0;
     }
+    const auto follow = static_cast<std::size_t>(lead.follow);
+    unsigned char low = lead.low;
+    unsigned char high = lead.high;
     std::size_t length = 1;
     while (length <= follow && at + length < text.size()) {
         const auto c = static_cast<unsigned char>(text[at + length]);

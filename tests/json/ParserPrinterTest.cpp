@@ -124,6 +124,13 @@ TEST(JsonPrinter, BrokenUtf8BecomesReplacementCharacters)
         SCOPED_TRACE(row.text);
         const std::string printed = JsonPrinter::toString(Variant(row.text));
         EXPECT_EQ(printed, "\"" + row.printed + "\"");
+        // The parser follows the same rules: it takes exactly the texts the
+        // printer leaves as they are.
+        if (row.text.find('"') == std::string::npos) {
+            std::string rawError;
+            parseText("\"" + row.text + "\"", &rawError);
+            EXPECT_EQ(rawError.empty(), row.text == row.printed) << rawError;
+        }
         Variant object;
         object.set(row.text, row.text);
         for (const char* indent : {"", "\t"}) {
