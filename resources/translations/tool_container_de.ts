@@ -117,6 +117,14 @@
         <translation>%1: %2 kann nicht angelegt werden</translation>
     </message>
     <message>
+        <source>%1: %2 is not a regular file</source>
+        <translation>%1: %2 ist keine gewöhnliche Datei</translation>
+    </message>
+    <message>
+        <source>%1: cannot create %2: %3</source>
+        <translation>%1: %2 kann nicht angelegt werden: %3</translation>
+    </message>
+    <message>
         <location filename="../../tools/commonkit/ContainerCommand.cpp" line="146"/>
         <source>%1: copying %2 failed</source>
         <translation>%1: das Kopieren von %2 ist fehlgeschlagen</translation>

@@ -117,6 +117,14 @@
         <translation>%1 : impossible de créer %2</translation>
     </message>
     <message>
+        <source>%1: %2 is not a regular file</source>
+        <translation>%1 : %2 n'est pas un fichier ordinaire</translation>
+    </message>
+    <message>
+        <source>%1: cannot create %2: %3</source>
+        <translation>%1 : impossible de créer %2 : %3</translation>
+    </message>
+    <message>
         <location filename="../../tools/commonkit/ContainerCommand.cpp" line="146"/>
         <source>%1: copying %2 failed</source>
         <translation>%1 : la copie de %2 a échoué</translation>

@@ -299,12 +299,16 @@ TEST_F(ContainerTool, FailuresLeaveAnExistingOutputAsItWas)
     put(path(QStringLiteral("small.pem")), k_smallKey);
     const QString out = path(QStringLiteral("precious"));
     const QByteArray precious("an earlier file that must survive");
-    const QStringList rows[] = {
+    QList<QStringList> rows = {
         {QStringLiteral("extract"), box, out, QStringLiteral("--key-file"), path(QStringLiteral("wrong"))},
         {QStringLiteral("extract"), path(QStringLiteral("damaged")), out, QStringLiteral("--key-file"), keyFile},
         {QStringLiteral("create"), m_input, out, QStringLiteral("--sign"), path(QStringLiteral("small.pem")),
          QStringLiteral("--digest"), QStringLiteral("SHA384")},
     };
+    // An input that opens but cannot be read fails after the container was
+    // started.
+    if (QFileInfo::exists(QStringLiteral("/proc/self/mem")))
+        rows.append({QStringLiteral("create"), QStringLiteral("/proc/self/mem"), out});
     for (const QStringList& arguments : rows) {
         const std::string label = arguments.join(QLatin1Char(' ')).toStdString();
         put(out, precious);
@@ -327,11 +331,20 @@ TEST_F(ContainerTool, FailuresLeaveAnExistingOutputAsItWas)
         EXPECT_EQ(piped.exitCode, 0) << piped.err.toStdString();
         EXPECT_TRUE(piped.out.startsWith(QStringLiteral("plain text for the pipe\n"))) << piped.out.toStdString();
     }
-    // A run that succeeds replaces it.
+    // A run that succeeds replaces it, and leaves nothing else behind.
+    put(out, precious);
+    const QFile::Permissions permissions = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup;
+    ASSERT_TRUE(QFile::setPermissions(out, permissions));
+    ASSERT_EQ(runTool({QStringLiteral("container"), QStringLiteral("create"), m_input, out}).exitCode, 0);
+    EXPECT_EQ(runTool({QStringLiteral("container"), QStringLiteral("info"), out}).exitCode, 0);
+    EXPECT_EQ(QFile(out).permissions() & (QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther),
+              permissions);
     ASSERT_EQ(runTool({QStringLiteral("container"), QStringLiteral("extract"), box, out, QStringLiteral("--key-file"), keyFile})
                   .exitCode,
               0);
     EXPECT_TRUE(contents(out) == m_data);
+    EXPECT_EQ(QDir(m_dir.path()).entryList(QDir::Files).filter(QStringLiteral("precious")),
+              QStringList{QStringLiteral("precious")});
 }
 
 TEST_F(ContainerTool, HelpListsActionsAndOptions)

@@ -13,6 +13,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <QTemporaryFile>
 #include <QTextStream>
 
 #include <filesystem>
@@ -160,31 +161,49 @@ int runCreate(const QStringList& arguments)
                                         QString::fromStdString(keyPair.lastError())));
     }
 
+    // The container is written beside the output and renamed over it only
+    // when it is complete, so a failure leaves an existing file as it was.
+    const QFileInfo target(output);
+    if (target.exists() && !target.isFile())
+        throw CommandError(tr("%1: %2 is not a regular file").arg(command, output), 2);
+    QTemporaryFile partial(target.absoluteFilePath() + QStringLiteral(".partial-XXXXXX"));
+    if (!partial.open())
+        throw CommandError(tr("%1: cannot create %2: %3").arg(command, output, partial.errorString()));
+    partial.close();
+    const QString partialPath = partial.fileName();
+    // A replaced file keeps its permissions; a new one is the owner's only.
+    if (target.exists())
+        QFile::setPermissions(partialPath, QFile(output).permissions());
+
     const DiagnosticCapture diagnostics;
     ko::EncryptedFile container;
-    if (!container.create(QFileInfo(output), key, level, algorithm))
+    if (!container.create(QFileInfo(partialPath), key, level, algorithm))
         throw CommandError(tr("%1: cannot create %2").arg(command, output) + diagnostics.reason());
     QByteArray block(k_copyBlock, Qt::Uninitialized);
     for (;;) {
         const qint64 n = in.read(block.data(), block.size());
         if (n < 0 || (n > 0 && container.write(block.constData(), n) != n)) {
             container.close();
-            QFile::remove(output);
             throw CommandError(tr("%1: copying %2 failed").arg(command, input));
         }
         if (n == 0)
             break;
     }
     container.close(keyPair, commandLine.value(QStringLiteral("signer")));
-    const json::Variant meta = ko::EncryptedFile::metaInfo(QFileInfo(output));
+    const json::Variant meta = ko::EncryptedFile::metaInfo(QFileInfo(partialPath));
     if (!meta.isObject())
         throw CommandError(tr("%1: writing %2 failed").arg(command, output) + diagnostics.reason());
-    if (!keyPair.emptyPrivateKey() && !meta.contains("signature")) {
-        // Asked to sign, but the key could not (for example a key too small
-        // for the digest): an unsigned container is not what was wanted.
-        QFile::remove(output);
+    // Asked to sign, but the key could not: an unsigned container is not
+    // what was wanted.
+    if (!keyPair.emptyPrivateKey() && !meta.contains("signature"))
         throw CommandError(tr("%1: signing %2 failed").arg(command, output) + diagnostics.reason());
-    }
+    std::error_code renameError;
+    std::filesystem::rename(std::filesystem::path(partialPath.toStdWString()),
+                            std::filesystem::path(output.toStdWString()), renameError);
+    if (renameError)
+        throw CommandError(tr("%1: cannot write %2: %3")
+                               .arg(command, output, QString::fromLocal8Bit(renameError.message().c_str())));
+    partial.setAutoRemove(false);
     QTextStream(stdout) << tr("Sealed %1 bytes of %2 into %3 (%4).")
                                .arg(meta.value("content-length").toInt64())
                                .arg(input, output, describeStorage(meta))
