@@ -1,5 +1,6 @@
 #include "support/json/JsonParser.h"
 
+#include "support/json/NodeBuilder.h"
 #include "support/json/Utf8.h"
 #include "support/json/VariantAccess.h"
 
@@ -415,13 +416,14 @@ Variant JsonParser::parseComplete()
         if (!d->finished()) {
             d->fail("unexpected end of input", d->column + 1);
         } else {
-            try {
-                result = VariantAccess::make(Node::parse(d->text));
+            Node node;
+            std::string reason;
+            if (buildNode(d->text, &node, &reason)) {
+                result = VariantAccess::make(std::move(node));
                 d->clearText();
                 return result;
-            } catch (const Node::exception& e) {
-                d->fail(std::string("not accepted: ") + e.what(), d->column + 1);
             }
+            d->fail("not accepted: " + reason, d->column + 1);
         }
     }
     result = Variant(d->text);

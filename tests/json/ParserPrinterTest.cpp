@@ -305,3 +305,39 @@ TEST(JsonParser, RefusesNestingBeyondTheLimit)
 }
 
 } // namespace
+
+namespace {
+
+// Members keep the order of the text, however many; a repeated key keeps its
+// first place and takes the last value, also inside lists and nested objects.
+TEST(JsonParser, MembersKeepTextOrderAndRepeatedKeysTakeTheLastValue)
+{
+    const struct
+    {
+        const char* text;
+        const char* compact;
+    } rows[] = {
+        {R"({"b":1,"a":2})", R"({"b":1,"a":2})"},
+        {R"({"a":1,"b":2,"a":3})", R"({"a":3,"b":2})"},
+        {R"([{"x":[],"y":{"z":1,"z":{"q":null}},"x":true}])", R"([{"x":true,"y":{"z":{"q":null}}}])"},
+        {R"({"":1,"":"two"})", R"({"":"two"})"},
+    };
+    for (const auto& row : rows) {
+        std::string error;
+        EXPECT_EQ(parseText(row.text, &error).toJson(), row.compact) << row.text;
+        EXPECT_EQ(error, "") << row.text;
+    }
+
+    std::string wide = "{";
+    const int count = 30000;
+    for (int i = count - 1; i >= 0; --i)
+        wide += "\"k" + std::to_string(i) + "\":" + std::to_string(i) + ",";
+    wide += "\"k7\":-7}";
+    const std::vector<std::string> keys = parseText(wide).keys();
+    ASSERT_EQ(keys.size(), static_cast<std::size_t>(count));
+    EXPECT_EQ(keys.front(), "k" + std::to_string(count - 1));
+    EXPECT_EQ(keys.back(), "k0");
+    EXPECT_EQ(parseText(wide).value("k7").toInt64(), -7);
+}
+
+} // namespace

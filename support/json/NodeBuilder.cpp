@@ -1,0 +1,114 @@
+#include "support/json/NodeBuilder.h"
+
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+namespace json {
+namespace {
+
+// The member list under an ordered object: appending to it directly skips
+// the ordered map's linear search for an existing key, which the builder
+// does itself through a hash index.
+using Members = std::vector<std::pair<const std::string, Node>>;
+
+class Builder : public nlohmann::json_sax<Node>
+{
+public:
+    explicit Builder(Node* root) : m_root(root) {}
+
+    bool null() override { return place(Node(nullptr)); }
+    bool boolean(bool value) override { return place(Node(value)); }
+    bool number_integer(number_integer_t value) override { return place(Node(value)); }
+    bool number_unsigned(number_unsigned_t value) override { return place(Node(value)); }
+    bool number_float(number_float_t value, const string_t&) override { return place(Node(value)); }
+    bool string(string_t& value) override { return place(Node(std::move(value))); }
+    bool binary(binary_t& value) override { return place(Node::binary(std::move(value))); }
+
+    bool start_object(std::size_t) override { return open(Node::object()); }
+    bool key(string_t& value) override
+    {
+        m_key = std::move(value);
+        return true;
+    }
+    bool end_object() override { return close(); }
+    bool start_array(std::size_t) override { return open(Node::array()); }
+    bool end_array() override { return close(); }
+
+    bool parse_error(std::size_t, const std::string&, const nlohmann::detail::exception& failure) override
+    {
+        m_error = failure.what();
+        return false;
+    }
+
+    const std::string& error() const { return m_error; }
+
+private:
+    struct Open
+    {
+        Node* node;
+        std::unordered_map<std::string, std::size_t> index; // objects: key to position
+    };
+
+    Node* placed(Node&& value)
+    {
+        if (m_open.empty()) {
+            *m_root = std::move(value);
+            return m_root;
+        }
+        Open& parent = m_open.back();
+        if (parent.node->is_array()) {
+            auto& elements = parent.node->get_ref<Node::array_t&>();
+            elements.push_back(std::move(value));
+            return &elements.back();
+        }
+        Members& members = parent.node->get_ref<Node::object_t&>();
+        const auto found = parent.index.find(m_key);
+        if (found != parent.index.end()) {
+            members[found->second].second = std::move(value);
+            return &members[found->second].second;
+        }
+        parent.index.emplace(m_key, members.size());
+        members.emplace_back(std::move(m_key), std::move(value));
+        return &members.back().second;
+    }
+
+    bool place(Node&& value)
+    {
+        placed(std::move(value));
+        return true;
+    }
+
+    bool open(Node&& container)
+    {
+        m_open.push_back(Open{placed(std::move(container)), {}});
+        return true;
+    }
+
+    bool close()
+    {
+        m_open.pop_back();
+        return true;
+    }
+
+    Node* m_root;
+    std::vector<Open> m_open;
+    std::string m_key;
+    std::string m_error;
+};
+
+} // namespace
+
+bool buildNode(const std::string& text, Node* result, std::string* error)
+{
+    Node built;
+    Builder builder(&built);
+    if (!Node::sax_parse(text, &builder, nlohmann::detail::input_format_t::json, true, false)) {
+        *error = builder.error();
+        return false;
+    }
+    *result = std::move(built);
+    return true;
+}
+
+} // namespace json
