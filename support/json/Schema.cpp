@@ -332,15 +332,21 @@ bool Schema::validate(const Variant& value, std::string* error) const
         const nlohmann::json rootDocument = m_pointer.empty()
             ? forValidation(VariantAccess::node(m_root), m_url)
             : nlohmann::json{{"$ref", m_url + "#" + m_pointer}};
+        // The parser asks for a document again at every "$ref" step into it
+        // and keeps only the first answer, so each document is converted
+        // once and kept here until validation is over.
         std::map<std::string, nlohmann::json> fetched;
-        const auto fetch = [this](const std::string& uri) -> const nlohmann::json* {
+        const auto fetch = [this, &fetched](const std::string& uri) -> const nlohmann::json* {
+            const std::string target = withoutFragment(resolveUrl(uri, m_url));
+            const auto found = fetched.find(target);
+            if (found != fetched.end())
+                return &found->second;
             Variant fetchedDocument;
-            const std::string target = resolveUrl(uri, m_url);
-            if (!document(withoutFragment(target), &fetchedDocument))
+            if (!document(target, &fetchedDocument))
                 return nullptr;
-            return new nlohmann::json(forValidation(VariantAccess::node(fetchedDocument), withoutFragment(target)));
+            return &fetched.emplace(target, forValidation(VariantAccess::node(fetchedDocument), target)).first->second;
         };
-        const auto release = [](const nlohmann::json* document) { delete document; };
+        const auto release = [](const nlohmann::json*) {};
         valijson::Schema schema;
         valijson::SchemaParser parser(valijson::SchemaParser::kDraft7);
         const valijson::adapters::NlohmannJsonAdapter schemaAdapter(rootDocument);

@@ -145,6 +145,43 @@ TEST_F(SchemaTest, ValidatesWithReferencesAndFormats)
     EXPECT_FALSE(origin->validate(parse(R"({"x": "1", "y": 2})")));
 }
 
+// A schema that is a "$ref" to a "$ref": every step into a document must
+// reuse the document fetched for the first (the address sanitizer run reports
+// each copy that is dropped instead).
+TEST_F(SchemaTest, ValidatesThroughChainsOfReferencesAtTheTop)
+{
+    Schema::registerSchema("https://schemas.example.invalid/chain.json",
+                           parse(R"({"$ref": "#/definitions/a",
+                                    "definitions": {"a": {"$ref": "#/definitions/b"},
+                                                    "b": {"$ref": "types.json#/definitions/c"},
+                                                    "list": {"type": "array", "items": {"$ref": "#/definitions/a"}}}})"));
+    Schema::registerSchema("https://schemas.example.invalid/types.json",
+                           parse(R"({"definitions": {"c": {"$ref": "#/definitions/d"},
+                                                     "d": {"type": "integer", "maximum": 9}}})"));
+    const struct
+    {
+        const char* url;
+        const char* value;
+        bool valid;
+    } rows[] = {
+        {"chain.json", "3", true},
+        {"chain.json", "10", false},
+        {"chain.json", "\"3\"", false},
+        {"chain.json#/definitions/b", "9", true},
+        {"chain.json#/definitions/b", "9.5", false},
+        {"chain.json#/definitions/list", "[1, 2, 3]", true},
+        {"chain.json#/definitions/list", "[1, 20]", false},
+        {"types.json#/definitions/c", "-4", true},
+        {"types.json#/definitions/c", "null", false},
+    };
+    for (const auto& row : rows) {
+        const Schema::Ptr schema = Schema::resolve(row.url, "https://schemas.example.invalid/");
+        ASSERT_TRUE(schema) << row.url;
+        std::string error;
+        EXPECT_EQ(schema->validate(parse(row.value), &error), row.valid) << row.url << " " << row.value << "\n" << error;
+    }
+}
+
 TEST_F(SchemaTest, LoadsFilesAndResourcesAndFailsCleanly)
 {
     QTemporaryDir dir;
