@@ -18,6 +18,8 @@
 
 #include <map>
 #include <mutex>
+#include <stdexcept>
+#include <string>
 
 namespace json {
 namespace {
@@ -25,6 +27,12 @@ namespace {
 const char* const k_tag = "json::Schema::resolve";
 const int k_maxRefHops = 32;
 const qint64 k_maxDocumentSize = 16 << 20;
+// valijson reads a "$ref" whose document part has no "://" (and is no URN of
+// its liking) as a path in the document it is reading, so "b:c", "qrc:/x"
+// or "urn:x" would send it into the wrong document, or round and round in
+// the same one. It is therefore given every document under this prefix
+// followed by the document's URL, and the fetch callback takes it off again.
+const std::string k_validatorPrefix = "commonkit-document://";
 
 struct Cache
 {
@@ -209,7 +217,7 @@ nlohmann::json forValidation(const Node& node, const std::string& url, int depth
                 const Schema::Ptr reached = Schema::resolve(absolute);
                 if (reached && !reached->target())
                     throw std::runtime_error("\"$ref\": \"" + absolute + "\" leads in a circle");
-                result["$ref"] = target + "#" + pointer;
+                result["$ref"] = k_validatorPrefix + target + "#" + pointer;
                 continue;
             }
             result[member.first] = forValidation(member.second, url, depth + 1);
@@ -331,19 +339,21 @@ bool Schema::validate(const Variant& value, std::string* error) const
     try {
         const nlohmann::json rootDocument = m_pointer.empty()
             ? forValidation(VariantAccess::node(m_root), m_url)
-            : nlohmann::json{{"$ref", m_url + "#" + m_pointer}};
+            : nlohmann::json{{"$ref", k_validatorPrefix + m_url + "#" + m_pointer}};
         // The parser asks for a document again at every "$ref" step into it
         // and keeps only the first answer, so each document is converted
         // once and kept here until validation is over.
         std::map<std::string, nlohmann::json> fetched;
         const auto fetch = [this, &fetched](const std::string& uri) -> const nlohmann::json* {
-            const std::string target = withoutFragment(resolveUrl(uri, m_url));
+            const std::string target = uri.compare(0, k_validatorPrefix.size(), k_validatorPrefix) == 0
+                ? uri.substr(k_validatorPrefix.size())
+                : withoutFragment(resolveUrl(uri, m_url));
             const auto found = fetched.find(target);
             if (found != fetched.end())
                 return &found->second;
             Variant fetchedDocument;
             if (!document(target, &fetchedDocument))
-                return nullptr;
+                throw std::runtime_error("\"$ref\" names " + target + ", which cannot be loaded");
             return &fetched.emplace(target, forValidation(VariantAccess::node(fetchedDocument), target)).first->second;
         };
         const auto release = [](const nlohmann::json*) {};

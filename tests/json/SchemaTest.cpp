@@ -182,6 +182,47 @@ TEST_F(SchemaTest, ValidatesThroughChainsOfReferencesAtTheTop)
     }
 }
 
+// Documents named without "://" ("mem:", short URNs) are found like any
+// other, and a "$ref" to such a name that is not registered fails cleanly
+// instead of being taken for a path into the document that holds it.
+TEST_F(SchemaTest, ValidatesDocumentsWhoseNamesHaveNoSlashes)
+{
+    Schema::registerSchema("mem:numbers", parse(R"({"definitions": {"small": {"type": "integer", "maximum": 9}},
+                                                    "type": "string"})"));
+    Schema::registerSchema("urn:x", parse(R"({"$ref": "mem:numbers#/definitions/small"})"));
+    Schema::fromVariant(parse(R"({"type": "array", "items": {"$ref": "urn:x"}})"), "mem:list");
+    const struct
+    {
+        const char* url;
+        const char* value;
+        bool valid;
+    } rows[] = {
+        {"mem:numbers", "\"text\"", true},
+        {"mem:numbers", "3", false},
+        {"mem:numbers#/definitions/small", "3", true},
+        {"mem:numbers#/definitions/small", "10", false},
+        {"urn:x", "9", true},
+        {"urn:x", "\"9\"", false},
+        {"mem:list", "[1, 2]", true},
+        {"mem:list", "[1, 20]", false},
+    };
+    for (const auto& row : rows) {
+        const Schema::Ptr schema = Schema::resolve(row.url);
+        ASSERT_TRUE(schema) << row.url;
+        std::string error;
+        EXPECT_EQ(schema->validate(parse(row.value), &error), row.valid) << row.url << " " << row.value << "\n" << error;
+    }
+
+    // Each once overflowed the stack.
+    for (const char* text : {R"({"$ref": "b:c"})", R"({"$ref": "b:c#"})", R"({"items": {"$ref": "mem:nothing#/a"}})"}) {
+        const Schema::Ptr dangling = Schema::fromVariant(parse(text));
+        ASSERT_TRUE(dangling) << text;
+        std::string error;
+        EXPECT_FALSE(dangling->validate(parse("[1]"), &error)) << text;
+        EXPECT_NE(error.find("cannot be loaded"), std::string::npos) << text << ": " << error;
+    }
+}
+
 TEST_F(SchemaTest, LoadsFilesAndResourcesAndFailsCleanly)
 {
     QTemporaryDir dir;
