@@ -220,6 +220,10 @@ nlohmann::json forValidation(const Node& node, const std::string& url, int depth
                 result["$ref"] = k_validatorPrefix + target + "#" + pointer;
                 continue;
             }
+            // valijson divides integers by the divisor unchecked: 0 (and -1
+            // with the smallest integer) would stop the process.
+            if (member.first == "multipleOf" && member.second.is_number() && !(member.second.get<double>() > 0))
+                throw std::runtime_error("\"multipleOf\" must be greater than 0");
             result[member.first] = forValidation(member.second, url, depth + 1);
         }
         return result;

@@ -223,6 +223,37 @@ TEST_F(SchemaTest, ValidatesDocumentsWhoseNamesHaveNoSlashes)
     }
 }
 
+TEST_F(SchemaTest, MultipleOfNeedsAPositiveDivisor)
+{
+    const struct
+    {
+        const char* schema;
+        const char* value;
+        bool valid;
+        bool rejected; // the schema itself is refused
+    } rows[] = {
+        {R"({"multipleOf": 3})", "9", true, false},
+        {R"({"multipleOf": 3})", "-9223372036854775807", false, false},
+        {R"({"multipleOf": 0.5})", "2.5", true, false},
+        {R"({"multipleOf": 0.5})", "2.25", false, false},
+        // A divisor of zero or below is no schema: validation says so instead
+        // of dividing by it (the first two once stopped the process).
+        {R"({"multipleOf": 0})", "5", false, true},
+        {R"({"multipleOf": -1})", "-9223372036854775808", false, true},
+        {R"({"anyOf": [{"type": "string"}, {"multipleOf": 0}]})", "2", false, true},
+        {R"({"multipleOf": 0.0})", "2.5", false, true},
+        {R"({"multipleOf": -2})", "4", false, true},
+    };
+    for (const auto& row : rows) {
+        const Schema::Ptr schema = Schema::fromVariant(parse(row.schema));
+        ASSERT_TRUE(schema) << row.schema;
+        std::string error;
+        EXPECT_EQ(schema->validate(parse(row.value), &error), row.valid) << row.schema << " " << row.value << "\n" << error;
+        EXPECT_EQ(error.find("\"multipleOf\" must be greater than 0") != std::string::npos, row.rejected)
+            << row.schema << ": " << error;
+    }
+}
+
 TEST_F(SchemaTest, LoadsFilesAndResourcesAndFailsCleanly)
 {
     QTemporaryDir dir;
