@@ -20,6 +20,7 @@
 #include <mutex>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 namespace json {
 namespace {
@@ -125,10 +126,10 @@ std::string escapePointerSegment(const std::string& segment)
     return result;
 }
 
-// Walks a JSON pointer ("" or "/a/0/b").
-bool walkPointer(const Variant& root, const std::string& pointer, Variant* result)
+// The member names and list indices of a JSON pointer ("" or "/a/0/b").
+std::vector<std::string> pointerSegments(const std::string& pointer)
 {
-    Variant node = root;
+    std::vector<std::string> segments;
     std::size_t start = 1;
     while (start <= pointer.size() && !pointer.empty()) {
         std::size_t end = pointer.find('/', start);
@@ -143,6 +144,17 @@ bool walkPointer(const Variant& root, const std::string& pointer, Variant* resul
                 segment += pointer[i];
             }
         }
+        segments.push_back(segment);
+        start = end + 1;
+    }
+    return segments;
+}
+
+// Walks a JSON pointer.
+bool walkPointer(const Variant& root, const std::string& pointer, Variant* result)
+{
+    Variant node = root;
+    for (const std::string& segment : pointerSegments(pointer)) {
         if (node.isObject()) {
             if (!node.contains(segment))
                 return false;
@@ -155,10 +167,34 @@ bool walkPointer(const Variant& root, const std::string& pointer, Variant* resul
         } else {
             return false;
         }
-        start = end + 1;
     }
     *result = node;
     return true;
+}
+
+// A "$ref" to the node at pointer in the document at url, written so that
+// valijson finds the same node: it skips empty names and decodes "~0", "~1"
+// and "%xx" in its own order, so every '%', '~' and '/' in a name is given as
+// "%xx". A pointer with an empty name cannot be given at all.
+std::string validatorReference(const std::string& url, const std::string& pointer)
+{
+    std::string result = k_validatorPrefix + url + "#";
+    for (const std::string& segment : pointerSegments(pointer)) {
+        if (segment.empty())
+            throw std::runtime_error("\"$ref\": \"" + url + "#" + pointer + "\" names a member with an empty name");
+        result += '/';
+        for (const char c : segment) {
+            if (c == '%')
+                result += "%25";
+            else if (c == '~')
+                result += "%7E";
+            else if (c == '/')
+                result += "%2F";
+            else
+                result += c;
+        }
+    }
+    return result;
 }
 
 // The pointer of the sub-schema declaring "$id": "#name" (or "...#name").
@@ -213,11 +249,14 @@ nlohmann::json forValidation(const Node& node, const std::string& url, int depth
                 if (!pointer.empty() && pointer[0] != '/' && document(target, &targetDocument))
                     fragmentPointer(targetDocument, fragmentOf(absolute), &pointer);
                 // A chain of references that never reaches a schema would
-                // send the validator into endless recursion.
+                // send the validator into endless recursion, and so would a
+                // reference it resolved differently.
                 const Schema::Ptr reached = Schema::resolve(absolute);
-                if (reached && !reached->target())
+                if (!reached)
+                    throw std::runtime_error("\"$ref\": \"" + absolute + "\" names no schema");
+                if (!reached->target())
                     throw std::runtime_error("\"$ref\": \"" + absolute + "\" leads in a circle");
-                result["$ref"] = k_validatorPrefix + target + "#" + pointer;
+                result["$ref"] = validatorReference(target, pointer);
                 continue;
             }
             // valijson divides integers by the divisor unchecked: 0 (and -1
@@ -343,7 +382,7 @@ bool Schema::validate(const Variant& value, std::string* error) const
     try {
         const nlohmann::json rootDocument = m_pointer.empty()
             ? forValidation(VariantAccess::node(m_root), m_url)
-            : nlohmann::json{{"$ref", k_validatorPrefix + m_url + "#" + m_pointer}};
+            : nlohmann::json{{"$ref", validatorReference(m_url, m_pointer)}};
         // The parser asks for a document again at every "$ref" step into it
         // and keeps only the first answer, so each document is converted
         // once and kept here until validation is over.
