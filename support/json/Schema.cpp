@@ -18,9 +18,156 @@
 
 #include <map>
 #include <mutex>
+#include <regex>
 #include <stdexcept>
 #include <string>
+#include <unordered_map>
 #include <vector>
+
+// std::regex matches by recursion on every character of the text, so a long
+// string (some 100 000 characters against "^[a-z]+$") overflows the stack,
+// and some patterns backtrack for ever. In its polynomial (breadth-first)
+// mode it needs neither. valijson's checks that match values and member
+// names against regular expressions ("pattern", "patternProperties" and the
+// formats "date", "time" and "date-time") are given here with expressions in
+// that mode; what they accept is unchanged.
+namespace valijson {
+namespace {
+
+const std::regex::flag_type k_boundedSyntax = std::regex::ECMAScript | std::regex_constants::__polynomial;
+
+std::regex boundedRegex(const std::string& pattern)
+{
+    try {
+        return std::regex(pattern, k_boundedSyntax);
+    } catch (const std::regex_error&) {
+        // Back-references need the recursive mode (an invalid pattern
+        // throws there too).
+        return std::regex(pattern);
+    }
+}
+
+const std::regex& cachedRegex(std::unordered_map<std::string, std::regex>& cache, const std::string& pattern)
+{
+    auto it = cache.find(pattern);
+    if (it == cache.end())
+        it = cache.emplace(pattern, boundedRegex(pattern)).first;
+    return it->second;
+}
+
+// The formats valijson knows, with its expressions. False (and the message)
+// when text does not match; for dates *month and *day are set.
+bool formatMatches(const std::string& format, const std::string& text, int* month, int* day, const char** message)
+{
+    static const std::regex date("^([0-9]+)-(0[1-9]|1[012])-(0[1-9]|[12][0-9]|3[01])$", k_boundedSyntax);
+    static const std::regex time("^([01][0-9]|2[0-3]):([0-5][0-9]):([0-5][0-9]|60)(\\.[0-9]+)?"
+                                 "(([Zz])|([\\+|\\-]([01][0-9]|2[0-3]):[0-5][0-9]))$",
+                                 k_boundedSyntax);
+    static const std::regex dateTime("^([0-9]+)-(0[1-9]|1[012])-(0[1-9]|[12][0-9]|3[01])[Tt]([01][0-9]|2[0-3]):"
+                                     "([0-5][0-9]):([0-5][0-9]|60)(\\.[0-9]+)?(([Zz])|([\\+|\\-]([01][0-9]|2[0-3]):[0-5][0-9]))$",
+                                     k_boundedSyntax);
+    std::smatch matches;
+    if (format == "time") {
+        *message = "String should be a valid time";
+        return std::regex_match(text, time);
+    }
+    if (format != "date" && format != "date-time")
+        return true;
+    const bool isDate = format == "date";
+    *message = isDate ? "String should be a valid date" : "String should be a valid date-time";
+    if (!std::regex_match(text, matches, isDate ? date : dateTime))
+        return false;
+    *month = std::stoi(matches[2].str());
+    *day = std::stoi(matches[3].str());
+    return true;
+}
+
+} // namespace
+
+template<>
+bool ValidationVisitor<adapters::NlohmannJsonAdapter>::visit(const constraints::PatternConstraint& constraint)
+{
+    if ((m_strictTypes && !m_target.isString()) || !m_target.maybeString())
+        return true;
+    const std::string pattern(constraint.getPattern<std::string::allocator_type>());
+    if (std::regex_search(m_target.asString(), cachedRegex(m_regexesCache, pattern)))
+        return true;
+    if (m_results)
+        m_results->pushError(m_context, "Failed to match regex specified by 'pattern' constraint.");
+    return false;
+}
+
+template<>
+bool ValidationVisitor<adapters::StdStringAdapter>::visit(const constraints::PatternConstraint& constraint)
+{
+    if ((m_strictTypes && !m_target.isString()) || !m_target.maybeString())
+        return true;
+    const std::string pattern(constraint.getPattern<std::string::allocator_type>());
+    if (std::regex_search(m_target.asString(), cachedRegex(m_regexesCache, pattern)))
+        return true;
+    if (m_results)
+        m_results->pushError(m_context, "Failed to match regex specified by 'pattern' constraint.");
+    return false;
+}
+
+template<>
+bool ValidationVisitor<adapters::NlohmannJsonAdapter>::visit(const constraints::FormatConstraint& constraint)
+{
+    int month = -1;
+    int day = -1;
+    const char* message = nullptr;
+    if (formatMatches(constraint.getFormat(), m_target.asString(), &month, &day, &message))
+        return month < 0 || validate_date_range(month, day);
+    if (m_results)
+        m_results->pushError(m_context, message);
+    return false;
+}
+
+template<>
+bool ValidationVisitor<adapters::StdStringAdapter>::visit(const constraints::FormatConstraint& constraint)
+{
+    int month = -1;
+    int day = -1;
+    const char* message = nullptr;
+    if (formatMatches(constraint.getFormat(), m_target.asString(), &month, &day, &message))
+        return month < 0 || validate_date_range(month, day);
+    if (m_results)
+        m_results->pushError(m_context, message);
+    return false;
+}
+
+template<>
+template<>
+bool ValidationVisitor<adapters::NlohmannJsonAdapter>::ValidatePatternPropertySubschemas::operator()(
+    const constraints::PropertiesConstraint::String& patternProperty, const Subschema* subschema) const
+{
+    const std::string patternPropertyStr(patternProperty.c_str());
+    const std::regex r = boundedRegex(patternPropertyStr);
+    bool matchFound = false;
+    for (const adapters::NlohmannJsonAdapter::ObjectMember m : m_object) {
+        if (!std::regex_search(m.first, r))
+            continue;
+        matchFound = true;
+        if (m_propertiesMatched)
+            m_propertiesMatched->insert(m.first);
+        std::vector<std::string> newContext = m_context;
+        newContext.push_back("[" + m.first + "]");
+        ValidationVisitor validator(m.second, newContext, m_strictTypes, m_results, m_regexesCache);
+        if (validator.validateSchema(*subschema))
+            continue;
+        if (m_results)
+            m_results->pushError(m_context, "Failed to validate against schema associated with pattern '" + patternPropertyStr + "'.");
+        if (m_validated)
+            *m_validated = false;
+        if (!m_continueOnFailure)
+            return false;
+    }
+    if (!matchFound && !m_continueIfUnmatched)
+        return false;
+    return m_continueOnSuccess;
+}
+
+} // namespace valijson
 
 namespace json {
 namespace {

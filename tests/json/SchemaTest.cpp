@@ -256,6 +256,44 @@ TEST_F(SchemaTest, ReferencesReachTheNodeTheResolverFinds)
     }
 }
 
+// Regular expressions meet long values and names without overflowing the
+// stack or backtracking for ever, and accept what they always did.
+TEST_F(SchemaTest, PatternsAndFormatsCopeWithLongStrings)
+{
+    const std::string longWord(200000, 'a');
+    const std::string longDigits(200000, '1');
+    const struct
+    {
+        const char* schema;
+        std::string value;
+        bool valid;
+    } rows[] = {
+        {R"({"pattern": "^[a-z]+$"})", '"' + longWord + '"', true},
+        {R"({"pattern": "^[a-z]+$"})", '"' + longWord + "1\"", false},
+        {R"({"pattern": "^(a|aa)+$"})", '"' + std::string(80, 'a') + "b\"", false},
+        {R"({"pattern": "^(a)\\1$"})", R"("aa")", true},
+        {R"({"pattern": "^(a)\\1$"})", R"("ab")", false},
+        {R"({"format": "date"})", '"' + longDigits + "-05-06\"", true},
+        {R"({"format": "date"})", '"' + longDigits + "-02-30\"", false},
+        {R"({"format": "date"})", R"("2024-5-06")", false},
+        {R"({"format": "time"})", "\"07:08:09." + longDigits + "Z\"", true},
+        {R"({"format": "time"})", "\"07:08:09." + longDigits + "\"", false},
+        {R"({"format": "date-time"})", "\"2024-05-06T07:08:09." + longDigits + "+02:00\"", true},
+        {R"({"format": "date-time"})", R"("2024-04-31T07:08:09Z")", false},
+        {R"({"patternProperties": {"^a+$": {"type": "integer"}}})", "{\"" + longWord + "\": 1}", true},
+        {R"({"patternProperties": {"^a+$": {"type": "integer"}}})", "{\"" + longWord + "\": \"1\"}", false},
+        {R"({"propertyNames": {"pattern": "^a+$"}})", "{\"" + longWord + "\": 1}", true},
+        {R"({"propertyNames": {"pattern": "^a+$"}})", "{\"" + longWord + "b\": 1}", false},
+        {R"({"propertyNames": {"format": "date"}})", "{\"" + longDigits + "-05-06\": 1}", true},
+    };
+    for (const auto& row : rows) {
+        const Schema::Ptr schema = Schema::fromVariant(parse(row.schema));
+        ASSERT_TRUE(schema) << row.schema;
+        std::string error;
+        EXPECT_EQ(schema->validate(parse(row.value), &error), row.valid) << row.schema << " " << row.value.substr(0, 40) << "\n" << error.substr(0, 200);
+    }
+}
+
 TEST_F(SchemaTest, MultipleOfNeedsAPositiveDivisor)
 {
     const struct
