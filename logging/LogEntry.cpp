@@ -6,6 +6,7 @@
 #include "support/core/Log.h"
 
 #include <QCoreApplication>
+#include <QStringList>
 #include <QTextStream>
 
 #include <algorithm>
@@ -30,6 +31,28 @@ bool hasPlaceholder(const QString& text)
     return false;
 }
 
+// How long a filled template may grow: 2^20 characters plus eight times the
+// length of the template and the values together. A value may carry
+// placeholders of its own that the next value fills, so a few long values
+// made of placeholders would otherwise make the text grow by the product of
+// their lengths; an ordinary entry stays far below the limit.
+qint64 descriptionBudget(const QString& format, const QList<LogValue*>& values, QStringList* texts)
+{
+    qint64 input = format.size();
+    for (int i = 2; i < values.size(); ++i) {
+        texts->append(values.at(i)->toString());
+        input += texts->last().size();
+    }
+    return (qint64(1) << 20) + 8 * input;
+}
+
+// Whether filling value into text surely stays within budget: every
+// placeholder arg() replaces starts with a '%'.
+bool fillFits(const QString& text, const QString& value, qint64 budget)
+{
+    return text.size() + qint64(text.count(QLatin1Char('%'))) * value.size() <= budget;
+}
+
 } // namespace
 
 LogEntry::LogEntry()
@@ -46,8 +69,13 @@ QString LogEntry::description()
 {
     QString result = format();
     if (!result.isEmpty()) {
-        for (int i = 2; i < m_values.size() && hasPlaceholder(result); ++i)
-            result = result.arg(m_values.at(i)->toString(), 0, QLatin1Char(' '));
+        QStringList texts;
+        const qint64 budget = descriptionBudget(result, m_values, &texts);
+        for (const QString& text : qAsConst(texts)) {
+            if (!hasPlaceholder(result) || !fillFits(result, text, budget))
+                break;
+            result = result.arg(text, 0, QLatin1Char(' '));
+        }
         return result;
     }
     QTextStream stream(&result, QIODevice::ReadWrite);

@@ -39,6 +39,10 @@ public:
     virtual QString title() const = 0;
     // The template with its placeholders filled from the values after time
     // and user. Without a template: "name: text " for each of those values.
+    // Filling stops, leaving the remaining placeholders as they are, before
+    // the text could grow past 2^20 characters plus eight times the length
+    // of the template and the values together; only values that are
+    // themselves made of placeholders get there, as they multiply the length.
     virtual QString description();
 
     QDateTime time() const { return m_time.value; }

@@ -18,6 +18,156 @@
 
 #include <map>
 #include <mutex>
+#include <regex>
+#include <stdexcept>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+// std::regex matches by recursion on every character of the text, so a long
+// string (some 100 000 characters against "^[a-z]+$") overflows the stack,
+// and some patterns backtrack for ever. In its polynomial (breadth-first)
+// mode it needs neither. valijson's checks that match values and member
+// names against regular expressions ("pattern", "patternProperties" and the
+// formats "date", "time" and "date-time") are given here with expressions in
+// that mode; what they accept is unchanged.
+namespace valijson {
+namespace {
+
+const std::regex::flag_type k_boundedSyntax = std::regex::ECMAScript | std::regex_constants::__polynomial;
+
+std::regex boundedRegex(const std::string& pattern)
+{
+    try {
+        return std::regex(pattern, k_boundedSyntax);
+    } catch (const std::regex_error&) {
+        // Back-references need the recursive mode (an invalid pattern
+        // throws there too).
+        return std::regex(pattern);
+    }
+}
+
+const std::regex& cachedRegex(std::unordered_map<std::string, std::regex>& cache, const std::string& pattern)
+{
+    auto it = cache.find(pattern);
+    if (it == cache.end())
+        it = cache.emplace(pattern, boundedRegex(pattern)).first;
+    return it->second;
+}
+
+// The formats valijson knows, with its expressions. False (and the message)
+// when text does not match; for dates *month and *day are set.
+bool formatMatches(const std::string& format, const std::string& text, int* month, int* day, const char** message)
+{
+    static const std::regex date("^([0-9]+)-(0[1-9]|1[012])-(0[1-9]|[12][0-9]|3[01])$", k_boundedSyntax);
+    static const std::regex time("^([01][0-9]|2[0-3]):([0-5][0-9]):([0-5][0-9]|60)(\\.[0-9]+)?"
+                                 "(([Zz])|([\\+|\\-]([01][0-9]|2[0-3]):[0-5][0-9]))$",
+                                 k_boundedSyntax);
+    static const std::regex dateTime("^([0-9]+)-(0[1-9]|1[012])-(0[1-9]|[12][0-9]|3[01])[Tt]([01][0-9]|2[0-3]):"
+                                     "([0-5][0-9]):([0-5][0-9]|60)(\\.[0-9]+)?(([Zz])|([\\+|\\-]([01][0-9]|2[0-3]):[0-5][0-9]))$",
+                                     k_boundedSyntax);
+    std::smatch matches;
+    if (format == "time") {
+        *message = "String should be a valid time";
+        return std::regex_match(text, time);
+    }
+    if (format != "date" && format != "date-time")
+        return true;
+    const bool isDate = format == "date";
+    *message = isDate ? "String should be a valid date" : "String should be a valid date-time";
+    if (!std::regex_match(text, matches, isDate ? date : dateTime))
+        return false;
+    *month = std::stoi(matches[2].str());
+    *day = std::stoi(matches[3].str());
+    return true;
+}
+
+} // namespace
+
+template<>
+bool ValidationVisitor<adapters::NlohmannJsonAdapter>::visit(const constraints::PatternConstraint& constraint)
+{
+    if ((m_strictTypes && !m_target.isString()) || !m_target.maybeString())
+        return true;
+    const std::string pattern(constraint.getPattern<std::string::allocator_type>());
+    if (std::regex_search(m_target.asString(), cachedRegex(m_regexesCache, pattern)))
+        return true;
+    if (m_results)
+        m_results->pushError(m_context, "Failed to match regex specified by 'pattern' constraint.");
+    return false;
+}
+
+template<>
+bool ValidationVisitor<adapters::StdStringAdapter>::visit(const constraints::PatternConstraint& constraint)
+{
+    if ((m_strictTypes && !m_target.isString()) || !m_target.maybeString())
+        return true;
+    const std::string pattern(constraint.getPattern<std::string::allocator_type>());
+    if (std::regex_search(m_target.asString(), cachedRegex(m_regexesCache, pattern)))
+        return true;
+    if (m_results)
+        m_results->pushError(m_context, "Failed to match regex specified by 'pattern' constraint.");
+    return false;
+}
+
+template<>
+bool ValidationVisitor<adapters::NlohmannJsonAdapter>::visit(const constraints::FormatConstraint& constraint)
+{
+    int month = -1;
+    int day = -1;
+    const char* message = nullptr;
+    if (formatMatches(constraint.getFormat(), m_target.asString(), &month, &day, &message))
+        return month < 0 || validate_date_range(month, day);
+    if (m_results)
+        m_results->pushError(m_context, message);
+    return false;
+}
+
+template<>
+bool ValidationVisitor<adapters::StdStringAdapter>::visit(const constraints::FormatConstraint& constraint)
+{
+    int month = -1;
+    int day = -1;
+    const char* message = nullptr;
+    if (formatMatches(constraint.getFormat(), m_target.asString(), &month, &day, &message))
+        return month < 0 || validate_date_range(month, day);
+    if (m_results)
+        m_results->pushError(m_context, message);
+    return false;
+}
+
+template<>
+template<>
+bool ValidationVisitor<adapters::NlohmannJsonAdapter>::ValidatePatternPropertySubschemas::operator()(
+    const constraints::PropertiesConstraint::String& patternProperty, const Subschema* subschema) const
+{
+    const std::string patternPropertyStr(patternProperty.c_str());
+    const std::regex r = boundedRegex(patternPropertyStr);
+    bool matchFound = false;
+    for (const adapters::NlohmannJsonAdapter::ObjectMember m : m_object) {
+        if (!std::regex_search(m.first, r))
+            continue;
+        matchFound = true;
+        if (m_propertiesMatched)
+            m_propertiesMatched->insert(m.first);
+        std::vector<std::string> newContext = m_context;
+        newContext.push_back("[" + m.first + "]");
+        ValidationVisitor validator(m.second, newContext, m_strictTypes, m_results, m_regexesCache);
+        if (validator.validateSchema(*subschema))
+            continue;
+        if (m_results)
+            m_results->pushError(m_context, "Failed to validate against schema associated with pattern '" + patternPropertyStr + "'.");
+        if (m_validated)
+            *m_validated = false;
+        if (!m_continueOnFailure)
+            return false;
+    }
+    if (!matchFound && !m_continueIfUnmatched)
+        return false;
+    return m_continueOnSuccess;
+}
+
+} // namespace valijson
 
 namespace json {
 namespace {
@@ -25,6 +175,12 @@ namespace {
 const char* const k_tag = "json::Schema::resolve";
 const int k_maxRefHops = 32;
 const qint64 k_maxDocumentSize = 16 << 20;
+// valijson reads a "$ref" whose document part has no "://" (and is no URN of
+// its liking) as a path in the document it is reading, so "b:c", "qrc:/x"
+// or "urn:x" would send it into the wrong document, or round and round in
+// the same one. It is therefore given every document under this prefix
+// followed by the document's URL, and the fetch callback takes it off again.
+const std::string k_validatorPrefix = "commonkit-document://";
 
 struct Cache
 {
@@ -117,10 +273,10 @@ std::string escapePointerSegment(const std::string& segment)
     return result;
 }
 
-// Walks a JSON pointer ("" or "/a/0/b").
-bool walkPointer(const Variant& root, const std::string& pointer, Variant* result)
+// The member names and list indices of a JSON pointer ("" or "/a/0/b").
+std::vector<std::string> pointerSegments(const std::string& pointer)
 {
-    Variant node = root;
+    std::vector<std::string> segments;
     std::size_t start = 1;
     while (start <= pointer.size() && !pointer.empty()) {
         std::size_t end = pointer.find('/', start);
@@ -135,6 +291,17 @@ bool walkPointer(const Variant& root, const std::string& pointer, Variant* resul
                 segment += pointer[i];
             }
         }
+        segments.push_back(segment);
+        start = end + 1;
+    }
+    return segments;
+}
+
+// Walks a JSON pointer.
+bool walkPointer(const Variant& root, const std::string& pointer, Variant* result)
+{
+    Variant node = root;
+    for (const std::string& segment : pointerSegments(pointer)) {
         if (node.isObject()) {
             if (!node.contains(segment))
                 return false;
@@ -147,10 +314,34 @@ bool walkPointer(const Variant& root, const std::string& pointer, Variant* resul
         } else {
             return false;
         }
-        start = end + 1;
     }
     *result = node;
     return true;
+}
+
+// A "$ref" to the node at pointer in the document at url, written so that
+// valijson finds the same node: it skips empty names and decodes "~0", "~1"
+// and "%xx" in its own order, so every '%', '~' and '/' in a name is given as
+// "%xx". A pointer with an empty name cannot be given at all.
+std::string validatorReference(const std::string& url, const std::string& pointer)
+{
+    std::string result = k_validatorPrefix + url + "#";
+    for (const std::string& segment : pointerSegments(pointer)) {
+        if (segment.empty())
+            throw std::runtime_error("\"$ref\": \"" + url + "#" + pointer + "\" names a member with an empty name");
+        result += '/';
+        for (const char c : segment) {
+            if (c == '%')
+                result += "%25";
+            else if (c == '~')
+                result += "%7E";
+            else if (c == '/')
+                result += "%2F";
+            else
+                result += c;
+        }
+    }
+    return result;
 }
 
 // The pointer of the sub-schema declaring "$id": "#name" (or "...#name").
@@ -205,13 +396,20 @@ nlohmann::json forValidation(const Node& node, const std::string& url, int depth
                 if (!pointer.empty() && pointer[0] != '/' && document(target, &targetDocument))
                     fragmentPointer(targetDocument, fragmentOf(absolute), &pointer);
                 // A chain of references that never reaches a schema would
-                // send the validator into endless recursion.
+                // send the validator into endless recursion, and so would a
+                // reference it resolved differently.
                 const Schema::Ptr reached = Schema::resolve(absolute);
-                if (reached && !reached->target())
+                if (!reached)
+                    throw std::runtime_error("\"$ref\": \"" + absolute + "\" names no schema");
+                if (!reached->target())
                     throw std::runtime_error("\"$ref\": \"" + absolute + "\" leads in a circle");
-                result["$ref"] = target + "#" + pointer;
+                result["$ref"] = validatorReference(target, pointer);
                 continue;
             }
+            // valijson divides integers by the divisor unchecked: 0 (and -1
+            // with the smallest integer) would stop the process.
+            if (member.first == "multipleOf" && member.second.is_number() && !(member.second.get<double>() > 0))
+                throw std::runtime_error("\"multipleOf\" must be greater than 0");
             result[member.first] = forValidation(member.second, url, depth + 1);
         }
         return result;
@@ -331,16 +529,24 @@ bool Schema::validate(const Variant& value, std::string* error) const
     try {
         const nlohmann::json rootDocument = m_pointer.empty()
             ? forValidation(VariantAccess::node(m_root), m_url)
-            : nlohmann::json{{"$ref", m_url + "#" + m_pointer}};
+            : nlohmann::json{{"$ref", validatorReference(m_url, m_pointer)}};
+        // The parser asks for a document again at every "$ref" step into it
+        // and keeps only the first answer, so each document is converted
+        // once and kept here until validation is over.
         std::map<std::string, nlohmann::json> fetched;
-        const auto fetch = [this](const std::string& uri) -> const nlohmann::json* {
+        const auto fetch = [this, &fetched](const std::string& uri) -> const nlohmann::json* {
+            const std::string target = uri.compare(0, k_validatorPrefix.size(), k_validatorPrefix) == 0
+                ? uri.substr(k_validatorPrefix.size())
+                : withoutFragment(resolveUrl(uri, m_url));
+            const auto found = fetched.find(target);
+            if (found != fetched.end())
+                return &found->second;
             Variant fetchedDocument;
-            const std::string target = resolveUrl(uri, m_url);
-            if (!document(withoutFragment(target), &fetchedDocument))
-                return nullptr;
-            return new nlohmann::json(forValidation(VariantAccess::node(fetchedDocument), withoutFragment(target)));
+            if (!document(target, &fetchedDocument))
+                throw std::runtime_error("\"$ref\" names " + target + ", which cannot be loaded");
+            return &fetched.emplace(target, forValidation(VariantAccess::node(fetchedDocument), target)).first->second;
         };
-        const auto release = [](const nlohmann::json* document) { delete document; };
+        const auto release = [](const nlohmann::json*) {};
         valijson::Schema schema;
         valijson::SchemaParser parser(valijson::SchemaParser::kDraft7);
         const valijson::adapters::NlohmannJsonAdapter schemaAdapter(rootDocument);

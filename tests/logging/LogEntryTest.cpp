@@ -161,6 +161,38 @@ TEST(LogEntry, DescriptionFillsTheTemplateOrListsTheValues)
     EXPECT_EQ(note.description(), QStringLiteral("note: remember "));
 }
 
+// Values that carry placeholders for the next value multiply the length of
+// the text; filling stops before that gets out of hand, while long plain
+// values and ordinary chains are filled as always.
+TEST(LogEntry, DescriptionStaysBoundedWhenValuesAreMadeOfPlaceholders)
+{
+    const QString tail = QStringLiteral("' reading action log '%1' in line '%2', column '%3'.");
+    const QString twos = QStringLiteral("%2").repeated(20000);
+    const QString threes = QStringLiteral("%3").repeated(20000);
+    const QString longPlain = QStringLiteral("x").repeated(3 << 20);
+    const struct
+    {
+        QString source;
+        QString file;
+        QString described;
+    } rows[] = {
+        // Chains fill as arg() always did: each value fills the one before.
+        {QStringLiteral("%2 %2"), QStringLiteral("f%3"), QStringLiteral("Error 'f4 f4") + tail.arg(QStringLiteral("f4"), QStringLiteral("4"), QStringLiteral("5"))},
+        // Long values without placeholders are filled whole.
+        {longPlain, QStringLiteral("a.kol"), QStringLiteral("Error '") + longPlain + tail.arg(QStringLiteral("a.kol"), QStringLiteral("4"), QStringLiteral("5"))},
+        {QStringLiteral("e"), longPlain, QStringLiteral("Error 'e") + tail.arg(longPlain, QStringLiteral("4"), QStringLiteral("5"))},
+        // 20000 placeholders each filled with 40000 characters would make
+        // 800 million: the file name and the numbers are left out.
+        {twos, threes, QStringLiteral("Error '") + twos + QStringLiteral("' reading action log '%2' in line '%3', column '%4'.")},
+    };
+    for (const auto& row : rows) {
+        ko::ParseXMLLogEntry entry(row.source, row.file, 4, 5);
+        const QString described = entry.description();
+        EXPECT_EQ(described.size(), row.described.size()) << row.source.left(20).toStdString();
+        EXPECT_TRUE(described == row.described) << row.source.left(20).toStdString();
+    }
+}
+
 TEST(LogEntry, EqualityIgnoresTheKindsOwnValues)
 {
     TextEntry first(QStringLiteral("one"), 1);

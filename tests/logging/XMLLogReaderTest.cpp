@@ -219,6 +219,20 @@ TEST_F(XMLLogReaderTest, ErrorEntriesThemselvesReadBack)
     EXPECT_EQ(read.values().at(5)->name(), QStringLiteral("colunm"));
 }
 
+TEST_F(XMLLogReaderTest, AnErrorEntryMadeOfPlaceholdersDescribesItselfInBoundedSpace)
+{
+    // 80 kB whose description once asked for 1.6 GB: the source is filled
+    // in, the file name (which would fill each of its 20000 placeholders) is not.
+    const QByteArray bytes = "<Entries><Entry ID=\"XmlP\" srcP=\"" + QByteArray("%2").repeated(20000) + "\" errT=\""
+        + QByteArray("%3").repeated(20000) + "\" errL=\"1\"/>";
+    const ReadResult result = readBytes(bytes);
+    ASSERT_EQ(result.entries.size(), 1u);
+    EXPECT_FALSE(result.fault);
+    const QString described = result.entries[0]->description();
+    EXPECT_EQ(described.size(), 40059);
+    EXPECT_TRUE(described.endsWith(QStringLiteral("%2' reading action log '%2' in line '%3', column '%4'.")));
+}
+
 TEST_F(XMLLogReaderTest, EmptyFilesAndMissingInput)
 {
     const ReadResult empty = readBytes(QByteArray());

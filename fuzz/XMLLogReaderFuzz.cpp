@@ -1,0 +1,111 @@
+// libFuzzer target: a file of arbitrary bytes read as an action log, entry by
+// entry until the end or an error, the way the log viewer reads it. Every
+// entry read is described and written out again. Nothing may crash, hang or
+// allocate without bound.
+
+#include "logging/LogEntry.h"
+#include "logging/LogEntryFactory.h"
+#include "logging/LogValue.h"
+#include "logging/XMLLogReader.h"
+#include "logging/XMLLogWriter.h"
+#include "support/core/Log.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QString>
+#include <QTemporaryFile>
+#include <QTextStream>
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+
+namespace {
+
+// A kind with a value of every type, so that attributes reach each parser.
+class FuzzEntry : public ko::LogEntry
+{
+public:
+    FuzzEntry() : text("Text", QStringLiteral("text")), number("Numb", QStringLiteral("number")), when("When", QStringLiteral("when"))
+    {
+        append(&text);
+        append(&number);
+        append(&when);
+    }
+    ko::FourChars type() const override { return ko::FourChars("FzzE"); }
+    ko::LogCategory category() const override { return ko::LogCategory(ko::CategoryAlarm); }
+    QString format() const override { return QStringLiteral("%1 %2 %3 %4"); }
+    QString title() const override { return QStringLiteral("Fuzz"); }
+
+    ko::TLogValue<QString> text;
+    ko::TLogValue<int> number;
+    ko::TLogValue<QDateTime> when;
+};
+
+// The same values without a template.
+class PlainEntry : public FuzzEntry
+{
+public:
+    ko::FourChars type() const override { return ko::FourChars("FzzP"); }
+    QString format() const override { return QString(); }
+};
+
+ko::LogEntry* createFuzzEntry()
+{
+    return new FuzzEntry;
+}
+
+ko::LogEntry* createPlainEntry()
+{
+    return new PlainEntry;
+}
+
+struct Fixture
+{
+    Fixture()
+    {
+        ko::Log::instance().setSink([](int, const std::string&) {});
+        ko::logEntryFactory().registerCreator(ko::FourChars("FzzE"), createFuzzEntry, "Fuzz");
+        ko::logEntryFactory().registerCreator(ko::FourChars("FzzP"), createPlainEntry, "Plain");
+        file.open();
+        file.close();
+    }
+    int argc = 1;
+    char name[5] = "fuzz";
+    char* argv[2] = {name, nullptr};
+    QCoreApplication application{argc, argv};
+    QTemporaryFile file;
+};
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    static Fixture fixture;
+    {
+        QFile out(fixture.file.fileName());
+        if (!out.open(QIODevice::WriteOnly | QIODevice::Truncate))
+            return 0;
+        out.write(reinterpret_cast<const char*>(data), static_cast<qint64>(size));
+    }
+    QFile file(fixture.file.fileName());
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
+        return 0;
+
+    QString written;
+    QTextStream stream(&written);
+    ko::XMLLogWriter writer(&stream, QString(), QDateTime());
+    writer.writeStartDocument();
+
+    ko::XMLLogReader reader(&file);
+    while (!reader.atEnd() && !reader.hasError()) {
+        const std::unique_ptr<ko::LogEntry> entry(reader.readNextLogEntry());
+        if (!entry)
+            continue;
+        entry->description();
+        entry->writeTo(writer);
+        const std::unique_ptr<ko::LogEntry> copy(entry->clone());
+    }
+    writer.writeEndDocument();
+    return 0;
+}
