@@ -145,6 +145,10 @@ bool EncryptedFile::open(const QFileInfo& file, const crypto::secure_string& key
         LogLine(Log::Warning, tag) << file.absoluteFilePath() << " does not exist";
         return false;
     }
+    if (!file.isFile()) {
+        LogLine(Log::Warning, tag) << file.absoluteFilePath() << " is not a regular file";
+        return false;
+    }
     m_file = new QFile(file.absoluteFilePath(), this);
     if (!m_file->open(QIODevice::ReadOnly)) {
         LogLine(Log::Warning, tag) << "cannot open " << file.absoluteFilePath() << ": " << m_file->errorString();
@@ -267,8 +271,10 @@ bool EncryptedFile::verify(const crypto::RSAKeyPair& keyPair)
 
 json::Variant EncryptedFile::metaInfo(const QFileInfo& file)
 {
+    // The trailer is found from the end, so only a regular file can hold
+    // one; opening a pipe would wait for a writer.
     QFile device(file.absoluteFilePath());
-    if (!device.open(QIODevice::ReadOnly))
+    if (!file.isFile() || !device.open(QIODevice::ReadOnly))
         return json::Variant(false);
     json::Variant result;
     qint64 payloadLength = 0;

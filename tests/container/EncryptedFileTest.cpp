@@ -18,7 +18,16 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
+#include <atomic>
+#include <chrono>
 #include <cstring>
+#include <thread>
+
+#ifndef _WIN32
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
 
 namespace {
 
@@ -523,6 +532,40 @@ TEST_F(EncryptedFileTest, MetadataBeyondTheReadableBoundIsReported)
         }
     }
 }
+
+#ifndef _WIN32
+// Only a regular file can hold a trailer. Opening a pipe for reading would
+// wait for a writer; should that happen, the watcher plays the writer so
+// that the test ends, and reports it.
+TEST_F(EncryptedFileTest, PipesAndDirectoriesAreNotContainers)
+{
+    const QByteArray fifo = QFile::encodeName(path(QStringLiteral("pipe")));
+    ASSERT_EQ(::mkfifo(fifo.constData(), 0600), 0);
+    std::atomic<bool> done{false};
+    std::atomic<bool> blocked{false};
+    std::thread watcher([&] {
+        for (int i = 0; i < 20 && !done; ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        while (!done) {
+            blocked = true;
+            const int fd = ::open(fifo.constData(), O_WRONLY | O_NONBLOCK);
+            if (fd >= 0)
+                ::close(fd);
+            std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        }
+    });
+    EncryptedFile in;
+    EXPECT_FALSE(in.open(QFileInfo(QFile::decodeName(fifo)), secure_string()));
+    EXPECT_EQ(EncryptedFile::metaInfo(QFileInfo(QFile::decodeName(fifo))), json::Variant(false));
+    done = true;
+    watcher.join();
+    EXPECT_FALSE(blocked) << "opening the pipe waited for a writer";
+
+    const QFileInfo directory(path(QString()));
+    EXPECT_FALSE(in.open(directory, secure_string()));
+    EXPECT_EQ(EncryptedFile::metaInfo(directory), json::Variant(false));
+}
+#endif
 
 TEST_F(EncryptedFileTest, CreateFailsCleanly)
 {
