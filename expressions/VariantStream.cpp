@@ -191,7 +191,7 @@ bool dateTimeZoneIsSafe(QDataStream& in)
 {
     if (!in.device() || in.version() < QDataStream::Qt_5_2)
         return true;
-    constexpr int kDateTimeHead = 8 + 4 + 1; // Julian day, milliseconds, time spec
+    constexpr int kDateTimeHead = 8 + 4 + 1; // Julian day, milliseconds, kind of time
     const QByteArray head = in.device()->peek(kDateTimeHead);
     if (head.size() < kDateTimeHead)
         return true; // Qt's reader runs out of data before it reads a zone
@@ -199,9 +199,9 @@ bool dateTimeZoneIsSafe(QDataStream& in)
     headStream.setByteOrder(in.byteOrder());
     qint64 julianDay = 0;
     quint32 milliseconds = 0;
-    qint8 spec = 0;
-    headStream >> julianDay >> milliseconds >> spec;
-    if (spec != Qt::TimeZone)
+    qint8 timeKind = 0;
+    headStream >> julianDay >> milliseconds >> timeKind;
+    if (timeKind != Qt::TimeZone)
         return true;
     QString id;
     int next = kDateTimeHead;
