@@ -77,11 +77,6 @@ TEST(Properties, FreshPropertiesHaveTheirTypeNameAndInitialValue)
     // Null values where Qt distinguishes null from empty.
     EXPECT_TRUE(kogen::StringProperty(QStringLiteral("s")).variantValue().toString().isNull());
     EXPECT_TRUE(kogen::ByteArrayProperty(QStringLiteral("b")).variantValue().toByteArray().isNull());
-    const QRect rect = kogen::RectProperty(QStringLiteral("r")).variantValue().toRect();
-    EXPECT_EQ(rect.left(), 0);
-    EXPECT_EQ(rect.top(), 0);
-    EXPECT_EQ(rect.right(), -1);
-    EXPECT_EQ(rect.bottom(), -1);
     EXPECT_TRUE(kogen::PropertySetProperty().propertyName().isEmpty());
 }
 
