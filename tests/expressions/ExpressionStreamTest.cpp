@@ -65,6 +65,8 @@ struct Expected
     Expected& text(const QString& v) { out << v; return *this; }
     Expected& flag(bool v) { out << v; return *this; }
     Expected& variant(const QVariant& v) { out << v; return *this; }
+    // The header of a constant that is no placeholder; its variant follows.
+    Expected& constant() { return tag("class kogen::ConstExpression").i32(1).flag(false); }
 };
 
 TEST(ExpressionStream, ComparatorLayoutByteByByte)
@@ -172,11 +174,11 @@ TEST(ExpressionStream, KindsOutsideTheirRangeEvaluateToNull)
     for (const Case& t : cases) {
         Expected bytes;
         bytes.tag(t.tag).i32(1).i32(t.kind).i32(1).i32(2);
-        bytes.tag("class kogen::ConstExpression").i32(1).flag(false).variant(2);
+        bytes.constant().variant(2);
         if (t.secondIsProperty)
             bytes.tag("class kogen::ValueExpression").i32(2).text(QStringLiteral("a")).text(QString());
         else
-            bytes.tag("class kogen::ConstExpression").i32(1).flag(false).variant(1);
+            bytes.constant().variant(1);
         QDataStream::Status status = QDataStream::Ok;
         const ExpressionHandle e = readBack(bytes.bytes, &status);
         ASSERT_EQ(status, QDataStream::Ok) << t.tag << " " << t.kind;
@@ -330,7 +332,7 @@ TEST(ExpressionStream, ConstantsReadAsQtReadsThem)
         ASSERT_EQ(expected, t.value) << t.name;
 
         Expected stream;
-        stream.tag("class kogen::ConstExpression").i32(1).flag(false);
+        stream.constant();
         const QByteArray full = stream.bytes + bytes;
         QDataStream::Status status = QDataStream::Ok;
         const ExpressionHandle e = readBack(full, &status);
@@ -450,8 +452,7 @@ TEST(ExpressionStream, TimeZoneIdsOutsideTheZoneDatabaseAreRefused)
     for (const QString& id : ids) {
         for (bool byOffset : {false, true}) {
             Expected zone;
-            zone.tag("class kogen::ConstExpression").i32(1).flag(false);
-            zone.out << quint32(QMetaType::QDateTime) << qint8(0) << QDate(2020, 1, 1) << QTime(1, 0)
+            zone.constant().out << quint32(QMetaType::QDateTime) << qint8(0) << QDate(2020, 1, 1) << QTime(1, 0)
                      << qint8(Qt::TimeZone);
             if (byOffset)
                 zone.out << QStringLiteral("OffsetFromUtc") << id << qint32(3600) << QString() << QString() << qint32(0)
@@ -493,8 +494,7 @@ TEST(ExpressionStream, HostileCountsAndDepthsAreBounded)
     // Polygons claiming two billion points.
     for (quint32 type : {quint32(QMetaType::QPolygon), quint32(QMetaType::QPolygonF)}) {
         Expected polygon;
-        polygon.tag("class kogen::ConstExpression").i32(1).flag(false);
-        polygon.out << type << qint8(0) << quint32(0x7fffffff) << QPoint(1, 2);
+        polygon.constant().out << type << qint8(0) << quint32(0x7fffffff) << QPoint(1, 2);
         readBack(polygon.bytes, &status);
         EXPECT_NE(status, QDataStream::Ok) << type;
     }
@@ -514,8 +514,7 @@ TEST(ExpressionStream, HostileCountsAndDepthsAreBounded)
     };
     for (const Pattern& t : patterns) {
         Expected regExp;
-        regExp.tag("class kogen::ConstExpression").i32(1).flag(false);
-        regExp.out << quint32(QMetaType::QRegExp) << qint8(0) << t.pattern << quint8(Qt::CaseSensitive) << t.syntax
+        regExp.constant().out << quint32(QMetaType::QRegExp) << qint8(0) << t.pattern << quint8(Qt::CaseSensitive) << t.syntax
                    << quint8(0);
         const ExpressionHandle e = readBack(regExp.bytes, &status);
         EXPECT_EQ(status, t.refused ? QDataStream::ReadCorruptData : QDataStream::Ok) << t.pattern.toStdString();
@@ -528,8 +527,7 @@ TEST(ExpressionStream, HostileCountsAndDepthsAreBounded)
     // accepts built-in types by name, and so must the bounded reader.
     for (const char* name : {"QVariantList", "QStringList", "QVariantMap", "QByteArrayList"}) {
         Expected named;
-        named.tag("class kogen::ConstExpression").i32(1).flag(false);
-        named.out << quint32(QMetaType::User) << qint8(0) << QByteArray(name) << quint32(0x7fffffff);
+        named.constant().out << quint32(QMetaType::User) << qint8(0) << QByteArray(name) << quint32(0x7fffffff);
         readBack(named.bytes, &status);
         EXPECT_NE(status, QDataStream::Ok) << name;
     }
@@ -537,8 +535,7 @@ TEST(ExpressionStream, HostileCountsAndDepthsAreBounded)
     // A date-time in a time zone that does not exist: Qt could not write
     // such a value again, so the reader refuses it.
     Expected zone;
-    zone.tag("class kogen::ConstExpression").i32(1).flag(false);
-    zone.out << quint32(QMetaType::QDateTime) << qint8(0) << QDate(2020, 1, 1) << QTime(1, 0) << qint8(Qt::TimeZone)
+    zone.constant().out << quint32(QMetaType::QDateTime) << qint8(0) << QDate(2020, 1, 1) << QTime(1, 0) << qint8(Qt::TimeZone)
              << QStringLiteral("No/Such_Zone");
     const ExpressionHandle zoned = readBack(zone.bytes, &status);
     EXPECT_EQ(status, QDataStream::ReadCorruptData);
@@ -548,7 +545,7 @@ TEST(ExpressionStream, HostileCountsAndDepthsAreBounded)
     Expected deep;
     for (int i = 0; i <= Expression::maxReadDepth(); ++i)
         deep.tag("class kogen::NotOperator").i32(1).i32(1);
-    deep.tag("class kogen::ConstExpression").i32(1).flag(false).variant(1);
+    deep.constant().variant(1);
     readBack(deep.bytes, &status);
     EXPECT_EQ(status, QDataStream::ReadCorruptData);
 
@@ -556,7 +553,7 @@ TEST(ExpressionStream, HostileCountsAndDepthsAreBounded)
     Expected allowed;
     for (int i = 0; i < Expression::maxReadDepth() - 1; ++i)
         allowed.tag("class kogen::NotOperator").i32(1).i32(1);
-    allowed.tag("class kogen::ConstExpression").i32(1).flag(false).variant(true);
+    allowed.constant().variant(true);
     const ExpressionHandle ok = readBack(allowed.bytes, &status);
     EXPECT_EQ(status, QDataStream::Ok);
     EXPECT_EQ(ok->evaluate(), QVariant(false)); // 999 negations of true

@@ -88,14 +88,6 @@ TEST(Operators, PrintTable)
     EXPECT_EQ((-(a + b)).toString(Expression::PrintSql | Expression::PrintOrder).toStdString(), "a+b DESC");
 }
 
-TEST(Operators, PlaceholdersFollowPrintOrder)
-{
-    Record r;
-    const ExpressionHandle e = (*r.a == QVariant(3)) && (*r.b + QVariant(4) > c(5)) && (*r.s != QVariant(QStringLiteral("x")));
-    EXPECT_EQ(bound(e), "a = ? AND (b+?) > 5 AND s != ?");
-    EXPECT_EQ(e->collectPlaceholders(), (QList<QVariant>{3, 4, QStringLiteral("x")}));
-}
-
 // The comparison results themselves are checked against the database in
 // the differential test; here only the constness they report.
 TEST(Operators, ComparisonsReportConstness)
