@@ -110,18 +110,11 @@ TEST(ExpressionStream, EveryReadableClassRoundTrips)
     const ExpressionHandle a = ValueExpression(*r.a);
     ElementOf in(a);
     in << 1 << QStringLiteral("two") << ExpressionHandle(ValueExpression(QStringLiteral("b"), QStringLiteral("bee")));
+    // Most kinds of constant are read in every stream version further down.
     const std::vector<ExpressionHandle> trees = {
-        c(QVariant()),
         c(QStringLiteral("it's"), true),
-        c(QDate(2024, 2, 29)),
         c(QDateTime(QDate(2024, 2, 29), QTime(1, 2, 3, 4), Qt::UTC), true),
-        c(QRegExp(QStringLiteral("a+b"))),
-        c(QVariantList{1, QStringLiteral("x"), QVariantList{2.5}}),
-        c(QStringList{QStringLiteral("p"), QStringLiteral("q")}),
-        c(QVariantMap{{QStringLiteral("k"), 1}}),
-        c(QVariant(QVariant::Int)),
         c(QPolygon(QVector<QPoint>{QPoint(1, 2), QPoint(-3, 4)})),
-        c(QPolygonF(QVector<QPointF>{QPointF(1.5, 2)})),
         c(QJsonValue(3.5)),
         c(QJsonObject{{QStringLiteral("a"), QJsonArray{1, QStringLiteral("x")}}}),
         c(QJsonArray{true, QJsonValue()}),
