@@ -446,7 +446,7 @@ TEST(ExpressionStream, TimeZoneIdsOutsideTheZoneDatabaseAreRefused)
         for (bool byOffset : {false, true}) {
             Expected zone;
             zone.constant().out << quint32(QMetaType::QDateTime) << qint8(0) << QDate(2020, 1, 1) << QTime(1, 0)
-                     << qint8(Qt::TimeZone);
+                                << qint8(Qt::TimeZone);
             if (byOffset)
                 zone.out << QStringLiteral("OffsetFromUtc") << id << qint32(3600) << QString() << QString() << qint32(0)
                          << QString();
@@ -507,8 +507,8 @@ TEST(ExpressionStream, HostileCountsAndDepthsAreBounded)
     };
     for (const Pattern& t : patterns) {
         Expected regExp;
-        regExp.constant().out << quint32(QMetaType::QRegExp) << qint8(0) << t.pattern << quint8(Qt::CaseSensitive) << t.syntax
-                   << quint8(0);
+        regExp.constant().out << quint32(QMetaType::QRegExp) << qint8(0) << t.pattern << quint8(Qt::CaseSensitive)
+                              << t.syntax << quint8(0);
         const ExpressionHandle e = readBack(regExp.bytes, &status);
         EXPECT_EQ(status, t.refused ? QDataStream::ReadCorruptData : QDataStream::Ok) << t.pattern.toStdString();
         if (!t.refused) {
@@ -528,8 +528,8 @@ TEST(ExpressionStream, HostileCountsAndDepthsAreBounded)
     // A date-time in a time zone that does not exist: Qt could not write
     // such a value again, so the reader refuses it.
     Expected zone;
-    zone.constant().out << quint32(QMetaType::QDateTime) << qint8(0) << QDate(2020, 1, 1) << QTime(1, 0) << qint8(Qt::TimeZone)
-             << QStringLiteral("No/Such_Zone");
+    zone.constant().out << quint32(QMetaType::QDateTime) << qint8(0) << QDate(2020, 1, 1) << QTime(1, 0)
+                        << qint8(Qt::TimeZone) << QStringLiteral("No/Such_Zone");
     const ExpressionHandle zoned = readBack(zone.bytes, &status);
     EXPECT_EQ(status, QDataStream::ReadCorruptData);
     EXPECT_FALSE(written(zoned).isEmpty());
