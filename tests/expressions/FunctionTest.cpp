@@ -178,15 +178,16 @@ TEST(Functions, PrintingInSqlAndCode)
     EXPECT_EQ(values[0].type(), QVariant::Date) << "the value is collected as it is";
 }
 
-TEST(Functions, ArgumentsOfCallsAreNotCollected)
+// Placeholders are collected in print order, except inside a call: four
+// marks, three values. Callers keep bound values out of function arguments.
+// Arguments keep the style the call got: inside a comparison they print nested.
+TEST(Functions, PlaceholdersFollowPrintOrderButNotIntoCalls)
 {
     Record r;
-    const ExpressionHandle e = (*r.a == QVariant(1)) && (abs(*r.b - QVariant(2)) > c(3)) && (*r.s == QVariant(QStringLiteral("z")));
-    // Three marks, two collected values: the placeholder inside abs() is not
-    // collected. Callers keep bound values out of function arguments.
-    // Arguments keep the style the call got: inside a comparison they print nested.
-    EXPECT_EQ(bound(e), "a = ? AND abs((b-?)) > 3 AND s = ?");
-    EXPECT_EQ(e->collectPlaceholders(), (QList<QVariant>{1, QStringLiteral("z")}));
+    const ExpressionHandle e = (*r.a == QVariant(3)) && (*r.b + QVariant(4) > c(5)) && (abs(*r.b - QVariant(2)) > c(3))
+        && (*r.s != QVariant(QStringLiteral("x")));
+    EXPECT_EQ(bound(e), "a = ? AND (b+?) > 5 AND abs((b-?)) > 3 AND s != ?");
+    EXPECT_EQ(e->collectPlaceholders(), (QList<QVariant>{3, 4, QStringLiteral("x")}));
 }
 
 TEST(Functions, EvaluationHandsOnTheSetAndConstness)

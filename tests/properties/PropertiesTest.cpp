@@ -77,16 +77,12 @@ TEST(Properties, FreshPropertiesHaveTheirTypeNameAndInitialValue)
     // Null values where Qt distinguishes null from empty.
     EXPECT_TRUE(kogen::StringProperty(QStringLiteral("s")).variantValue().toString().isNull());
     EXPECT_TRUE(kogen::ByteArrayProperty(QStringLiteral("b")).variantValue().toByteArray().isNull());
-    const QRect rect = kogen::RectProperty(QStringLiteral("r")).variantValue().toRect();
-    EXPECT_EQ(rect.left(), 0);
-    EXPECT_EQ(rect.top(), 0);
-    EXPECT_EQ(rect.right(), -1);
-    EXPECT_EQ(rect.bottom(), -1);
     EXPECT_TRUE(kogen::PropertySetProperty().propertyName().isEmpty());
 }
 
 TEST(Properties, SetVariantValueConvertsOrRefuses)
 {
+    using namespace kogen;
     struct Case
     {
         const char* what;
@@ -96,62 +92,50 @@ TEST(Properties, SetVariantValueConvertsOrRefuses)
         QVariant stored; // variantValue() afterwards
     };
     const double big = 1e300;
+    const float fmax = std::numeric_limits<float>::max();
+    const float finf = std::numeric_limits<float>::infinity();
+    const double roundingLimit = std::ldexp(1.0, 128) - std::ldexp(1.0, 103);
+    const QRect rect(1, 2, 3, 4);
+    const QStringList none{QString()};
     const Case cases[] = {
-        {"int from double uses Qt's rounding", make<kogen::IntProperty>(), QVariant(2.7), true, QVariant(3)},
-        {"int from a text that is no number", make<kogen::IntProperty>(), QVariant(QStringLiteral("abc")), true, QVariant(0)},
-        {"int from a numeric text", make<kogen::IntProperty>(), QVariant(QStringLiteral("-42")), true, QVariant(-42)},
-        {"int from a rectangle", make<kogen::IntProperty>(), QVariant(QRect(1, 2, 3, 4)), false, QVariant(0)},
-        {"bool from a rectangle", make<kogen::BoolProperty>(), QVariant(QRect(1, 2, 3, 4)), false, QVariant(false)},
-        {"bool from a number", make<kogen::BoolProperty>(), QVariant(5), true, QVariant(true)},
-        {"uint from text", make<kogen::UIntProperty>(), QVariant(QStringLiteral("4294967295")), true, QVariant(4294967295u)},
-        {"u64 from text", make<kogen::U64Property>(), QVariant(QStringLiteral("18446744073709551615")), true,
-         QVariant(std::numeric_limits<qulonglong>::max())},
-        {"float from double", make<kogen::FloatProperty>(), QVariant(1.5), true, QVariant(1.5f)},
-        {"float beyond its range", make<kogen::FloatProperty>(), QVariant(big), true,
-         QVariant(std::numeric_limits<float>::infinity())},
-        {"float just above its largest value rounds down", make<kogen::FloatProperty>(), QVariant(3.4028235e38), true,
-         QVariant(std::numeric_limits<float>::max())},
-        {"float from the text of its largest value", make<kogen::FloatProperty>(),
-         QVariant(QStringLiteral("-3.4028235e38")), true, QVariant(-std::numeric_limits<float>::max())},
-        {"float at the rounding limit", make<kogen::FloatProperty>(),
-         QVariant(std::ldexp(1.0, 128) - std::ldexp(1.0, 103)), true,
-         QVariant(std::numeric_limits<float>::infinity())},
-        {"float below the rounding limit", make<kogen::FloatProperty>(),
-         QVariant(std::ldexp(1.0, 128) - std::ldexp(1.0, 103) - std::ldexp(1.0, 75)), true,
-         QVariant(std::numeric_limits<float>::max())},
-        {"float negative beyond its range", make<kogen::FloatProperty>(), QVariant(-big), true,
-         QVariant(-std::numeric_limits<float>::infinity())},
-        {"float from a date", make<kogen::FloatProperty>(), QVariant(QDate(2024, 1, 1)), false, QVariant(0.0f)},
-        {"double from text", make<kogen::DoubleProperty>(), QVariant(QStringLiteral("2.5")), true, QVariant(2.5)},
-        {"string from int", make<kogen::StringProperty>(), QVariant(12), true, QVariant(QStringLiteral("12"))},
-        {"string from rectangle", make<kogen::StringProperty>(), QVariant(QRect(1, 2, 3, 4)), false, QVariant(QString())},
-        {"bytes from string", make<kogen::ByteArrayProperty>(), QVariant(QStringLiteral("ab")), true,
-         QVariant(QByteArray("ab"))},
-        {"rectangle from rectangle", make<kogen::RectProperty>(), QVariant(QRect(10, 20, 640, 480)), true,
-         QVariant(QRect(10, 20, 640, 480))},
-        {"rectangle from string", make<kogen::RectProperty>(), QVariant(QStringLiteral("1,2,3,4")), false, QVariant(QRect())},
-        {"date from ISO text", make<kogen::DateProperty>(), QVariant(QStringLiteral("2024-05-06")), true,
-         QVariant(QDate(2024, 5, 6))},
-        {"date from int", make<kogen::DateProperty>(), QVariant(3), false, QVariant(QDate())},
-        {"time from ISO text", make<kogen::TimeProperty>(), QVariant(QStringLiteral("07:08:09")), true,
-         QVariant(QTime(7, 8, 9))},
-        {"date-time from date", make<kogen::DateTimeProperty>(), QVariant(QDate(2024, 5, 6)), true,
-         QVariant(QDateTime(QDate(2024, 5, 6), QTime(0, 0)))},
-        {"variant keeps a rectangle", make<kogen::VariantProperty>(), QVariant(QRect(1, 2, 3, 4)), true,
-         QVariant(QRect(1, 2, 3, 4))},
-        {"variant keeps an invalid variant", make<kogen::VariantProperty>(), QVariant(), true, QVariant()},
-        {"string list splits bytes at commas", make<kogen::StringListProperty>(), QVariant(QByteArray("a,,b")), true,
-         QVariant(QStringList{QStringLiteral("a"), QString(), QStringLiteral("b")})},
-        {"string list from an invalid variant", make<kogen::StringListProperty>(), QVariant(), true,
-         QVariant(QStringList{QString()})},
-        {"string list takes a string unsplit", make<kogen::StringListProperty>(), QVariant(QStringLiteral("a,b")), true,
-         QVariant(QStringList{QStringLiteral("a,b")})},
-        {"string list from a list", make<kogen::StringListProperty>(),
-         QVariant(QVariantList{QStringLiteral("x"), QStringLiteral("y")}), true,
-         QVariant(QStringList{QStringLiteral("x"), QStringLiteral("y")})},
-        {"string list from a rectangle (no text)", make<kogen::StringListProperty>(), QVariant(QRect()), true,
-         QVariant(QStringList{QString()})},
-        {"embedded set refuses a non-map", make<kogen::PropertySetProperty>(), QVariant(7), false, QVariant(QVariantMap())},
+        {"int from double uses Qt's rounding", make<IntProperty>(), 2.7, true, 3},
+        {"int from a text that is no number", make<IntProperty>(), QStringLiteral("abc"), true, 0},
+        {"int from a numeric text", make<IntProperty>(), QStringLiteral("-42"), true, -42},
+        {"int from a rectangle", make<IntProperty>(), rect, false, 0},
+        {"bool from a rectangle", make<BoolProperty>(), rect, false, false},
+        {"bool from a number", make<BoolProperty>(), 5, true, true},
+        {"uint from text", make<UIntProperty>(), QStringLiteral("4294967295"), true, 4294967295u},
+        {"u64 from text", make<U64Property>(), QStringLiteral("18446744073709551615"), true,
+         std::numeric_limits<qulonglong>::max()},
+        {"float from double", make<FloatProperty>(), 1.5, true, 1.5f},
+        {"float beyond its range", make<FloatProperty>(), big, true, finf},
+        {"float just above its largest value rounds down", make<FloatProperty>(), 3.4028235e38, true, fmax},
+        {"float from the text of its largest value", make<FloatProperty>(), QStringLiteral("-3.4028235e38"), true, -fmax},
+        {"float at the rounding limit", make<FloatProperty>(), roundingLimit, true, finf},
+        {"float below the rounding limit", make<FloatProperty>(), roundingLimit - std::ldexp(1.0, 75), true, fmax},
+        {"float negative beyond its range", make<FloatProperty>(), -big, true, -finf},
+        {"float from a date", make<FloatProperty>(), QDate(2024, 1, 1), false, 0.0f},
+        {"double from text", make<DoubleProperty>(), QStringLiteral("2.5"), true, 2.5},
+        {"string from int", make<StringProperty>(), 12, true, QStringLiteral("12")},
+        {"string from rectangle", make<StringProperty>(), rect, false, QString()},
+        {"bytes from string", make<ByteArrayProperty>(), QStringLiteral("ab"), true, QByteArray("ab")},
+        {"rectangle from rectangle", make<RectProperty>(), rect, true, rect},
+        {"rectangle from string", make<RectProperty>(), QStringLiteral("1,2,3,4"), false, QRect()},
+        {"date from ISO text", make<DateProperty>(), QStringLiteral("2024-05-06"), true, QDate(2024, 5, 6)},
+        {"date from int", make<DateProperty>(), 3, false, QDate()},
+        {"time from ISO text", make<TimeProperty>(), QStringLiteral("07:08:09"), true, QTime(7, 8, 9)},
+        {"date-time from date", make<DateTimeProperty>(), QDate(2024, 5, 6), true, QDateTime(QDate(2024, 5, 6), QTime(0, 0))},
+        {"variant keeps a rectangle", make<VariantProperty>(), rect, true, rect},
+        {"variant keeps an invalid variant", make<VariantProperty>(), QVariant(), true, QVariant()},
+        {"string list splits bytes at commas", make<StringListProperty>(), QByteArray("a,,b"), true,
+         QStringList{QStringLiteral("a"), QString(), QStringLiteral("b")}},
+        {"string list from an invalid variant", make<StringListProperty>(), QVariant(), true, none},
+        {"string list takes a string unsplit", make<StringListProperty>(), QStringLiteral("a,b"), true,
+         QStringList{QStringLiteral("a,b")}},
+        {"string list from a list", make<StringListProperty>(), QVariantList{QStringLiteral("x"), QStringLiteral("y")}, true,
+         QStringList{QStringLiteral("x"), QStringLiteral("y")}},
+        {"string list from a rectangle (no text)", make<StringListProperty>(), QRect(), true, none},
+        {"embedded set refuses a non-map", make<PropertySetProperty>(), 7, false, QVariantMap()},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
@@ -175,42 +159,51 @@ TEST(Properties, RefusedVariantKeepsTheOldValue)
     EXPECT_EQ(date.variantValue(), QVariant(QDate(2020, 2, 29)));
 }
 
-TEST(Properties, TypedAccessorsReadWriteTheirOwnClassOnly)
+// Calls `call` and checks that it throws the wrong-type error with these names.
+void expectWrongType(const std::function<void()>& call, const char* name, const char* actual, const char* expected)
 {
-    kogen::IntProperty number(QStringLiteral("count"));
-    kogen::StringProperty text(QStringLiteral("label"));
-    kogen::StringListProperty list(QStringLiteral("tags"));
-    kogen::IllegalProperty& illegal = kogen::IllegalProperty::instance();
+    try {
+        call();
+        ADD_FAILURE() << "no exception for expected type " << expected;
+    } catch (const ko::UnexpectedTypeException& error) {
+        EXPECT_EQ(error.name(), QLatin1String(name));
+        EXPECT_EQ(error.actualType(), QLatin1String(actual));
+        EXPECT_EQ(error.expectedType(), QLatin1String(expected));
+        EXPECT_EQ(error.messageQt(), QStringLiteral("Property has the wrong type."));
+        EXPECT_FALSE(error.cause());
+    }
+}
 
-    kogen::IntProperty::setValue(number, -5);
-    EXPECT_EQ(kogen::IntProperty::getValue(number, 9), -5);
+// Reading the null object gives the default; writing to it is an error.
+TEST(Properties, TypedAccessorsOnTheNullObject)
+{
+    kogen::IllegalProperty& illegal = kogen::IllegalProperty::instance();
     EXPECT_EQ(kogen::IntProperty::getValue(illegal, 9), 9);
     EXPECT_EQ(kogen::StringListProperty::getValue(illegal, {QStringLiteral("d")}), QStringList{QStringLiteral("d")});
+    expectWrongType([&] { kogen::IntProperty::setValue(illegal, 1); }, "", "IllegalProperty", "IntProperty");
+    expectWrongType([&] { kogen::PropertySetProperty::setValue(illegal, kogen::PropertySet()); }, "", "IllegalProperty",
+                    "PropertySetProperty");
+}
 
-    struct Expectation { const char* name; const char* actual; const char* expected; };
-    const auto expectThrow = [](const std::function<void()>& call, const Expectation& e) {
-        try {
-            call();
-            ADD_FAILURE() << "no exception for expected type " << e.expected;
-        } catch (const ko::UnexpectedTypeException& error) {
-            EXPECT_EQ(error.name(), QLatin1String(e.name));
-            EXPECT_EQ(error.actualType(), QLatin1String(e.actual));
-            EXPECT_EQ(error.expectedType(), QLatin1String(e.expected));
-            EXPECT_EQ(error.messageQt(), QStringLiteral("Property has the wrong type."));
-            EXPECT_FALSE(error.cause());
-        }
-    };
-    expectThrow([&] { kogen::IntProperty::getValue(text, 0); }, {"label", "StringProperty", "IntProperty"});
-    expectThrow([&] { kogen::DoubleProperty::getValue(number, 0.0); }, {"count", "IntProperty", "DoubleProperty"});
-    expectThrow([&] { kogen::StringListProperty::getValue(number, {}); }, {"count", "IntProperty", "StringListProperty"});
-    // The string-list setter names "StringProperty" as the expected type.
-    expectThrow([&] { kogen::StringListProperty::setValue(number, {}); }, {"count", "IntProperty", "StringProperty"});
-    expectThrow([&] { kogen::StringProperty::setValue(list, QString()); }, {"tags", "StringListProperty", "StringProperty"});
-    // Writing to the null object is an error, unlike reading from it.
-    expectThrow([&] { kogen::IntProperty::setValue(illegal, 1); }, {"", "IllegalProperty", "IntProperty"});
-    expectThrow([&] { kogen::PropertySetProperty::setValue(illegal, kogen::PropertySet()); },
-                {"", "IllegalProperty", "PropertySetProperty"});
-    EXPECT_EQ(kogen::IntProperty::getValue(number, 0), -5);
+struct AccessorCase
+{
+    QString type;
+    Factory create;
+    std::function<void(BaseProperty&)> set;
+    std::function<QVariant(const BaseProperty&)> get;
+    QVariant expected;
+    QByteArray setterNames;
+};
+
+// The case for P's getValue/setValue with one value; the setter names its
+// own class unless told otherwise.
+template<typename P, typename T>
+AccessorCase accessors(const T& value, const char* setterNames = nullptr)
+{
+    const QString type = P(QString()).type();
+    return {type, make<P>(), [value](BaseProperty& p) { P::setValue(p, value); },
+            [](const BaseProperty& p) { return QVariant::fromValue(P::getValue(p, T())); }, QVariant::fromValue(value),
+            setterNames ? QByteArray(setterNames) : type.toLatin1()};
 }
 
 // Every class with typed accessors: a value written with setValue reads back
@@ -221,86 +214,34 @@ TEST(Properties, EveryTypedAccessorPairRoundTripsAndNamesItsClass)
 {
     kogen::PropertySet set;
     set.add(new kogen::IntProperty(QStringLiteral("n")));
-    struct Case
-    {
-        const char* type;
-        Factory create;
-        std::function<void(BaseProperty&)> set;
-        std::function<QVariant(const BaseProperty&)> get;
-        QVariant expected;
-        const char* setterNames;
-    };
-    const QDateTime when(QDate(2024, 5, 6), QTime(7, 8, 9), Qt::UTC);
-    const Case cases[] = {
-        {"BoolProperty", make<kogen::BoolProperty>(), [](BaseProperty& p) { kogen::BoolProperty::setValue(p, true); },
-         [](const BaseProperty& p) { return QVariant(kogen::BoolProperty::getValue(p, false)); }, QVariant(true),
-         "BoolProperty"},
-        {"UIntProperty", make<kogen::UIntProperty>(), [](BaseProperty& p) { kogen::UIntProperty::setValue(p, 4294967295u); },
-         [](const BaseProperty& p) { return QVariant(kogen::UIntProperty::getValue(p, 0)); }, QVariant(4294967295u),
-         "UIntProperty"},
-        {"U64Property", make<kogen::U64Property>(),
-         [](BaseProperty& p) { kogen::U64Property::setValue(p, 0x123456789ULL); },
-         [](const BaseProperty& p) { return QVariant(qulonglong(kogen::U64Property::getValue(p, 0))); },
-         QVariant(qulonglong(0x123456789ULL)), "U64Property"},
-        {"FloatProperty", make<kogen::FloatProperty>(), [](BaseProperty& p) { kogen::FloatProperty::setValue(p, 0.25f); },
-         [](const BaseProperty& p) { return QVariant(kogen::FloatProperty::getValue(p, 0.0f)); }, QVariant(0.25f),
-         "FloatProperty"},
-        {"DoubleProperty", make<kogen::DoubleProperty>(), [](BaseProperty& p) { kogen::DoubleProperty::setValue(p, -1e-9); },
-         [](const BaseProperty& p) { return QVariant(kogen::DoubleProperty::getValue(p, 0.0)); }, QVariant(-1e-9),
-         "DoubleProperty"},
-        {"StringProperty", make<kogen::StringProperty>(),
-         [](BaseProperty& p) { kogen::StringProperty::setValue(p, QStringLiteral("t")); },
-         [](const BaseProperty& p) { return QVariant(kogen::StringProperty::getValue(p, {})); },
-         QVariant(QStringLiteral("t")), "StringProperty"},
-        {"StringListProperty", make<kogen::StringListProperty>(),
-         [](BaseProperty& p) { kogen::StringListProperty::setValue(p, {QStringLiteral("a"), QStringLiteral("b")}); },
-         [](const BaseProperty& p) { return QVariant(kogen::StringListProperty::getValue(p, {})); },
-         QVariant(QStringList{QStringLiteral("a"), QStringLiteral("b")}), "StringProperty"},
-        {"ByteArrayProperty", make<kogen::ByteArrayProperty>(),
-         [](BaseProperty& p) { kogen::ByteArrayProperty::setValue(p, QByteArray("\0x", 2)); },
-         [](const BaseProperty& p) { return QVariant(kogen::ByteArrayProperty::getValue(p, {})); },
-         QVariant(QByteArray("\0x", 2)), "ByteArrayProperty"},
-        {"RectProperty", make<kogen::RectProperty>(),
-         [](BaseProperty& p) { kogen::RectProperty::setValue(p, QRect(-1, -2, 3, 4)); },
-         [](const BaseProperty& p) { return QVariant(kogen::RectProperty::getValue(p, {})); },
-         QVariant(QRect(-1, -2, 3, 4)), "RectProperty"},
-        {"TimeProperty", make<kogen::TimeProperty>(),
-         [](BaseProperty& p) { kogen::TimeProperty::setValue(p, QTime(23, 59, 59, 999)); },
-         [](const BaseProperty& p) { return QVariant(kogen::TimeProperty::getValue(p, {})); },
-         QVariant(QTime(23, 59, 59, 999)), "TimeProperty"},
-        {"DateTimeProperty", make<kogen::DateTimeProperty>(),
-         [when](BaseProperty& p) { kogen::DateTimeProperty::setValue(p, when); },
-         [](const BaseProperty& p) { return QVariant(kogen::DateTimeProperty::getValue(p, {})); }, QVariant(when),
-         "DateTimeProperty"},
-        {"VariantProperty", make<kogen::VariantProperty>(),
-         [](BaseProperty& p) { kogen::VariantProperty::setValue(p, QVariant(QPoint(1, 2))); },
-         [](const BaseProperty& p) { return kogen::VariantProperty::getValue(p, {}); }, QVariant(QPoint(1, 2)),
-         "VariantProperty"},
-        {"PropertySetProperty", make<kogen::PropertySetProperty>(),
+    const AccessorCase cases[] = {
+        accessors<kogen::BoolProperty>(true),
+        accessors<kogen::UIntProperty>(quint32(4294967295u)),
+        accessors<kogen::U64Property>(quint64(0x123456789ULL)),
+        accessors<kogen::FloatProperty>(0.25f),
+        accessors<kogen::DoubleProperty>(-1e-9),
+        accessors<kogen::StringProperty>(QStringLiteral("t")),
+        accessors<kogen::StringListProperty>(QStringList{QStringLiteral("a"), QStringLiteral("b")}, "StringProperty"),
+        accessors<kogen::ByteArrayProperty>(QByteArray("\0x", 2)),
+        accessors<kogen::RectProperty>(QRect(-1, -2, 3, 4)),
+        accessors<kogen::TimeProperty>(QTime(23, 59, 59, 999)),
+        accessors<kogen::DateTimeProperty>(QDateTime(QDate(2024, 5, 6), QTime(7, 8, 9), Qt::UTC)),
+        accessors<kogen::VariantProperty>(QVariant(QPoint(1, 2))),
+        {QStringLiteral("PropertySetProperty"), make<kogen::PropertySetProperty>(),
          [set](BaseProperty& p) { kogen::PropertySetProperty::setValue(p, set); },
          [](const BaseProperty& p) { return QVariant(kogen::PropertySetProperty::getValue(p, {}).variantValues()); },
          QVariant(QVariantMap{{QStringLiteral("n"), 0}}), "PropertySetProperty"},
     };
     kogen::IntProperty other(QStringLiteral("other"));
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.type);
+    for (const AccessorCase& c : cases) {
+        const QByteArray type = c.type.toLatin1();
+        SCOPED_TRACE(type.constData());
         const auto property = c.create();
         c.set(*property);
         EXPECT_EQ(c.get(*property), c.expected);
         EXPECT_EQ(property->variantValue(), c.expected);
-        const auto expectWrongType = [&](const std::function<void()>& call, const char* expected) {
-            try {
-                call();
-                ADD_FAILURE() << "no exception";
-            } catch (const ko::UnexpectedTypeException& error) {
-                EXPECT_EQ(error.name(), QStringLiteral("other"));
-                EXPECT_EQ(error.actualType(), QStringLiteral("IntProperty"));
-                EXPECT_EQ(error.expectedType(), QLatin1String(expected));
-                EXPECT_EQ(error.messageQt(), QStringLiteral("Property has the wrong type."));
-            }
-        };
-        expectWrongType([&] { c.get(other); }, c.type);
-        expectWrongType([&] { c.set(other); }, c.setterNames);
+        expectWrongType([&] { c.get(other); }, "other", "IntProperty", type.constData());
+        expectWrongType([&] { c.set(other); }, "other", "IntProperty", c.setterNames.constData());
     }
     EXPECT_EQ(kogen::IntProperty::getValue(other, -1), 0);
 }
@@ -343,96 +284,65 @@ TEST(Properties, CopiesShareTheValidatorButNotTheValue)
     EXPECT_FALSE(plain.isValid());
 }
 
-TEST(Properties, DumpWritesFourLinesPerProperty)
+template<typename P>
+std::shared_ptr<BaseProperty> holding(const char* name, const QVariant& value = QVariant())
 {
-    kogen::BoolProperty flag(QStringLiteral("flag"));
-    kogen::BoolProperty::setValue(flag, true);
-    flag.setDescription(QStringLiteral("on or off"));
-    kogen::U64Property big(QStringLiteral("big"));
-    kogen::U64Property::setValue(big, 18446744073709551615ULL);
-    kogen::DoubleProperty ratio(QStringLiteral("ratio"));
-    kogen::DoubleProperty::setValue(ratio, 0.5);
-    kogen::StringListProperty tags(QStringLiteral("tags"));
-    kogen::StringListProperty::setValue(tags, {QStringLiteral("a"), QString(), QStringLiteral("c")});
-    kogen::ByteArrayProperty bytes(QStringLiteral("bytes"));
-    kogen::ByteArrayProperty::setValue(bytes, QByteArray(5, 'x'));
-    kogen::RectProperty empty(QStringLiteral("empty"));
-    kogen::RectProperty area(QStringLiteral("area"));
-    kogen::RectProperty::setValue(area, QRect(10, 20, 640, 480));
-    kogen::DateProperty day(QStringLiteral("day"));
-    day.setVariantValue(QDate(2024, 5, 6));
-    kogen::TimeProperty noon(QStringLiteral("noon"));
-    kogen::TimeProperty::setValue(noon, QTime(12, 0, 5));
-    kogen::DateProperty noDay(QStringLiteral("noDay"));
-    kogen::VariantProperty any(QStringLiteral("any"));
-    kogen::VariantProperty::setValue(any, QVariant(2.5));
-    kogen::IntProperty count(QStringLiteral("count"));
-    kogen::IntProperty::setValue(count, -7);
-    kogen::UIntProperty unsignedMax(QStringLiteral("umax"));
-    kogen::UIntProperty::setValue(unsignedMax, 4294967295u);
-    kogen::FloatProperty tenth(QStringLiteral("tenth"));
-    kogen::FloatProperty::setValue(tenth, 0.1f);
-    kogen::StringProperty text(QStringLiteral("text"));
-    kogen::StringProperty::setValue(text, QStringLiteral("a, b"));
-    const QDateTime stampValue(QDate(2024, 5, 6), QTime(7, 8, 9));
-    kogen::DateTimeProperty stamp(QStringLiteral("stamp"));
-    kogen::DateTimeProperty::setValue(stamp, stampValue);
-
-    struct Case { const BaseProperty& property; QString expected; };
-    const Case cases[] = {
-        {flag, header("flag", "on or off") + "Property value: 1\n" + k_hyphens},
-        {big, header("big") + "Property value: 18446744073709551615\n" + k_hyphens},
-        {ratio, header("ratio") + "Property value: 0.5\n" + k_hyphens},
-        {tags, header("tags") + "Property value: a,,c\n" + k_hyphens},
-        {bytes, header("bytes") + "Property value: (QByteArray of length 5 )\n" + k_hyphens},
-        {empty, header("empty") + "Property value: (0,0,0,0)\n" + k_hyphens},
-        {area, header("area") + "Property value: (10,20,640,480)\n" + k_hyphens},
-        {day, header("day") + "Property value: " + QDate(2024, 5, 6).toString(Qt::TextDate) + "\n" + k_hyphens},
-        {noon, header("noon") + "Property value: 12:00:05\n" + k_hyphens},
-        {noDay, header("noDay") + "Property value: \n" + k_hyphens},
-        {any, header("any") + "Property value: 2.5\n" + k_hyphens},
-        {count, header("count") + "Property value: -7\n" + k_hyphens},
-        {unsignedMax, header("umax") + "Property value: 4294967295\n" + k_hyphens},
-        {tenth, header("tenth") + "Property value: 0.1\n" + k_hyphens},
-        {text, header("text") + "Property value: a, b\n" + k_hyphens},
-        {stamp, header("stamp") + "Property value: " + stampValue.toString(Qt::TextDate) + "\n" + k_hyphens},
-        {kogen::IllegalProperty::instance(), QStringLiteral("IllegaProperty\n")},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.property.propertyName().toStdString());
-        EXPECT_EQ(dumpOf(c.property), c.expected);
+    auto property = std::make_shared<P>(QString::fromLatin1(name));
+    if (value.isValid()) {
+        EXPECT_TRUE(property->setVariantValue(value)) << name;
     }
+    return property;
 }
 
-TEST(Properties, NumbersDumpWithTheStreamSettings)
+TEST(Properties, DumpWritesFourLinesPerProperty)
 {
-    kogen::IntProperty number(QStringLiteral("n"));
-    kogen::IntProperty::setValue(number, 255);
-    kogen::BoolProperty flag(QStringLiteral("b"));
-    kogen::BoolProperty::setValue(flag, true);
-    kogen::DoubleProperty pi(QStringLiteral("pi"));
-    kogen::DoubleProperty::setValue(pi, 3.14159265);
+    const auto flag = holding<kogen::BoolProperty>("flag", true);
+    flag->setDescription(QStringLiteral("on or off"));
+    const QDateTime stamp(QDate(2024, 5, 6), QTime(7, 8, 9));
+    const int intMin = std::numeric_limits<int>::min();
+    const int intMax = std::numeric_limits<int>::max();
+    const QStringList tags{QStringLiteral("a"), QString(), QStringLiteral("c")};
 
+    struct Case { std::shared_ptr<BaseProperty> property; QString value; const char* description; };
+    const Case cases[] = {
+        {flag, "1", "on or off"},
+        {holding<kogen::U64Property>("big", 18446744073709551615ULL), "18446744073709551615", ""},
+        {holding<kogen::DoubleProperty>("ratio", 0.5), "0.5", ""},
+        {holding<kogen::StringListProperty>("tags", tags), "a,,c", ""},
+        {holding<kogen::ByteArrayProperty>("bytes", QByteArray(5, 'x')), "(QByteArray of length 5 )", ""},
+        {holding<kogen::RectProperty>("empty"), "(0,0,0,0)", ""},
+        {holding<kogen::RectProperty>("area", QRect(10, 20, 640, 480)), "(10,20,640,480)", ""},
+        // The widest rectangle dumps its true size.
+        {holding<kogen::RectProperty>("w", QRect(QPoint(intMin, 0), QPoint(intMax, 0))), "(-2147483648,0,4294967296,1)", ""},
+        {holding<kogen::DateProperty>("day", QDate(2024, 5, 6)), QDate(2024, 5, 6).toString(Qt::TextDate), ""},
+        {holding<kogen::TimeProperty>("noon", QTime(12, 0, 5)), "12:00:05", ""},
+        {holding<kogen::DateProperty>("noDay"), "", ""},
+        {holding<kogen::VariantProperty>("any", 2.5), "2.5", ""},
+        {holding<kogen::IntProperty>("count", -7), "-7", ""},
+        {holding<kogen::UIntProperty>("umax", 4294967295u), "4294967295", ""},
+        {holding<kogen::FloatProperty>("tenth", 0.1f), "0.1", ""},
+        {holding<kogen::StringProperty>("text", QStringLiteral("a, b")), "a, b", ""},
+        {holding<kogen::DateTimeProperty>("stamp", stamp), stamp.toString(Qt::TextDate), ""},
+    };
+    for (const Case& c : cases) {
+        const QByteArray name = c.property->propertyName().toLatin1();
+        SCOPED_TRACE(name.constData());
+        EXPECT_EQ(dumpOf(*c.property), header(name.constData(), c.description) + "Property value: " + c.value + "\n" + k_hyphens);
+    }
+    EXPECT_EQ(dumpOf(kogen::IllegalProperty::instance()), QStringLiteral("IllegaProperty\n"));
+
+    // Numbers follow the stream's settings.
     QString text;
     QTextStream stream(&text);
     stream.setIntegerBase(16);
-    stream.setFieldWidth(0);
     stream.setRealNumberNotation(QTextStream::FixedNotation);
     stream.setRealNumberPrecision(2);
-    number.dump(stream);
-    flag.dump(stream);
-    pi.dump(stream);
+    holding<kogen::IntProperty>("n", 255)->dump(stream);
+    flag->dump(stream);
+    holding<kogen::DoubleProperty>("pi", 3.14159265)->dump(stream);
     stream.flush();
-    EXPECT_EQ(text, header("n") + "Property value: ff\n" + k_hyphens + header("b") + "Property value: 1\n" + k_hyphens
-                  + header("pi") + "Property value: 3.14\n" + k_hyphens);
-}
-
-TEST(Properties, WidestRectangleDumpsItsTrueSize)
-{
-    kogen::RectProperty wide(QStringLiteral("w"));
-    kogen::RectProperty::setValue(wide, QRect(QPoint(std::numeric_limits<int>::min(), 0),
-                                              QPoint(std::numeric_limits<int>::max(), 0)));
-    EXPECT_EQ(dumpOf(wide), header("w") + "Property value: (-2147483648,0,4294967296,1)\n" + k_hyphens);
+    EXPECT_EQ(text, header("n") + "Property value: ff\n" + k_hyphens + header("flag", "on or off") + "Property value: 1\n"
+                  + k_hyphens + header("pi") + "Property value: 3.14\n" + k_hyphens);
 }
 
 TEST(Properties, IllegalPropertyIsARefusingNullObject)

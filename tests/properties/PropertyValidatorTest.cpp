@@ -44,36 +44,35 @@ std::function<boost::shared_ptr<kogen::PropertyValidator>()> range(T minimum, T 
 
 TEST(PropertyValidator, RangeValidatorsAcceptTheClosedInterval)
 {
+    using namespace kogen;
     const quint64 twoTo32 = 0x100000000ULL;
     const float fnan = std::numeric_limits<float>::quiet_NaN();
     const double dnan = std::numeric_limits<double>::quiet_NaN();
     const double dinf = std::numeric_limits<double>::infinity();
+    const auto intRange = range<DefaultIntValidator, int>;
+    const auto u64Range = range<DefaultU64Validator, quint64>;
+    const auto floatRange = range<DefaultFloatValidator, float>;
+    const auto doubleRange = range<DefaultDoubleValidator, double>;
     const RangeCase cases[] = {
-        {"int at maximum", holding<kogen::IntProperty>(10), range<kogen::DefaultIntValidator>(0, 10), true},
-        {"int above", holding<kogen::IntProperty>(11), range<kogen::DefaultIntValidator>(0, 10), false},
-        {"int at minimum", holding<kogen::IntProperty>(-5), range<kogen::DefaultIntValidator>(-5, 5), true},
-        {"int below, signed compare", holding<kogen::IntProperty>(-1), range<kogen::DefaultIntValidator>(0, 10), false},
-        {"int empty range", holding<kogen::IntProperty>(5), range<kogen::DefaultIntValidator>(10, 0), false},
-        {"uint unsigned compare", holding<kogen::UIntProperty>(4294967295u),
-         range<kogen::DefaultUIntValidator>(0u, 10u), false},
-        {"uint large in range", holding<kogen::UIntProperty>(4000000000u),
-         range<kogen::DefaultUIntValidator>(3000000000u, 4294967295u), true},
-        {"u64 truncated to its low 32 bits", holding<kogen::U64Property>(twoTo32 + 5),
-         range<kogen::DefaultU64Validator>(quint64(0), quint64(10)), true},
-        {"u64 low bits out of range", holding<kogen::U64Property>(twoTo32 + 11),
-         range<kogen::DefaultU64Validator>(quint64(0), quint64(10)), false},
-        {"u64 high value fails a high range", holding<kogen::U64Property>(2 * twoTo32),
-         range<kogen::DefaultU64Validator>(twoTo32, 4 * twoTo32), false},
-        {"u64 plain", holding<kogen::U64Property>(quint64(7)),
-         range<kogen::DefaultU64Validator>(quint64(7), quint64(7)), true},
-        {"float at maximum", holding<kogen::FloatProperty>(1.0f), range<kogen::DefaultFloatValidator>(0.0f, 1.0f), true},
-        {"float above", holding<kogen::FloatProperty>(1.001f), range<kogen::DefaultFloatValidator>(0.0f, 1.0f), false},
-        {"float NaN", holding<kogen::FloatProperty>(fnan), range<kogen::DefaultFloatValidator>(-1e30f, 1e30f), false},
-        {"double at minimum", holding<kogen::DoubleProperty>(-0.5), range<kogen::DefaultDoubleValidator>(-0.5, 0.5), true},
-        {"double below", holding<kogen::DoubleProperty>(-0.50001), range<kogen::DefaultDoubleValidator>(-0.5, 0.5), false},
-        {"double NaN", holding<kogen::DoubleProperty>(dnan), range<kogen::DefaultDoubleValidator>(-dinf, dinf), false},
-        {"double infinity in an open range", holding<kogen::DoubleProperty>(dinf),
-         range<kogen::DefaultDoubleValidator>(0.0, dinf), true},
+        {"int at maximum", holding<IntProperty>(10), intRange(0, 10), true},
+        {"int above", holding<IntProperty>(11), intRange(0, 10), false},
+        {"int at minimum", holding<IntProperty>(-5), intRange(-5, 5), true},
+        {"int below, signed compare", holding<IntProperty>(-1), intRange(0, 10), false},
+        {"int empty range", holding<IntProperty>(5), intRange(10, 0), false},
+        {"uint unsigned compare", holding<UIntProperty>(4294967295u), range<DefaultUIntValidator>(0u, 10u), false},
+        {"uint large in range", holding<UIntProperty>(4000000000u),
+         range<DefaultUIntValidator>(3000000000u, 4294967295u), true},
+        {"u64 truncated to its low 32 bits", holding<U64Property>(twoTo32 + 5), u64Range(0, 10), true},
+        {"u64 low bits out of range", holding<U64Property>(twoTo32 + 11), u64Range(0, 10), false},
+        {"u64 high value fails a high range", holding<U64Property>(2 * twoTo32), u64Range(twoTo32, 4 * twoTo32), false},
+        {"u64 plain", holding<U64Property>(quint64(7)), u64Range(7, 7), true},
+        {"float at maximum", holding<FloatProperty>(1.0f), floatRange(0.0f, 1.0f), true},
+        {"float above", holding<FloatProperty>(1.001f), floatRange(0.0f, 1.0f), false},
+        {"float NaN", holding<FloatProperty>(fnan), floatRange(-1e30f, 1e30f), false},
+        {"double at minimum", holding<DoubleProperty>(-0.5), doubleRange(-0.5, 0.5), true},
+        {"double below", holding<DoubleProperty>(-0.50001), doubleRange(-0.5, 0.5), false},
+        {"double NaN", holding<DoubleProperty>(dnan), doubleRange(-dinf, dinf), false},
+        {"double infinity in an open range", holding<DoubleProperty>(dinf), doubleRange(0.0, dinf), true},
     };
     kogen::PropertySet set;
     for (const RangeCase& c : cases) {

@@ -118,11 +118,8 @@ const ArithmeticRow kRows[] = {
 TEST(TypeToolArithmetic, ResultsTypesAndOkFlag)
 {
     for (const ArithmeticRow& row : kRows) {
-        SCOPED_TRACE(::testing::Message()
-                     << row.left.typeName() << ' ' << row.left.toString().toStdString() << ' '
-                     << opName(row.op) << ' ' << row.right.typeName() << ' '
-                     << row.right.toString().toStdString() << ", constant left " << row.flags.left
-                     << " right " << row.flags.right);
+        SCOPED_TRACE(::testing::Message() << describe(row.left) << ' ' << opName(row.op) << ' ' << describe(row.right)
+                                          << ", constant left " << row.flags.left << " right " << row.flags.right);
         kogen::TypeTool tool(row.flags.left, row.flags.right);
         EXPECT_TRUE(sameVariant(apply(tool, row.op, row.left, row.right), row.expected));
         EXPECT_EQ(tool.wasOK(), row.ok);

@@ -82,10 +82,8 @@ TEST(TypeToolCoercion, NumericPairsForEveryFlagCombination)
     for (const CoercionRow& row : kCoercionRows) {
         for (int combo = 0; combo < 4; ++combo) {
             const Flags flags = kFlagCombos[combo];
-            SCOPED_TRACE(::testing::Message()
-                         << row.left.typeName() << ' ' << row.left.toString().toStdString() << " with "
-                         << row.right.typeName() << ' ' << row.right.toString().toStdString()
-                         << ", constant left " << flags.left << " right " << flags.right);
+            SCOPED_TRACE(::testing::Message() << describe(row.left) << " with " << describe(row.right)
+                                              << ", constant left " << flags.left << " right " << flags.right);
             const TypeToolProbe tool(flags.left, flags.right);
             EXPECT_EQ(tool.coerceNumericTypes(row.left, row.right), row.expected[combo]);
         }
@@ -177,10 +175,7 @@ const CompareRow kCompareRows[] = {
 TEST(TypeToolCompare, MixedKindsGiveTheExpectedSign)
 {
     for (const CompareRow& row : kCompareRows) {
-        SCOPED_TRACE(::testing::Message()
-                     << row.left.typeName() << ' ' << row.left.toString().toStdString() << " vs "
-                     << (row.right.isValid() ? row.right.typeName() : "invalid") << ' '
-                     << row.right.toString().toStdString());
+        SCOPED_TRACE(::testing::Message() << describe(row.left) << " vs " << describe(row.right));
         kogen::TypeTool tool(row.flags.left, row.flags.right);
         EXPECT_EQ(signOf(tool.compare(row.left, row.right)), row.sign);
         EXPECT_EQ(tool.wasOK(), row.ok);

@@ -8,6 +8,7 @@
 
 #include <limits>
 #include <ostream>
+#include <string>
 
 // Opens the protected steps of kogen::TypeTool to the tests.
 class TypeToolProbe : public kogen::TypeTool
@@ -43,6 +44,12 @@ inline int signOf(int value)
 inline void PrintTo(const QVariant& value, std::ostream* out)
 {
     *out << value.typeName() << '(' << value.toString().toStdString() << ')';
+}
+
+// "type value" for traces.
+inline std::string describe(const QVariant& value)
+{
+    return std::string(value.isValid() ? value.typeName() : "invalid") + ' ' + value.toString().toStdString();
 }
 
 // Same type and same value; invalid matches invalid.
