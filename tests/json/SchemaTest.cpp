@@ -20,6 +20,23 @@ json::Variant parse(const std::string& text)
     return parser.parseComplete();
 }
 
+// A schema (a document name or a schema text), a value, and whether the value
+// is valid.
+struct Row
+{
+    const char* schema;
+    std::string value;
+    bool valid;
+};
+
+void expectValidation(const Schema::Ptr& schema, const Row& row)
+{
+    ASSERT_TRUE(schema) << row.schema;
+    std::string error;
+    EXPECT_EQ(schema->validate(parse(row.value), &error), row.valid)
+        << row.schema << " " << row.value.substr(0, 40) << "\n" << error.substr(0, 200);
+}
+
 const char* const k_types = R"({
   "$id": "https://schemas.example.invalid/types.json",
   "definitions": {
@@ -158,12 +175,7 @@ TEST_F(SchemaTest, ValidatesThroughChainsOfReferencesAtTheTop)
     Schema::registerSchema("https://schemas.example.invalid/types.json",
                            parse(R"({"definitions": {"c": {"$ref": "#/definitions/d"},
                                                      "d": {"type": "integer", "maximum": 9}}})"));
-    const struct
-    {
-        const char* url;
-        const char* value;
-        bool valid;
-    } rows[] = {
+    const Row rows[] = {
         {"chain.json", "3", true},
         {"chain.json", "10", false},
         {"chain.json", "\"3\"", false},
@@ -174,12 +186,8 @@ TEST_F(SchemaTest, ValidatesThroughChainsOfReferencesAtTheTop)
         {"types.json#/definitions/c", "-4", true},
         {"types.json#/definitions/c", "null", false},
     };
-    for (const auto& row : rows) {
-        const Schema::Ptr schema = Schema::resolve(row.url, "https://schemas.example.invalid/");
-        ASSERT_TRUE(schema) << row.url;
-        std::string error;
-        EXPECT_EQ(schema->validate(parse(row.value), &error), row.valid) << row.url << " " << row.value << "\n" << error;
-    }
+    for (const Row& row : rows)
+        expectValidation(Schema::resolve(row.schema, "https://schemas.example.invalid/"), row);
 }
 
 // Documents named without "://" ("mem:", short URNs) are found like any
@@ -191,12 +199,7 @@ TEST_F(SchemaTest, ValidatesDocumentsWhoseNamesHaveNoSlashes)
                                                     "type": "string"})"));
     Schema::registerSchema("urn:x", parse(R"({"$ref": "mem:numbers#/definitions/small"})"));
     Schema::fromVariant(parse(R"({"type": "array", "items": {"$ref": "urn:x"}})"), "mem:list");
-    const struct
-    {
-        const char* url;
-        const char* value;
-        bool valid;
-    } rows[] = {
+    const Row rows[] = {
         {"mem:numbers", "\"text\"", true},
         {"mem:numbers", "3", false},
         {"mem:numbers#/definitions/small", "3", true},
@@ -206,12 +209,8 @@ TEST_F(SchemaTest, ValidatesDocumentsWhoseNamesHaveNoSlashes)
         {"mem:list", "[1, 2]", true},
         {"mem:list", "[1, 20]", false},
     };
-    for (const auto& row : rows) {
-        const Schema::Ptr schema = Schema::resolve(row.url);
-        ASSERT_TRUE(schema) << row.url;
-        std::string error;
-        EXPECT_EQ(schema->validate(parse(row.value), &error), row.valid) << row.url << " " << row.value << "\n" << error;
-    }
+    for (const Row& row : rows)
+        expectValidation(Schema::resolve(row.schema), row);
 
     // Each once overflowed the stack.
     for (const char* text : {R"({"$ref": "b:c"})", R"({"$ref": "b:c#"})", R"({"items": {"$ref": "mem:nothing#/a"}})"}) {
@@ -230,12 +229,7 @@ TEST_F(SchemaTest, ReferencesReachTheNodeTheResolverFinds)
 {
     const char* const definitions = R"("definitions": {"a%25b": {"type": "integer"}, "c~d/e": {"type": "string"},
                                                        "%7E": {"type": "boolean"}, "": {"type": "null"}})";
-    const struct
-    {
-        const char* ref;
-        const char* value;
-        bool valid;
-    } rows[] = {
+    const Row rows[] = {
         {"#/definitions/a%2525b", "1", true},
         {"#/definitions/a%2525b", "\"1\"", false},
         {"#/definitions/c~0d~1e", "\"x\"", true},
@@ -247,13 +241,9 @@ TEST_F(SchemaTest, ReferencesReachTheNodeTheResolverFinds)
         {"#/definitions/", "null", false},
         {"#/", "true", false},
     };
-    for (const auto& row : rows) {
-        const std::string text = std::string(R"({"$ref": ")") + row.ref + R"(", )" + definitions + "}";
-        const Schema::Ptr schema = Schema::fromVariant(parse(text));
-        ASSERT_TRUE(schema) << text;
-        std::string error;
-        EXPECT_EQ(schema->validate(parse(row.value), &error), row.valid) << row.ref << " " << row.value << "\n" << error;
-    }
+    for (const Row& row : rows)
+        expectValidation(
+            Schema::fromVariant(parse(std::string(R"({"$ref": ")") + row.schema + R"(", )" + definitions + "}")), row);
 }
 
 // Regular expressions meet long values and names without overflowing the
@@ -262,12 +252,7 @@ TEST_F(SchemaTest, PatternsAndFormatsCopeWithLongStrings)
 {
     const std::string longWord(200000, 'a');
     const std::string longDigits(200000, '1');
-    const struct
-    {
-        const char* schema;
-        std::string value;
-        bool valid;
-    } rows[] = {
+    const Row rows[] = {
         {R"({"pattern": "^[a-z]+$"})", '"' + longWord + '"', true},
         {R"({"pattern": "^[a-z]+$"})", '"' + longWord + "1\"", false},
         {R"({"pattern": "^(a|aa)+$"})", '"' + std::string(80, 'a') + "b\"", false},
@@ -286,12 +271,8 @@ TEST_F(SchemaTest, PatternsAndFormatsCopeWithLongStrings)
         {R"({"propertyNames": {"pattern": "^a+$"}})", "{\"" + longWord + "b\": 1}", false},
         {R"({"propertyNames": {"format": "date"}})", "{\"" + longDigits + "-05-06\": 1}", true},
     };
-    for (const auto& row : rows) {
-        const Schema::Ptr schema = Schema::fromVariant(parse(row.schema));
-        ASSERT_TRUE(schema) << row.schema;
-        std::string error;
-        EXPECT_EQ(schema->validate(parse(row.value), &error), row.valid) << row.schema << " " << row.value.substr(0, 40) << "\n" << error.substr(0, 200);
-    }
+    for (const Row& row : rows)
+        expectValidation(Schema::fromVariant(parse(row.schema)), row);
 }
 
 TEST_F(SchemaTest, MultipleOfNeedsAPositiveDivisor)
