@@ -10,7 +10,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QBuffer>
 #include <QDateTime>
 #include <QProcess>
 #include <QRandomGenerator>
@@ -20,7 +19,6 @@
 
 #include <atomic>
 #include <chrono>
-#include <cstring>
 #include <thread>
 
 #ifndef _WIN32
@@ -612,40 +610,5 @@ TEST_F(EncryptedFileTest, LargePayloadsStreamInFlatMemory)
     EXPECT_LT(peakResidentKiB() - before, 24 * 1024);
 }
 #endif
-
-// Exposes the byte-order helpers.
-struct ByteOrder : EncryptedFile
-{
-    using EncryptedFile::is_be;
-    using EncryptedFile::read_be;
-    using EncryptedFile::swap_bytes;
-    using EncryptedFile::write_be;
-};
-
-TEST(EncryptedFileByteOrder, HelpersStoreBigEndian)
-{
-    const quint64 value = 0x0102030405060708ULL;
-    char host[8];
-    std::memcpy(host, &value, 8);
-    QByteArray stored;
-    {
-        QBuffer buffer(&stored);
-        buffer.open(QIODevice::WriteOnly);
-        ASSERT_TRUE(ByteOrder::write_be(&buffer, host, 8));
-    }
-    EXPECT_EQ(stored, QByteArray::fromHex("0102030405060708"));
-    quint64 back = 0;
-    std::memcpy(host, &back, 8);
-    QBuffer buffer(&stored);
-    buffer.open(QIODevice::ReadOnly);
-    ASSERT_TRUE(ByteOrder::read_be(&buffer, host, 8));
-    std::memcpy(&back, host, 8);
-    EXPECT_EQ(back, value);
-    EXPECT_FALSE(ByteOrder::read_be(&buffer, host, 1)); // nothing left
-    EXPECT_EQ(ByteOrder::is_be(), QSysInfo::ByteOrder == QSysInfo::BigEndian);
-    char text[] = "abcde";
-    ByteOrder::swap_bytes(text, text + 5);
-    EXPECT_STREQ(text, "edcba");
-}
 
 } // namespace
