@@ -71,15 +71,10 @@ TEST(JsonPrinter, NumbersAndStrings)
         const char* text;
     };
     const Row rows[] = {
-        {Variant(0.1), 0, "0.1"},
-        {Variant(1.0 / 3.0), 0, "0.3333333333333333"},
-        {Variant(1.0 / 3.0), 15, "0.333333333333333"},
-        {Variant(2.0 / 3.0), 3, "0.667"},
-        {Variant(100.0), 0, "100.0"},
-        {Variant(123456.0), 3, "1.23e+05"},
-        {Variant(1e20), 0, "1e+20"},
-        {Variant(-0.0), 0, "-0.0"},
-        {Variant(std::nan("")), 0, "null"},
+        {Variant(0.1), 0, "0.1"}, {Variant(1.0 / 3.0), 0, "0.3333333333333333"},
+        {Variant(1.0 / 3.0), 15, "0.333333333333333"}, {Variant(2.0 / 3.0), 3, "0.667"},
+        {Variant(100.0), 0, "100.0"}, {Variant(123456.0), 3, "1.23e+05"}, {Variant(1e20), 0, "1e+20"},
+        {Variant(-0.0), 0, "-0.0"}, {Variant(std::nan("")), 0, "null"},
         {Variant(std::numeric_limits<double>::infinity()), 0, "null"},
         {Variant(std::numeric_limits<std::int64_t>::min()), 3, "-9223372036854775808"},
         {Variant(std::numeric_limits<std::uint64_t>::max()), 3, "18446744073709551615"},
@@ -108,17 +103,13 @@ TEST(JsonPrinter, BrokenUtf8BecomesReplacementCharacters)
         std::string printed;
     } rows[] = {
         {"caf\xc3\xa9 \xf0\x9f\x98\x80 \xe2\x82\xac \xf4\x8f\xbf\xbf", "caf\xc3\xa9 \xf0\x9f\x98\x80 \xe2\x82\xac \xf4\x8f\xbf\xbf"},
-        {"Jos\xe9", "Jos" + r},
-        {"\xff\xfe", r + r},
-        {"end\xc3", "end" + r},
-        {"\xe2\x82", r},
+        {"Jos\xe9", "Jos" + r}, {"\xff\xfe", r + r}, {"end\xc3", "end" + r}, {"\xe2\x82", r},
         {"\xe2\x82x\xe2\x82\xac", r + "x\xe2\x82\xac"},
         {"\xc0\x80", r + r},                     // overlong
         {"\xe0\x80\xaf", r + r + r},             // overlong
         {"\xed\xa0\x80", r + r + r},             // a surrogate
         {"\xf4\x90\x80\x80", r + r + r + r},     // above U+10FFFF
-        {"\xf0\x9f\x98", r},
-        {"\x80\"\xbf", r + "\\\"" + r},
+        {"\xf0\x9f\x98", r}, {"\x80\"\xbf", r + "\\\"" + r},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.text);
