@@ -10,7 +10,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QBuffer>
 #include <QDateTime>
 #include <QProcess>
 #include <QRandomGenerator>
@@ -20,7 +19,6 @@
 
 #include <atomic>
 #include <chrono>
-#include <cstring>
 #include <thread>
 
 #ifndef _WIN32
@@ -66,6 +64,20 @@ QByteArray bigEndian64(quint64 value)
         bytes[i] = static_cast<char>(value & 0xFF);
     return bytes;
 }
+
+// The size of the stored payload, where the trailer starts.
+int payloadEnd(const QString& file)
+{
+    return static_cast<int>(EncryptedFile::metaInfo(QFileInfo(file)).value("encrypted-length").toInt64());
+}
+
+// The storage setups the damage tests go through.
+struct Storage
+{
+    secure_string key;
+    int compression;
+};
+const Storage k_setups[] = {{secure_string(), 0}, {secure_string(), 6}, {secure_string("key"), 0}, {secure_string("key"), 9}};
 
 // Reads everything; false when a read fails.
 bool readAllOf(EncryptedFile& file, QByteArray* data, int piece = 70000)
@@ -161,18 +173,15 @@ TEST_F(EncryptedFileTest, EveryCombinationRoundTrips)
                     EXPECT_EQ(meta.value("digest-algorithm").toString(), "SHA256");
                     EXPECT_EQ(meta.value("opened"), meta.value("created"));
                     EXPECT_EQ(meta.value("content-length").toInt64(), size);
-                    const QByteArray trailer = meta.toJson().c_str();
                     EXPECT_EQ(meta.value("encrypted-length").toInt64(),
-                              QFileInfo(file).size() - trailer.size() - 8);
+                              QFileInfo(file).size() - static_cast<qint64>(meta.toJson().size()) - 8);
                     EXPECT_EQ(EncryptedFile::metaInfo(QFileInfo(file)), meta);
 
                     // Half the signed cases verify before reading, the others after.
-                    const bool verifyFirst = sign && size % 2 == 0;
-                    if (verifyFirst) {
-                        EXPECT_TRUE(in.verify(*s_checking));
-                    }
                     QByteArray data;
-                    if (!verifyFirst) {
+                    if (sign && size % 2 == 0) {
+                        EXPECT_TRUE(in.verify(*s_checking));
+                    } else {
                         ASSERT_TRUE(readAllOf(in, &data, size % 3 == 0 ? 4096 : 70001));
                         EXPECT_TRUE(data == payload) << "read back " << data.size() << " bytes";
                         EXPECT_TRUE(in.atEnd());
@@ -188,7 +197,7 @@ TEST_F(EncryptedFileTest, EveryCombinationRoundTrips)
 
 TEST_F(EncryptedFileTest, PlainFileIsPayloadThenJsonThenLength)
 {
-    const QString file = path(QStringLiteral("plain"));
+    const QString file = path("plain");
     const QByteArray payload("hello, container");
     ASSERT_TRUE(seal(file, payload, secure_string(), ko::ZlibDevice::k_noCompression, RSAKeyPair(), ""));
     const QByteArray bytes = readFile(file);
@@ -213,7 +222,7 @@ TEST_F(EncryptedFileTest, PlainFileIsPayloadThenJsonThenLength)
     EXPECT_FALSE(EncryptedFile().verify(*s_checking)); // not open
 
     // An empty payload leaves only the trailer.
-    const QString empty = path(QStringLiteral("empty"));
+    const QString empty = path("empty");
     ASSERT_TRUE(seal(empty, QByteArray(), secure_string(), ko::ZlibDevice::k_noCompression, RSAKeyPair(), ""));
     const QByteArray emptyBytes = readFile(empty);
     EXPECT_EQ(emptyBytes.size(), static_cast<int>(EncryptedFile::metaInfo(QFileInfo(empty)).toJson().size()) + 8);
@@ -224,7 +233,7 @@ TEST_F(EncryptedFileTest, TimestampsAreUtcSeconds)
     const QDateTime before = QDateTime::currentDateTimeUtc().addSecs(-1);
     const QString text = QString::fromStdString(EncryptedFile::currentDateTime());
     const QDateTime after = QDateTime::currentDateTimeUtc().addSecs(1);
-    EXPECT_TRUE(QRegularExpression(QStringLiteral("^\\d{4}-\\d\\d-\\d\\dT\\d\\d:\\d\\d:\\d\\d$")).match(text).hasMatch())
+    EXPECT_TRUE(QRegularExpression("^\\d{4}-\\d\\d-\\d\\dT\\d\\d:\\d\\d:\\d\\d$").match(text).hasMatch())
         << text.toStdString();
     QDateTime parsed = QDateTime::fromString(text, Qt::ISODate);
     parsed.setTimeSpec(Qt::UTC);
@@ -237,10 +246,10 @@ TEST_F(EncryptedFileTest, TimestampsAreUtcSeconds)
 // with tab indentation, without "signature".
 TEST_F(EncryptedFileTest, SignatureVerifiesWithTheOpensslTool)
 {
-    const QString openssl = QStandardPaths::findExecutable(QStringLiteral("openssl"));
+    const QString openssl = QStandardPaths::findExecutable("openssl");
     if (openssl.isEmpty())
         GTEST_SKIP() << "no openssl command";
-    const QString file = path(QStringLiteral("signed"));
+    const QString file = path("signed");
     const QByteArray payload = payloadOfSize(100000);
     ASSERT_TRUE(seal(file, payload, secure_string("k"), 5, *s_signing, "Ana \"QA\" Lima"));
     const json::Variant meta = EncryptedFile::metaInfo(QFileInfo(file));
@@ -256,31 +265,24 @@ TEST_F(EncryptedFileTest, SignatureVerifiesWithTheOpensslTool)
     unsigned_.remove("signature");
     EXPECT_EQ(json::JsonPrinter::toString(unsigned_, "\t"), printed.toStdString());
 
-    writeFile(path(QStringLiteral("signed.input")), payload + printed);
     const std::string publicPem = s_signing->publicKeyPem();
-    writeFile(path(QStringLiteral("public.pem")), QByteArray(publicPem.data(), static_cast<int>(publicPem.size())));
-    writeFile(path(QStringLiteral("signature.bin")),
-              QByteArray::fromBase64(QByteArray::fromStdString(meta.value("signature").toString())));
+    writeFile(path("public.pem"), QByteArray::fromStdString(publicPem));
+    writeFile(path("signature.bin"), QByteArray::fromBase64(QByteArray::fromStdString(meta.value("signature").toString())));
     auto run = [&](const QStringList& arguments) {
         QProcess process;
         process.start(openssl, arguments);
         EXPECT_TRUE(process.waitForFinished(60000));
         return process.exitCode() == 0 && process.exitStatus() == QProcess::NormalExit;
     };
-    ASSERT_TRUE(run({QStringLiteral("dgst"), QStringLiteral("-sha256"), QStringLiteral("-binary"),
-                     QStringLiteral("-out"), path(QStringLiteral("digest.bin")), path(QStringLiteral("signed.input"))}));
-    EXPECT_TRUE(run({QStringLiteral("pkeyutl"), QStringLiteral("-verify"), QStringLiteral("-pubin"),
-                     QStringLiteral("-inkey"), path(QStringLiteral("public.pem")), QStringLiteral("-pkeyopt"),
-                     QStringLiteral("digest:sha256"), QStringLiteral("-in"), path(QStringLiteral("digest.bin")),
-                     QStringLiteral("-sigfile"), path(QStringLiteral("signature.bin"))}));
+    auto opensslVerifies = [&](const QByteArray& signedBytes) {
+        writeFile(path("signed.input"), signedBytes);
+        EXPECT_TRUE(run({"dgst", "-sha256", "-binary", "-out", path("digest.bin"), path("signed.input")}));
+        return run({"pkeyutl", "-verify", "-pubin", "-inkey", path("public.pem"), "-pkeyopt", "digest:sha256", "-in",
+                    path("digest.bin"), "-sigfile", path("signature.bin")});
+    };
+    EXPECT_TRUE(opensslVerifies(payload + printed));
     // And the same check fails for a digest of different bytes.
-    writeFile(path(QStringLiteral("signed.input")), payload + printed + ' ');
-    ASSERT_TRUE(run({QStringLiteral("dgst"), QStringLiteral("-sha256"), QStringLiteral("-binary"),
-                     QStringLiteral("-out"), path(QStringLiteral("digest.bin")), path(QStringLiteral("signed.input"))}));
-    EXPECT_FALSE(run({QStringLiteral("pkeyutl"), QStringLiteral("-verify"), QStringLiteral("-pubin"),
-                      QStringLiteral("-inkey"), path(QStringLiteral("public.pem")), QStringLiteral("-pkeyopt"),
-                      QStringLiteral("digest:sha256"), QStringLiteral("-in"), path(QStringLiteral("digest.bin")),
-                      QStringLiteral("-sigfile"), path(QStringLiteral("signature.bin"))}));
+    EXPECT_FALSE(opensslVerifies(payload + printed + ' '));
 
     // The library's own digest helper gives the same digest.
     MessageDigest reference(MessageDigest::SHA256);
@@ -296,7 +298,7 @@ TEST_F(EncryptedFileTest, SignatureVerifiesWithTheOpensslTool)
 
 TEST_F(EncryptedFileTest, VerifyChecksSignerLengthsAndKey)
 {
-    const QString file = path(QStringLiteral("v"));
+    const QString file = path("v");
     const QByteArray payload = payloadOfSize(200000);
     for (const MessageDigest::Algorithm algorithm : {MessageDigest::SHA1, MessageDigest::SHA512}) {
         ASSERT_TRUE(seal(file, payload, secure_string(), 1, *s_signing, "", algorithm));
@@ -318,7 +320,7 @@ TEST_F(EncryptedFileTest, VerifyChecksSignerLengthsAndKey)
 // opened again and its signature checks out.
 TEST_F(EncryptedFileTest, SignerNamesThatAreNotUtf8StillGiveReadableFiles)
 {
-    const QString file = path(QStringLiteral("named"));
+    const QString file = path("named");
     const struct
     {
         std::string signer;
@@ -343,29 +345,22 @@ TEST_F(EncryptedFileTest, SignerNamesThatAreNotUtf8StillGiveReadableFiles)
 TEST_F(EncryptedFileTest, FlippedBytesAreNoticed)
 {
     const QByteArray payload = payloadOfSize(3000);
-    struct Setup
-    {
-        secure_string key;
-        int compression;
-    };
-    const Setup setups[] = {{secure_string(), 0}, {secure_string(), 6}, {secure_string("key"), 0}, {secure_string("key"), 9}};
-    for (const Setup& setup : setups) {
-        const QString original = path(QStringLiteral("original"));
+    for (const Storage& setup : k_setups) {
+        const QString original = path("original");
         ASSERT_TRUE(seal(original, payload, setup.key, setup.compression, *s_signing));
         const QByteArray bytes = readFile(original);
-        const int payloadEnd =
-            static_cast<int>(EncryptedFile::metaInfo(QFileInfo(original)).value("encrypted-length").toInt64());
+        const int end = payloadEnd(original);
         std::vector<int> positions;
-        for (int at = 0; at < payloadEnd; at += std::max(1, payloadEnd / 40))
+        for (int at = 0; at < end; at += std::max(1, end / 40))
             positions.push_back(at);
-        positions.push_back(payloadEnd - 1);
-        for (int at = payloadEnd; at < bytes.size(); ++at)
+        positions.push_back(end - 1);
+        for (int at = end; at < bytes.size(); ++at)
             positions.push_back(at); // every byte of the trailer
         for (const int at : positions) {
             for (const char mask : {'\x01', '\x80'}) {
                 QByteArray damaged = bytes;
                 damaged[at] = static_cast<char>(damaged[at] ^ mask);
-                const QString file = path(QStringLiteral("damaged"));
+                const QString file = path("damaged");
                 writeFile(file, damaged);
                 EncryptedFile in;
                 if (!in.open(QFileInfo(file), setup.key))
@@ -386,19 +381,14 @@ TEST_F(EncryptedFileTest, FlippedBytesAreNoticed)
 TEST_F(EncryptedFileTest, BytesAddedAfterThePayloadAreNoticed)
 {
     const QByteArray payload = payloadOfSize(100000);
-    const struct
-    {
-        secure_string key;
-        int compression;
-    } setups[] = {{secure_string(), 0}, {secure_string(), 6}, {secure_string("key"), 0}, {secure_string("key"), 9}};
-    for (const auto& setup : setups) {
+    for (const Storage& setup : k_setups) {
         SCOPED_TRACE(setup.compression);
-        const QString file = path(QStringLiteral("extended"));
+        const QString file = path("extended");
         ASSERT_TRUE(seal(file, payload, setup.key, setup.compression, *s_signing));
         const QByteArray bytes = readFile(file);
-        const int payloadEnd = static_cast<int>(EncryptedFile::metaInfo(QFileInfo(file)).value("encrypted-length").toInt64());
-        for (const QByteArray& extra : {QByteArray("x"), bytes.left(payloadEnd)}) {
-            writeFile(file, bytes.left(payloadEnd) + extra + bytes.mid(payloadEnd));
+        const int end = payloadEnd(file);
+        for (const QByteArray& extra : {QByteArray("x"), bytes.left(end)}) {
+            writeFile(file, bytes.left(end) + extra + bytes.mid(end));
             EncryptedFile in;
             ASSERT_TRUE(in.open(QFileInfo(file), setup.key));
             QByteArray data;
@@ -412,7 +402,7 @@ TEST_F(EncryptedFileTest, BytesAddedAfterThePayloadAreNoticed)
 
 TEST_F(EncryptedFileTest, WrongOrMissingKeyMakesReadingFail)
 {
-    const QString file = path(QStringLiteral("secret"));
+    const QString file = path("secret");
     const QByteArray payload = payloadOfSize(150000);
     ASSERT_TRUE(seal(file, payload, secure_string("right"), 6, RSAKeyPair()));
     for (const char* key : {"wrong", "", "righ", "right "}) {
@@ -423,9 +413,8 @@ TEST_F(EncryptedFileTest, WrongOrMissingKeyMakesReadingFail)
         EXPECT_TRUE(data.isEmpty()) << key;
     }
     // The payload cut short (trailer kept) fails too.
-    QByteArray bytes = readFile(file);
-    const int payloadEnd = static_cast<int>(EncryptedFile::metaInfo(QFileInfo(file)).value("encrypted-length").toInt64());
-    writeFile(file, bytes.left(payloadEnd / 2) + bytes.mid(payloadEnd));
+    const QByteArray bytes = readFile(file);
+    writeFile(file, bytes.left(payloadEnd(file) / 2) + bytes.mid(payloadEnd(file)));
     EncryptedFile in;
     ASSERT_TRUE(in.open(QFileInfo(file), secure_string("right")));
     QByteArray data;
@@ -459,7 +448,7 @@ TEST_F(EncryptedFileTest, HostileTrailersFailCleanly)
         {"good trailer", withTrailer("data", good), true, true},
     };
     for (const Row& row : rows) {
-        const QString file = path(QStringLiteral("hostile"));
+        const QString file = path("hostile");
         writeFile(file, row.bytes);
         EncryptedFile in;
         EXPECT_EQ(in.open(QFileInfo(file), secure_string()), row.opens) << row.name;
@@ -474,9 +463,9 @@ TEST_F(EncryptedFileTest, HostileTrailersFailCleanly)
             EXPECT_EQ(in.read(10), QByteArray()) << row.name;
         }
     }
-    EXPECT_EQ(EncryptedFile::metaInfo(QFileInfo(path(QStringLiteral("missing")))), json::Variant(false));
+    EXPECT_EQ(EncryptedFile::metaInfo(QFileInfo(path("missing"))), json::Variant(false));
     EncryptedFile missing;
-    EXPECT_FALSE(missing.open(QFileInfo(path(QStringLiteral("missing"))), secure_string()));
+    EXPECT_FALSE(missing.open(QFileInfo(path("missing")), secure_string()));
 
     // Trailers that open but describe a payload that is not there: reading
     // fails and verify gives false, whatever the recorded lengths say.
@@ -485,7 +474,7 @@ TEST_F(EncryptedFileTest, HostileTrailersFailCleanly)
         R"({"compression":0,"encrypted":true,"digest-algorithm":"MD5","content-length":9223372036854775807,"signature":"AAAA"})",
     };
     for (const QByteArray& trailer : lying) {
-        const QString file = path(QStringLiteral("lying"));
+        const QString file = path("lying");
         writeFile(file, payloadOfSize(5000) + trailer + bigEndian64(static_cast<quint64>(trailer.size())));
         EncryptedFile in;
         ASSERT_TRUE(in.open(QFileInfo(file), secure_string("k")));
@@ -514,7 +503,7 @@ TEST_F(EncryptedFileTest, MetadataBeyondTheReadableBoundIsReported)
             if (level >= ko::Log::Error)
                 errors.push_back(line);
         });
-        const QString file = path(QStringLiteral("annotated"));
+        const QString file = path("annotated");
         {
             EncryptedFile out;
             ASSERT_TRUE(out.create(QFileInfo(file), secure_string(), 0, MessageDigest::SHA256));
@@ -539,7 +528,7 @@ TEST_F(EncryptedFileTest, MetadataBeyondTheReadableBoundIsReported)
 // that the test ends, and reports it.
 TEST_F(EncryptedFileTest, PipesAndDirectoriesAreNotContainers)
 {
-    const QByteArray fifo = QFile::encodeName(path(QStringLiteral("pipe")));
+    const QByteArray fifo = QFile::encodeName(path("pipe"));
     ASSERT_EQ(::mkfifo(fifo.constData(), 0600), 0);
     std::atomic<bool> done{false};
     std::atomic<bool> blocked{false};
@@ -570,12 +559,12 @@ TEST_F(EncryptedFileTest, PipesAndDirectoriesAreNotContainers)
 TEST_F(EncryptedFileTest, CreateFailsCleanly)
 {
     EncryptedFile out;
-    EXPECT_FALSE(out.create(QFileInfo(path(QStringLiteral("no/such/dir/file"))), secure_string(), 0,
+    EXPECT_FALSE(out.create(QFileInfo(path("no/such/dir/file")), secure_string(), 0,
                             MessageDigest::SHA256));
     EXPECT_EQ(out.write("x", 1), -1);
     out.close(RSAKeyPair(), "x"); // nothing to finish
     EncryptedFile badLevel;
-    EXPECT_FALSE(badLevel.create(QFileInfo(path(QStringLiteral("level"))), secure_string(), 42,
+    EXPECT_FALSE(badLevel.create(QFileInfo(path("level")), secure_string(), 42,
                                  MessageDigest::SHA256));
 }
 
@@ -583,7 +572,7 @@ TEST_F(EncryptedFileTest, CreateFailsCleanly)
 // Peak resident memory of the process in KiB.
 long peakResidentKiB()
 {
-    QFile status(QStringLiteral("/proc/self/status"));
+    QFile status("/proc/self/status");
     if (!status.open(QIODevice::ReadOnly))
         return -1;
     for (const QByteArray& line : status.readAll().split('\n'))
@@ -594,7 +583,7 @@ long peakResidentKiB()
 
 TEST_F(EncryptedFileTest, LargePayloadsStreamInFlatMemory)
 {
-    const QString file = path(QStringLiteral("large"));
+    const QString file = path("large");
     const QByteArray block = payloadOfSize(1 << 20);
     const int blocks = 96;
     const long before = peakResidentKiB();
@@ -621,40 +610,5 @@ TEST_F(EncryptedFileTest, LargePayloadsStreamInFlatMemory)
     EXPECT_LT(peakResidentKiB() - before, 24 * 1024);
 }
 #endif
-
-// Exposes the byte-order helpers.
-struct ByteOrder : EncryptedFile
-{
-    using EncryptedFile::is_be;
-    using EncryptedFile::read_be;
-    using EncryptedFile::swap_bytes;
-    using EncryptedFile::write_be;
-};
-
-TEST(EncryptedFileByteOrder, HelpersStoreBigEndian)
-{
-    const quint64 value = 0x0102030405060708ULL;
-    char host[8];
-    std::memcpy(host, &value, 8);
-    QByteArray stored;
-    {
-        QBuffer buffer(&stored);
-        buffer.open(QIODevice::WriteOnly);
-        ASSERT_TRUE(ByteOrder::write_be(&buffer, host, 8));
-    }
-    EXPECT_EQ(stored, QByteArray::fromHex("0102030405060708"));
-    quint64 back = 0;
-    std::memcpy(host, &back, 8);
-    QBuffer buffer(&stored);
-    buffer.open(QIODevice::ReadOnly);
-    ASSERT_TRUE(ByteOrder::read_be(&buffer, host, 8));
-    std::memcpy(&back, host, 8);
-    EXPECT_EQ(back, value);
-    EXPECT_FALSE(ByteOrder::read_be(&buffer, host, 1)); // nothing left
-    EXPECT_EQ(ByteOrder::is_be(), QSysInfo::ByteOrder == QSysInfo::BigEndian);
-    char text[] = "abcde";
-    ByteOrder::swap_bytes(text, text + 5);
-    EXPECT_STREQ(text, "edcba");
-}
 
 } // namespace

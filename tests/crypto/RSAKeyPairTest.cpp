@@ -49,11 +49,6 @@ int openssl(const QStringList& args, QByteArray* output = nullptr)
     return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
 }
 
-bool haveOpenssl()
-{
-    return !QStandardPaths::findExecutable(QStringLiteral("openssl")).isEmpty();
-}
-
 class RSAKeyPairTest : public ::testing::Test
 {
 protected:
@@ -62,11 +57,7 @@ protected:
         s_key = new RSAKeyPair;
         ASSERT_TRUE(s_key->generate(2048)) << s_key->lastError();
     }
-    static void TearDownTestSuite()
-    {
-        delete s_key;
-        s_key = nullptr;
-    }
+    static void TearDownTestSuite() { delete s_key; }
     static RSAKeyPair* s_key;
 };
 
@@ -164,7 +155,7 @@ TEST_F(RSAKeyPairTest, ExportsAndReloadsPemParts)
 
 TEST_F(RSAKeyPairTest, InteroperatesWithTheOpensslTool)
 {
-    if (!haveOpenssl())
+    if (QStandardPaths::findExecutable(QStringLiteral("openssl")).isEmpty())
         GTEST_SKIP() << "openssl command-line tool not installed";
     QTemporaryDir dir;
     ASSERT_TRUE(dir.isValid());

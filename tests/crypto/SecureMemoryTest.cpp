@@ -49,11 +49,9 @@ protected:
     // The release record of the block at `data`, or null.
     const Released* find(const void* data) const
     {
-        for (const Released& r : m_released) {
-            if (r.data == data)
-                return &r;
-        }
-        return nullptr;
+        const auto it =
+            std::find_if(m_released.begin(), m_released.end(), [&](const Released& r) { return r.data == data; });
+        return it == m_released.end() ? nullptr : &*it;
     }
 
     static std::string keyBytes(std::size_t size)

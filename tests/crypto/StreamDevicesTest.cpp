@@ -119,9 +119,6 @@ TEST(ClippedIODevice, LimitsReadsFromTheStartingPosition)
     EXPECT_FALSE(writer.open(QIODevice::ReadWrite));
 }
 
-// The stacking an encrypted, compressed and digested file uses: write
-// through digest -> zlib -> AES -> file, append a trailer, then read back
-// through clip -> AES -> zlib -> digest.
 // Every filter device opens its wrapped device the same way: not twice, not
 // without a wrapped device, and not over one open for the other direction;
 // a closed wrapped device is opened with the filter's mode.
@@ -156,6 +153,9 @@ TEST(StreamDevices, OpeningChecksTheWrappedDeviceTheSameWay)
     }
 }
 
+// The stacking an encrypted, compressed and digested file uses: write
+// through digest -> zlib -> AES -> file, append a trailer, then read back
+// through clip -> AES -> zlib -> digest.
 TEST(StreamDeviceStack, WritesAndReadsAClippedEncryptedCompressedPayload)
 {
     const QByteArray payload = pattern(400000) + QByteArray(300000, 'z');

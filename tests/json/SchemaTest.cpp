@@ -20,6 +20,23 @@ json::Variant parse(const std::string& text)
     return parser.parseComplete();
 }
 
+// A schema (a document name or a schema text), a value, and whether the value
+// is valid.
+struct Row
+{
+    const char* schema;
+    std::string value;
+    bool valid;
+};
+
+void expectValidation(const Schema::Ptr& schema, const Row& row)
+{
+    ASSERT_TRUE(schema) << row.schema;
+    std::string error;
+    EXPECT_EQ(schema->validate(parse(row.value), &error), row.valid)
+        << row.schema << " " << row.value.substr(0, 40) << "\n" << error.substr(0, 200);
+}
+
 const char* const k_types = R"({
   "$id": "https://schemas.example.invalid/types.json",
   "definitions": {
@@ -120,18 +137,12 @@ TEST_F(SchemaTest, ValidatesWithReferencesAndFormats)
         const char* value;
         bool valid;
     } rows[] = {
-        {R"({"names": ["a", "b"], "ports": [1, 2]})", true},
-        {R"({"names": ["a", 2]})", false},
-        {R"({"cams": [{"name": "front"}, {"name": "back"}]})", true},
-        {R"({"cams": [{"title": "front"}]})", false},
-        {R"({"origin": {"x": 1, "y": 2}})", true},
-        {R"({"origin": {"x": 1}})", false},
-        {R"({"origin": {"x": 1.5, "y": 2}})", false},
-        {R"({"changed": "2024-05-06T07:08:09Z"})", true},
-        {R"({"changed": "yesterday"})", false},
-        {R"({"day": "2024-02-30"})", false},
-        {R"({"unlisted": 3.5})", true},
-        {R"({"unlisted": "text"})", false},
+        {R"({"names": ["a", "b"], "ports": [1, 2]})", true}, {R"({"names": ["a", 2]})", false},
+        {R"({"cams": [{"name": "front"}, {"name": "back"}]})", true}, {R"({"cams": [{"title": "front"}]})", false},
+        {R"({"origin": {"x": 1, "y": 2}})", true}, {R"({"origin": {"x": 1}})", false},
+        {R"({"origin": {"x": 1.5, "y": 2}})", false}, {R"({"changed": "2024-05-06T07:08:09Z"})", true},
+        {R"({"changed": "yesterday"})", false}, {R"({"day": "2024-02-30"})", false},
+        {R"({"unlisted": 3.5})", true}, {R"({"unlisted": "text"})", false},
         {R"([1])", false},
     };
     for (const auto& row : rows) {
@@ -158,28 +169,14 @@ TEST_F(SchemaTest, ValidatesThroughChainsOfReferencesAtTheTop)
     Schema::registerSchema("https://schemas.example.invalid/types.json",
                            parse(R"({"definitions": {"c": {"$ref": "#/definitions/d"},
                                                      "d": {"type": "integer", "maximum": 9}}})"));
-    const struct
-    {
-        const char* url;
-        const char* value;
-        bool valid;
-    } rows[] = {
-        {"chain.json", "3", true},
-        {"chain.json", "10", false},
-        {"chain.json", "\"3\"", false},
-        {"chain.json#/definitions/b", "9", true},
-        {"chain.json#/definitions/b", "9.5", false},
-        {"chain.json#/definitions/list", "[1, 2, 3]", true},
-        {"chain.json#/definitions/list", "[1, 20]", false},
-        {"types.json#/definitions/c", "-4", true},
-        {"types.json#/definitions/c", "null", false},
+    const Row rows[] = {
+        {"chain.json", "3", true}, {"chain.json", "10", false}, {"chain.json", "\"3\"", false},
+        {"chain.json#/definitions/b", "9", true}, {"chain.json#/definitions/b", "9.5", false},
+        {"chain.json#/definitions/list", "[1, 2, 3]", true}, {"chain.json#/definitions/list", "[1, 20]", false},
+        {"types.json#/definitions/c", "-4", true}, {"types.json#/definitions/c", "null", false},
     };
-    for (const auto& row : rows) {
-        const Schema::Ptr schema = Schema::resolve(row.url, "https://schemas.example.invalid/");
-        ASSERT_TRUE(schema) << row.url;
-        std::string error;
-        EXPECT_EQ(schema->validate(parse(row.value), &error), row.valid) << row.url << " " << row.value << "\n" << error;
-    }
+    for (const Row& row : rows)
+        expectValidation(Schema::resolve(row.schema, "https://schemas.example.invalid/"), row);
 }
 
 // Documents named without "://" ("mem:", short URNs) are found like any
@@ -191,27 +188,14 @@ TEST_F(SchemaTest, ValidatesDocumentsWhoseNamesHaveNoSlashes)
                                                     "type": "string"})"));
     Schema::registerSchema("urn:x", parse(R"({"$ref": "mem:numbers#/definitions/small"})"));
     Schema::fromVariant(parse(R"({"type": "array", "items": {"$ref": "urn:x"}})"), "mem:list");
-    const struct
-    {
-        const char* url;
-        const char* value;
-        bool valid;
-    } rows[] = {
-        {"mem:numbers", "\"text\"", true},
-        {"mem:numbers", "3", false},
-        {"mem:numbers#/definitions/small", "3", true},
-        {"mem:numbers#/definitions/small", "10", false},
-        {"urn:x", "9", true},
-        {"urn:x", "\"9\"", false},
-        {"mem:list", "[1, 2]", true},
-        {"mem:list", "[1, 20]", false},
+    const Row rows[] = {
+        {"mem:numbers", "\"text\"", true}, {"mem:numbers", "3", false},
+        {"mem:numbers#/definitions/small", "3", true}, {"mem:numbers#/definitions/small", "10", false},
+        {"urn:x", "9", true}, {"urn:x", "\"9\"", false},
+        {"mem:list", "[1, 2]", true}, {"mem:list", "[1, 20]", false},
     };
-    for (const auto& row : rows) {
-        const Schema::Ptr schema = Schema::resolve(row.url);
-        ASSERT_TRUE(schema) << row.url;
-        std::string error;
-        EXPECT_EQ(schema->validate(parse(row.value), &error), row.valid) << row.url << " " << row.value << "\n" << error;
-    }
+    for (const Row& row : rows)
+        expectValidation(Schema::resolve(row.schema), row);
 
     // Each once overflowed the stack.
     for (const char* text : {R"({"$ref": "b:c"})", R"({"$ref": "b:c#"})", R"({"items": {"$ref": "mem:nothing#/a"}})"}) {
@@ -230,30 +214,17 @@ TEST_F(SchemaTest, ReferencesReachTheNodeTheResolverFinds)
 {
     const char* const definitions = R"("definitions": {"a%25b": {"type": "integer"}, "c~d/e": {"type": "string"},
                                                        "%7E": {"type": "boolean"}, "": {"type": "null"}})";
-    const struct
-    {
-        const char* ref;
-        const char* value;
-        bool valid;
-    } rows[] = {
-        {"#/definitions/a%2525b", "1", true},
-        {"#/definitions/a%2525b", "\"1\"", false},
-        {"#/definitions/c~0d~1e", "\"x\"", true},
-        {"#/definitions/c~0d~1e", "1", false},
-        {"#/definitions/%257E", "true", true},
-        {"#/definitions/%257E", "1", false},
+    const Row rows[] = {
+        {"#/definitions/a%2525b", "1", true}, {"#/definitions/a%2525b", "\"1\"", false},
+        {"#/definitions/c~0d~1e", "\"x\"", true}, {"#/definitions/c~0d~1e", "1", false},
+        {"#/definitions/%257E", "true", true}, {"#/definitions/%257E", "1", false},
         // An empty last name, and a pointer to no member (this one once
         // overflowed the stack): refused.
-        {"#/definitions/", "null", false},
-        {"#/", "true", false},
+        {"#/definitions/", "null", false}, {"#/", "true", false},
     };
-    for (const auto& row : rows) {
-        const std::string text = std::string(R"({"$ref": ")") + row.ref + R"(", )" + definitions + "}";
-        const Schema::Ptr schema = Schema::fromVariant(parse(text));
-        ASSERT_TRUE(schema) << text;
-        std::string error;
-        EXPECT_EQ(schema->validate(parse(row.value), &error), row.valid) << row.ref << " " << row.value << "\n" << error;
-    }
+    for (const Row& row : rows)
+        expectValidation(
+            Schema::fromVariant(parse(std::string(R"({"$ref": ")") + row.schema + R"(", )" + definitions + "}")), row);
 }
 
 // Regular expressions meet long values and names without overflowing the
@@ -262,17 +233,11 @@ TEST_F(SchemaTest, PatternsAndFormatsCopeWithLongStrings)
 {
     const std::string longWord(200000, 'a');
     const std::string longDigits(200000, '1');
-    const struct
-    {
-        const char* schema;
-        std::string value;
-        bool valid;
-    } rows[] = {
+    const Row rows[] = {
         {R"({"pattern": "^[a-z]+$"})", '"' + longWord + '"', true},
         {R"({"pattern": "^[a-z]+$"})", '"' + longWord + "1\"", false},
         {R"({"pattern": "^(a|aa)+$"})", '"' + std::string(80, 'a') + "b\"", false},
-        {R"({"pattern": "^(a)\\1$"})", R"("aa")", true},
-        {R"({"pattern": "^(a)\\1$"})", R"("ab")", false},
+        {R"({"pattern": "^(a)\\1$"})", R"("aa")", true}, {R"({"pattern": "^(a)\\1$"})", R"("ab")", false},
         {R"({"format": "date"})", '"' + longDigits + "-05-06\"", true},
         {R"({"format": "date"})", '"' + longDigits + "-02-30\"", false},
         {R"({"format": "date"})", R"("2024-5-06")", false},
@@ -286,12 +251,8 @@ TEST_F(SchemaTest, PatternsAndFormatsCopeWithLongStrings)
         {R"({"propertyNames": {"pattern": "^a+$"}})", "{\"" + longWord + "b\": 1}", false},
         {R"({"propertyNames": {"format": "date"}})", "{\"" + longDigits + "-05-06\": 1}", true},
     };
-    for (const auto& row : rows) {
-        const Schema::Ptr schema = Schema::fromVariant(parse(row.schema));
-        ASSERT_TRUE(schema) << row.schema;
-        std::string error;
-        EXPECT_EQ(schema->validate(parse(row.value), &error), row.valid) << row.schema << " " << row.value.substr(0, 40) << "\n" << error.substr(0, 200);
-    }
+    for (const Row& row : rows)
+        expectValidation(Schema::fromVariant(parse(row.schema)), row);
 }
 
 TEST_F(SchemaTest, MultipleOfNeedsAPositiveDivisor)
@@ -303,17 +264,13 @@ TEST_F(SchemaTest, MultipleOfNeedsAPositiveDivisor)
         bool valid;
         bool rejected; // the schema itself is refused
     } rows[] = {
-        {R"({"multipleOf": 3})", "9", true, false},
-        {R"({"multipleOf": 3})", "-9223372036854775807", false, false},
-        {R"({"multipleOf": 0.5})", "2.5", true, false},
-        {R"({"multipleOf": 0.5})", "2.25", false, false},
+        {R"({"multipleOf": 3})", "9", true, false}, {R"({"multipleOf": 3})", "-9223372036854775807", false, false},
+        {R"({"multipleOf": 0.5})", "2.5", true, false}, {R"({"multipleOf": 0.5})", "2.25", false, false},
         // A divisor of zero or below is no schema: validation says so instead
         // of dividing by it (the first two once stopped the process).
-        {R"({"multipleOf": 0})", "5", false, true},
-        {R"({"multipleOf": -1})", "-9223372036854775808", false, true},
+        {R"({"multipleOf": 0})", "5", false, true}, {R"({"multipleOf": -1})", "-9223372036854775808", false, true},
         {R"({"anyOf": [{"type": "string"}, {"multipleOf": 0}]})", "2", false, true},
-        {R"({"multipleOf": 0.0})", "2.5", false, true},
-        {R"({"multipleOf": -2})", "4", false, true},
+        {R"({"multipleOf": 0.0})", "2.5", false, true}, {R"({"multipleOf": -2})", "4", false, true},
     };
     for (const auto& row : rows) {
         const Schema::Ptr schema = Schema::fromVariant(parse(row.schema));

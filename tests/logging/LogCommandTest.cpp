@@ -22,21 +22,26 @@ protected:
     void SetUp() override
     {
         // Error entries are a kind the tool knows without any application.
-        m_first = std::make_unique<ko::ParseXMLLogEntry>(QStringLiteral("Bad & <worse>"),
-                                                         QStringLiteral("Grüße.kol"), 4, 2);
+        m_first = std::make_unique<ko::ParseXMLLogEntry>("Bad & <worse>",
+                                                         "Grüße.kol", 4, 2);
         m_first->setTime(QDateTime(QDate(2024, 5, 6), QTime(7, 8)));
-        m_first->setUser(QStringLiteral("anna\nmaria"));
-        m_second = std::make_unique<ko::ParseXMLLogEntry>(QStringLiteral("Other"), QStringLiteral("b.kol"), 9, 1);
-        m_live = cktest::writeDocument({m_first.get(), m_second.get()}, false, QStringLiteral("orig.kol"));
+        m_first->setUser("anna\nmaria");
+        m_second = std::make_unique<ko::ParseXMLLogEntry>("Other", "b.kol", 9, 1);
+        m_live = cktest::writeDocument({m_first.get(), m_second.get()}, false, "orig.kol");
     }
 
-    QString store(const QByteArray& bytes, const QString& name)
+    QString store(const QByteArray& bytes, const QString& name = "live.kol")
     {
         const QString path = m_dir.filePath(name);
         QFile file(path);
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(bytes);
         return path;
+    }
+    // `commonkit log <arguments>`, or with the options before "log" first.
+    static ToolRun log(const QStringList& arguments, const QStringList& options = {})
+    {
+        return runTool(options + QStringList{"log"} + arguments);
     }
 
     std::unique_ptr<ko::ParseXMLLogEntry> m_first;
@@ -47,30 +52,28 @@ protected:
 
 TEST_F(LogCommandTest, ShowPrintsOneLinePerEntry)
 {
-    const QString path = store(m_live, QStringLiteral("live.kol"));
-    const ToolRun run = runTool({QStringLiteral("log"), QStringLiteral("show"), path});
+    const ToolRun run = log({"show", store(m_live)});
     EXPECT_EQ(run.exitCode, 0) << run.err.toStdString();
     const QStringList lines = run.out.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     ASSERT_EQ(lines.size(), 2) << run.out.toStdString();
     const QDateTime time = cktest::afterRoundTrip(m_first->time());
-    EXPECT_EQ(lines.at(0), time.toString(QStringLiteral("yyyy-MM-dd hh:mm:ss"))
+    EXPECT_EQ(lines.at(0), time.toString("yyyy-MM-dd hh:mm:ss")
                                + QStringLiteral("  anna maria  [Error]  Action log error: Error 'Bad & <worse>' "
                                                 "reading action log 'Grüße.kol' in line '4', column '2'."));
-    EXPECT_TRUE(lines.at(1).endsWith(QStringLiteral("in line '9', column '1'."))) << lines.at(1).toStdString();
+    EXPECT_TRUE(lines.at(1).endsWith("in line '9', column '1'.")) << lines.at(1).toStdString();
     EXPECT_TRUE(run.err.isEmpty());
 }
 
 TEST_F(LogCommandTest, XmlReemitsAClosedDocumentAndLangTranslates)
 {
-    const QString path = store(m_live, QStringLiteral("live.kol"));
-    const ToolRun run = runTool({QStringLiteral("log"), QStringLiteral("show"), QStringLiteral("--xml"), path});
+    const QString path = store(m_live);
+    const ToolRun run = log({"show", "--xml", path});
     EXPECT_EQ(run.exitCode, 0) << run.err.toStdString();
     EXPECT_EQ(run.out.toUtf8(), m_live + "</Entries>") << "same header, same entries, closed";
     QDomDocument document;
     EXPECT_TRUE(document.setContent(run.out));
 
-    const ToolRun german = runTool({QStringLiteral("--lang"), QStringLiteral("de"), QStringLiteral("log"),
-                                    QStringLiteral("show"), path});
+    const ToolRun german = log({"show", path}, {"--lang", "de"});
     EXPECT_EQ(german.exitCode, 0);
     EXPECT_TRUE(german.out.contains(QStringLiteral("[Fehler]  Aktionsprotokollfehler: Fehler 'Bad & <worse>' beim "
                                                    "Lesen des Aktionsprotokolls 'Grüße.kol' in Zeile '4', Spalte '2'.")))
@@ -79,15 +82,12 @@ TEST_F(LogCommandTest, XmlReemitsAClosedDocumentAndLangTranslates)
 
 TEST_F(LogCommandTest, MalformedFilesShowTheEntriesBeforeTheFaultThenFail)
 {
-    const QString path = store(m_live + "\n  </Bogus>", QStringLiteral("bad.kol"));
+    const QString path = store(m_live + "\n  </Bogus>", "bad.kol");
     for (bool xml : {false, true}) {
-        QStringList arguments = {QStringLiteral("log"), QStringLiteral("show"), path};
-        if (xml)
-            arguments << QStringLiteral("--xml");
-        const ToolRun run = runTool(arguments);
+        const ToolRun run = log(xml ? QStringList{"show", path, "--xml"} : QStringList{"show", path});
         EXPECT_EQ(run.exitCode, 1);
-        EXPECT_EQ(run.out.count(QStringLiteral("Action log error")), xml ? 0 : 2) << run.out.toStdString();
-        EXPECT_EQ(run.out.count(QStringLiteral("<Entry ")), xml ? 2 : 0) << run.out.toStdString();
+        EXPECT_EQ(run.out.count("Action log error"), xml ? 0 : 2) << run.out.toStdString();
+        EXPECT_EQ(run.out.count("<Entry "), xml ? 2 : 0) << run.out.toStdString();
         EXPECT_EQ(run.err, QStringLiteral("commonkit: log: %1: malformed at line 2, column 10: "
                                           "Opening and ending tag mismatch.\n").arg(path));
     }
@@ -95,25 +95,20 @@ TEST_F(LogCommandTest, MalformedFilesShowTheEntriesBeforeTheFaultThenFail)
 
 TEST_F(LogCommandTest, BadArgumentsAndUnknownKinds)
 {
-    const QString unknown = store("<?xml version=\"1.0\"?><Entries><Entry ID=\"Abcd\"/><Entry ID=\"Efgh\"/>",
-                                  QStringLiteral("unknown.kol"));
-    const ToolRun skipped = runTool({QStringLiteral("log"), QStringLiteral("show"), unknown});
+    const QString unknown = store("<?xml version=\"1.0\"?><Entries><Entry ID=\"Abcd\"/><Entry ID=\"Efgh\"/>");
+    const ToolRun skipped = log({"show", unknown});
     EXPECT_EQ(skipped.exitCode, 0);
     EXPECT_TRUE(skipped.out.isEmpty());
-    EXPECT_TRUE(skipped.err.contains(QStringLiteral("2 entries"))) << skipped.err.toStdString();
+    EXPECT_TRUE(skipped.err.contains("2 entries")) << skipped.err.toStdString();
 
-    const QList<QStringList> cases = {
-        {QStringLiteral("log"), QStringLiteral("show"), m_dir.filePath(QStringLiteral("missing.kol"))},
-        {QStringLiteral("log"), QStringLiteral("list"), unknown},
-        {QStringLiteral("log"), QStringLiteral("show")},
-    };
+    const QList<QStringList> cases = {{"show", m_dir.filePath("missing.kol")}, {"list", unknown}, {"show"}};
     for (const QStringList& arguments : cases) {
-        const ToolRun run = runTool(arguments);
+        const ToolRun run = log(arguments);
         EXPECT_NE(run.exitCode, 0) << arguments.join(' ').toStdString();
-        EXPECT_TRUE(run.err.startsWith(QStringLiteral("commonkit: log: "))) << run.err.toStdString();
+        EXPECT_TRUE(run.err.startsWith("commonkit: log: ")) << run.err.toStdString();
         EXPECT_EQ(run.err.count(QLatin1Char('\n')), 1) << run.err.toStdString();
     }
-    EXPECT_EQ(runTool({QStringLiteral("log"), QStringLiteral("--help")}).exitCode, 0);
+    EXPECT_EQ(log({"--help"}).exitCode, 0);
 }
 
 } // namespace

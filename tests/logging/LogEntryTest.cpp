@@ -16,6 +16,8 @@
 
 namespace {
 
+using cktest::createNoteEntry;
+using cktest::createTextEntry;
 using cktest::NoteEntry;
 using cktest::TextEntry;
 
@@ -341,16 +343,6 @@ TEST(LogCategory, EveryTextHasGermanAndFrenchTranslations)
     EXPECT_EQ(ko::LogCategory(ko::CategoryError).name, QStringLiteral("Error"));
 }
 
-ko::LogEntry* createNote()
-{
-    return new NoteEntry;
-}
-
-ko::LogEntry* createText()
-{
-    return new TextEntry;
-}
-
 TEST(LogEntryFactory, RegistersReplacesAndRemembersUnknownCodes)
 {
     ko::LogEntryFactory factory;
@@ -359,9 +351,9 @@ TEST(LogEntryFactory, RegistersReplacesAndRemembersUnknownCodes)
     EXPECT_EQ(factory.create("Abcd"), nullptr) << "and it still creates nothing";
     EXPECT_TRUE(factory.entryNames().isEmpty());
 
-    factory.registerCreator("Zzzz", createNote, "zeta");
-    factory.registerCreator("Aaaa", createText, "Beta");
-    factory.registerCreator("Mmmm", createText, "alpha");
+    factory.registerCreator("Zzzz", createNoteEntry, "zeta");
+    factory.registerCreator("Aaaa", createTextEntry, "Beta");
+    factory.registerCreator("Mmmm", createTextEntry, "alpha");
     std::unique_ptr<ko::LogEntry> entry(factory.create("Zzzz"));
     ASSERT_NE(entry, nullptr);
     EXPECT_EQ(entry->type(), ko::FourChars("TstN"));
@@ -370,7 +362,7 @@ TEST(LogEntryFactory, RegistersReplacesAndRemembersUnknownCodes)
 
     // A copy is independent of the original.
     ko::LogEntryFactory copy = factory;
-    factory.registerCreator("Zzzz", createText, "omega");
+    factory.registerCreator("Zzzz", createTextEntry, "omega");
     entry.reset(copy.create("Zzzz"));
     EXPECT_EQ(entry->type(), ko::FourChars("TstN"));
     entry.reset(factory.create("Zzzz"));

@@ -85,11 +85,10 @@ TEST(XMLLogWriter, EntriesAreEmptyElementsWithOnlyTheirSetValues)
     const QDomNamedNodeMap attributes = entries.at(1).attributes();
     ASSERT_EQ(attributes.size(), 6);
     const QDomElement second = entries.at(1).toElement();
-    EXPECT_EQ(second.attribute(QStringLiteral("ID")), QStringLiteral("TstE"));
-    EXPECT_EQ(second.attribute(QStringLiteral("User")), QStringLiteral("anna"));
-    EXPECT_EQ(second.attribute(QStringLiteral("Text")), QStringLiteral("x"));
-    EXPECT_EQ(second.attribute(QStringLiteral("Numb")), QStringLiteral("-3"));
-    EXPECT_EQ(second.attribute(QStringLiteral("When")), timeText(full.when.value));
+    const std::pair<QString, QString> expected[] = {
+        {"ID", "TstE"}, {"User", "anna"}, {"Text", "x"}, {"Numb", "-3"}, {"When", timeText(full.when.value)}};
+    for (const auto& [name, value] : expected)
+        EXPECT_EQ(second.attribute(name), value) << name.toStdString();
     EXPECT_FALSE(second.hasChildNodes());
 }
 

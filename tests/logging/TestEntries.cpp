@@ -9,6 +9,14 @@
 namespace cktest {
 namespace {
 
+const bool registered = [] {
+    ko::logEntryFactory().registerCreator("TstE", createTextEntry, "Test entry");
+    ko::logEntryFactory().registerCreator("TstN", createNoteEntry, "Note");
+    return true;
+}();
+
+} // namespace
+
 ko::LogEntry* createTextEntry()
 {
     return new TextEntry;
@@ -18,14 +26,6 @@ ko::LogEntry* createNoteEntry()
 {
     return new NoteEntry;
 }
-
-const bool registered = [] {
-    ko::logEntryFactory().registerCreator("TstE", createTextEntry, "Test entry");
-    ko::logEntryFactory().registerCreator("TstN", createNoteEntry, "Note");
-    return true;
-}();
-
-} // namespace
 
 TextEntry::TextEntry()
     : text("Text", QStringLiteral("text")), number("Numb", QStringLiteral("number")),

@@ -56,6 +56,10 @@ public:
     QString title() const override { return QStringLiteral("Unregistered"); }
 };
 
+// The creators the factory holds for the two kinds.
+ko::LogEntry* createTextEntry();
+ko::LogEntry* createNoteEntry();
+
 // The bytes the XML writer produces for a live file (no closing tag) or a
 // closed one.
 QByteArray writeDocument(const std::vector<const ko::LogEntry*>& entries, bool closed,
