@@ -14,9 +14,8 @@ class COMMONKIT_EXPORT IAccessGroup
 public:
     virtual QString userName() const = 0;
     virtual QString groupName() const = 0;
-
-protected:
-    ~IAccessGroup() = default;
+    // Declared after the two operations, which keep the first two slots.
+    virtual ~IAccessGroup() = default;
 };
 
 } // namespace ko

@@ -1,0 +1,267 @@
+// The action log's location, stored settings, user name and logon sequence
+// (through a scripted logon provider, so it runs on every system).
+
+#include "ActionLogSupport.h"
+#include "TestEntries.h"
+
+#include "logging/IAccessGroup.h"
+#include "platform/Platform.h"
+#include "storage/Settings.h"
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QSettings>
+#include <QTemporaryDir>
+
+namespace {
+
+using cktest::fileEntries;
+using cktest::SignalRecorder;
+using cktest::TestLog;
+
+class ScriptedLogon : public ko::platform::LogonProvider
+{
+public:
+    bool logonUser(const std::wstring& user, const std::wstring& domain, const std::wstring&, int type,
+                   Token* token) override
+    {
+        calls << QStringLiteral("logon(%1,%2,%3)").arg(QString::fromStdWString(user), QString::fromStdWString(domain)).arg(type);
+        m_last = logonError;
+        if (logonError)
+            return false;
+        *token = this;
+        return true;
+    }
+    bool impersonateLoggedOnUser(Token) override
+    {
+        calls << QStringLiteral("impersonate");
+        m_last = impersonateError;
+        return true;
+    }
+    bool revertToSelf() override
+    {
+        calls << QStringLiteral("revert");
+        return true;
+    }
+    void closeToken(Token token) override
+    {
+        calls << (token == this ? QStringLiteral("close") : QStringLiteral("close-invalid"));
+    }
+    unsigned long lastError() const override { return m_last; }
+
+    QStringList calls;
+    unsigned long logonError = 0;
+    unsigned long impersonateError = 0;
+
+private:
+    unsigned long m_last = 0;
+};
+
+class Group : public ko::IAccessGroup
+{
+public:
+    Group(const char* user, const char* group) : m_user(QString::fromUtf8(user)), m_group(QString::fromUtf8(group)) {}
+    QString userName() const override { return m_user; }
+    QString groupName() const override { return m_group; }
+
+private:
+    QString m_user, m_group;
+};
+
+struct ActionLogSettings : ::testing::Test
+{
+    QTemporaryDir dir;
+    QByteArray savedState = qgetenv("XDG_STATE_HOME");
+    ScriptedLogon logon;
+    ko::platform::LogonProvider* previous = nullptr;
+
+    void SetUp() override
+    {
+        qputenv("XDG_STATE_HOME", dir.path().toUtf8());
+        QDir().mkpath(ko::ActionLog::defaultFileInfo().absolutePath());
+        previous = ko::platform::setLogonProvider(&logon);
+    }
+    void TearDown() override
+    {
+        ko::platform::setLogonProvider(previous);
+        qputenv("XDG_STATE_HOME", savedState);
+    }
+
+    QString defaultDir() const { return ko::ActionLog::defaultFileInfo().absolutePath(); }
+
+    // An "ActionLog" group in an INI file with the given keys.
+    QString settingsFile(const QVariantMap& values)
+    {
+        const QString file = dir.filePath(QStringLiteral("settings.ini"));
+        QFile::remove(file);
+        QSettings settings(file, QSettings::IniFormat);
+        for (auto it = values.begin(); it != values.end(); ++it)
+            settings.setValue(QStringLiteral("ActionLog/") + it.key(), it.value());
+        return file;
+    }
+};
+
+TEST_F(ActionLogSettings, DefaultFileLiesUnderTheUserLogDirectory)
+{
+    const QString app = QCoreApplication::applicationName();
+    EXPECT_EQ(ko::ActionLog::defaultFileInfo().absoluteFilePath().toStdString(),
+              QDir::cleanPath(dir.path() + QLatin1Char('/') + QCoreApplication::organizationName() + QLatin1Char('/')
+                              + app + QLatin1Char('/') + app + QStringLiteral(".kol"))
+                  .toStdString());
+}
+
+TEST_F(ActionLogSettings, SaveWritesTheGroupAndLoadReadsItBack)
+{
+    struct Row
+    {
+        QString custom;
+        QString storedPath;
+    };
+    const std::vector<Row> rows = {
+        {defaultDir() + QStringLiteral("/other.kol"), QStringLiteral("%LOCALAPPDATA%/other.kol")},
+        {dir.filePath(QStringLiteral("elsewhere/x.kol")), dir.filePath(QStringLiteral("elsewhere/x.kol"))},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.custom.toStdString());
+        const QString file = settingsFile({});
+        {
+            TestLog log(row.custom);
+            log.setSplitPolicy(ko::ActionLog::Weekly, 5000);
+            log.setFileUserPassword(QStringLiteral("op"), QStringLiteral("secret"));
+            log.setDefaultActive(false);
+            ko::Settings destination(file, QSettings::IniFormat);
+            log.save(&destination);
+        }
+        QSettings stored(file, QSettings::IniFormat);
+        stored.beginGroup(QStringLiteral("ActionLog"));
+        EXPECT_EQ(stored.value(QStringLiteral("SplitState")).toInt(), 2);
+        EXPECT_EQ(stored.value(QStringLiteral("SplitSize")).toInt(), 5000);
+        EXPECT_EQ(stored.value(QStringLiteral("ActionLogUser")).toString(), QStringLiteral("op"));
+        EXPECT_EQ(stored.value(QStringLiteral("ActionLogPassword")).toByteArray(), QByteArray("c2VjcmV0"));
+        EXPECT_EQ(stored.value(QStringLiteral("isDefaultLogPath")).toBool(), false);
+        EXPECT_EQ(stored.value(QStringLiteral("ActionLogPath")).toString(), row.storedPath);
+        EXPECT_FALSE(stored.contains(QStringLiteral("LogonMode")));
+
+        QDir().mkpath(QFileInfo(row.custom).absolutePath());
+        TestLog loaded(ko::ActionLog::defaultFileInfo().absoluteFilePath());
+        ko::Settings source(file, QSettings::IniFormat);
+        loaded.load(&source);
+        QString user, password;
+        loaded.fileUserPassword(user, password);
+        EXPECT_EQ(password, QStringLiteral("secret"));
+        EXPECT_EQ(loaded.splitPolicy(), ko::ActionLog::Weekly);
+        EXPECT_EQ(loaded.fileInfo().absoluteFilePath(), row.custom);
+        EXPECT_EQ(loaded.customFileInfo().absoluteFilePath(), row.custom);
+        EXPECT_FALSE(loaded.defaultActive());
+    }
+}
+
+TEST_F(ActionLogSettings, LoadDefaultsAndBackToTheDefaultFile)
+{
+    TestLog log(dir.filePath(QStringLiteral("custom.kol")));
+    ko::Settings empty(settingsFile({}), QSettings::IniFormat);
+    log.load(&empty);
+    EXPECT_EQ(log.splitPolicy(), ko::ActionLog::BySize);
+    EXPECT_EQ(log.splitSize(), 1048576);
+    EXPECT_TRUE(log.defaultActive());
+    EXPECT_EQ(log.fileInfo().absoluteFilePath(), ko::ActionLog::defaultFileInfo().absoluteFilePath());
+    log.load(nullptr); // ignored
+}
+
+TEST_F(ActionLogSettings, UserNameFromTheAccessGroupOrTheEnvironment)
+{
+    struct Row
+    {
+        const char* user;
+        const char* group;
+        const char* environment; // null: USERNAME unset
+        const char* expected;
+    };
+    const std::vector<Row> rows = {
+        {"Ann", "Admins", "bob", "Ann (Admins)"}, {"Ann", "", "bob", "Ann"},
+        {"", "Admins", nullptr, " (Admins)"},     {"", "", "bob", "bob (System)"},
+        {nullptr, nullptr, "bob", "bob (System)"}, {nullptr, nullptr, nullptr, ""},
+    };
+    const QByteArray saved = qgetenv("USERNAME");
+    const bool hadUser = qEnvironmentVariableIsSet("USERNAME");
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.expected);
+        if (row.environment)
+            qputenv("USERNAME", row.environment);
+        else
+            qunsetenv("USERNAME");
+        const QString path = dir.filePath(QStringLiteral("user.kol"));
+        QFile::remove(path);
+        TestLog log(path);
+        Group group(row.user ? row.user : "", row.group ? row.group : "");
+        log.setAccessGroup(row.user ? &group : nullptr);
+        EXPECT_EQ(log.userName(), QString::fromUtf8(row.expected));
+        cktest::TextEntry entry(QStringLiteral("x"), 1);
+        log.log(entry);
+        const auto entries = fileEntries(path);
+        ASSERT_EQ(entries.size(), 1);
+        EXPECT_EQ(entries[0].contains(QStringLiteral("User")), *row.expected != '\0');
+    }
+    if (hadUser)
+        qputenv("USERNAME", saved);
+    else
+        qunsetenv("USERNAME");
+}
+
+TEST_F(ActionLogSettings, LogonAroundEveryOpeningOfACustomFile)
+{
+    struct Row
+    {
+        int mode;
+        const char* user;
+        const char* path; // relative to the temporary directory unless absolute
+        unsigned long logonError, impersonateError;
+        QStringList calls;
+        const char* error; // the error signal, or null
+    };
+    const std::vector<Row> rows = {
+        {1, "op", "c.kol", 0, 0, {"logon(op,.,2)", "impersonate", "revert", "close"}, nullptr},
+        {2, "op", "c.kol", 0, 0, {"logon(op,.,3)", "impersonate", "revert", "close"}, nullptr},
+        {0, "op", "c.kol", 0, 0, {"logon(op,.,9)", "impersonate", "revert", "close"}, nullptr},
+        {7, "op", "c.kol", 0, 0, {"logon(op,.,9)", "impersonate", "revert", "close"}, nullptr},
+        {1, "op", "//server/share/log.kol", 0, 0, {"logon(op,.,9)", "impersonate", "revert", "close"}, "errorFile"},
+        {1, "", "c.kol", 0, 0, {"revert", "close-invalid"}, nullptr},
+        {1, "op", "c.kol", 1326, 0, {"logon(op,.,2)"}, "errorLogon(op,1326)"},
+        {1, "op", "c.kol", 0, 4, {"logon(op,.,2)", "impersonate", "revert", "close"}, nullptr},
+        {1, "op", "c.kol", 0, 5, {"logon(op,.,2)", "impersonate"}, "errorLogon(op,5)"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(std::to_string(row.mode) + " " + row.user + " " + row.path);
+        const QString path = QDir(dir.path()).filePath(QString::fromLatin1(row.path));
+        QFile::remove(path);
+        TestLog log(path);
+        log.setDefaultActive(false);
+        ko::Settings settings(settingsFile({{"isDefaultLogPath", false},
+                                            {"ActionLogPath", path},
+                                            {"ActionLogUser", row.user},
+                                            {"LogonMode", row.mode}}),
+                              QSettings::IniFormat);
+        log.load(&settings); // same file: no switch, so no opening yet
+        logon.calls.clear();
+        logon.logonError = row.logonError;
+        logon.impersonateError = row.impersonateError;
+        SignalRecorder recorder(log);
+        cktest::TextEntry entry(QStringLiteral("x"), 1);
+        log.log(entry);
+        EXPECT_EQ(logon.calls.mid(0, row.calls.size()), row.calls) << logon.calls.join(' ').toStdString();
+        const QStringList errors = recorder.lines.filter(QStringLiteral("error"));
+        if (row.error) {
+            ASSERT_FALSE(errors.isEmpty());
+            EXPECT_TRUE(errors.last().startsWith(QLatin1String(row.error))) << errors.last().toStdString();
+            // Failures fall back to the default file.
+            EXPECT_TRUE(log.defaultActive());
+        } else {
+            EXPECT_TRUE(errors.isEmpty()) << errors.join(' ').toStdString();
+            EXPECT_EQ(fileEntries(path).size(), 1);
+        }
+    }
+}
+
+} // namespace

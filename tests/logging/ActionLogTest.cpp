@@ -1,0 +1,327 @@
+// The action log's file: creation, appending, rollover, switching and
+// recovery, checked against the files as an independent XML parser sees them.
+
+#include "ActionLogSupport.h"
+#include "TestEntries.h"
+
+#include "logging/ActionLogContextSwitchEntry.h"
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QLocale>
+#include <QTemporaryDir>
+
+namespace {
+
+using cktest::fileEntries;
+using cktest::SignalRecorder;
+using cktest::TestLog;
+using cktest::TextEntry;
+
+QDateTime at(const char* text)
+{
+    return QDateTime::fromString(QString::fromLatin1(text), Qt::ISODate);
+}
+
+QByteArray readFile(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void writeFile(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    file.write(bytes);
+}
+
+QStringList filesIn(const QTemporaryDir& dir)
+{
+    return QDir(dir.path()).entryList(QDir::Files, QDir::Name);
+}
+
+struct ActionLogFile : ::testing::Test
+{
+    QTemporaryDir dir;
+    QString path = dir.filePath(QStringLiteral("act.kol"));
+
+    void logText(TestLog& log, const QString& text, const char* when = nullptr)
+    {
+        if (when)
+            log.now = at(when);
+        TextEntry entry(text, 1);
+        log.log(entry);
+    }
+};
+
+TEST_F(ActionLogFile, MutedUntilUnmutedThenHeaderOnceAndAppends)
+{
+    writeFile(path, QByteArray()); // a file of size 0 counts as new
+    TestLog log(path);
+    log.mute(true);
+    logText(log, QStringLiteral("ignored"));
+    EXPECT_EQ(log.count(), 0);
+    EXPECT_TRUE(readFile(path).isEmpty());
+
+    log.mute(false);
+    SignalRecorder recorder(log);
+    logText(log, QStringLiteral("one"));
+    logText(log, QStringLiteral("two"));
+    const QByteArray bytes = readFile(path);
+    EXPECT_TRUE(bytes.startsWith("<?xml")) << bytes.constData();
+    EXPECT_EQ(bytes.count("<Entries"), 1);
+    const auto entries = fileEntries(path);
+    ASSERT_EQ(entries.size(), 2);
+    EXPECT_EQ(entries[1].value(QStringLiteral("Text")), QStringLiteral("two"));
+    EXPECT_EQ(recorder.lines, QStringList({"adding(0,0)", "added(0,0)", "adding(1,1)", "added(1,1)"}));
+
+    // A second log on the same file reads the entries and appends after them.
+    TestLog again(path);
+    logText(again, QStringLiteral("three"));
+    EXPECT_EQ(again.count(), 3);
+    EXPECT_EQ(fileEntries(path).size(), 3);
+    EXPECT_EQ(readFile(path).count("<Entries"), 1);
+}
+
+TEST_F(ActionLogFile, StampsTimeAndUserIntoTheCallersEntry)
+{
+    TestLog log(path);
+    log.now = at("2026-03-04T10:00:00");
+    TextEntry entry(QStringLiteral("x"), 1);
+    entry.setTime(at("2001-01-01T00:00:00"));
+    entry.setUser(QStringLiteral("caller"));
+    log.log(entry);
+    EXPECT_EQ(entry.time(), log.now);
+    EXPECT_EQ(entry.user(), log.userName());
+    EXPECT_EQ(log.entry(0)->time(), log.now);
+}
+
+struct SplitRow
+{
+    ko::ActionLog::ESplitPolicy policy;
+    const char* previous;
+    const char* current;
+    const char* backup; // null: no split
+};
+
+TEST_F(ActionLogFile, PeriodSplitsNameTheBackupAfterThePreviousEntry)
+{
+    const QString march = QLocale::system().monthName(3, QLocale::ShortFormat);
+    const std::vector<SplitRow> rows = {
+        {ko::ActionLog::Daily, "2026-03-04T10:00:00", "2026-03-05T09:00:00", "act 2026-10-04.kol"},
+        {ko::ActionLog::Daily, "2026-03-04T10:00:00", "2026-03-04T23:00:00", nullptr},
+        {ko::ActionLog::Daily, "2026-12-31T10:00:00", "2027-01-01T09:00:00", nullptr},
+        {ko::ActionLog::Weekly, "2026-03-08T10:00:00", "2026-03-09T09:00:00", "act 2026-10.kol"},
+        {ko::ActionLog::Weekly, "2025-12-29T10:00:00", "2026-01-05T09:00:00", "act 2025-1.kol"},
+        {ko::ActionLog::Weekly, "2026-12-30T10:00:00", "2027-01-05T09:00:00", nullptr},
+        {ko::ActionLog::Monthly, "2026-03-31T10:00:00", "2026-04-01T09:00:00", "act 2026-MAR.kol"},
+        {ko::ActionLog::Monthly, "2026-12-31T10:00:00", "2027-01-02T09:00:00", nullptr},
+        {ko::ActionLog::NoSplit, "2026-03-04T10:00:00", "2026-07-05T09:00:00", nullptr},
+        {static_cast<ko::ActionLog::ESplitPolicy>(3), "2026-03-04T10:00:00", "2026-07-05T09:00:00", nullptr},
+    };
+    for (const SplitRow& row : rows) {
+        SCOPED_TRACE(std::string(row.previous) + " -> " + row.current);
+        QDir(dir.path()).removeRecursively();
+        QDir().mkpath(dir.path());
+        TestLog log(path);
+        log.setSplitPolicy(row.policy, 1048576);
+        logText(log, QStringLiteral("before"), row.previous);
+        SignalRecorder recorder(log);
+        logText(log, QStringLiteral("after"), row.current);
+        QStringList expectedFiles{QStringLiteral("act.kol")};
+        if (row.backup) {
+            const QString backup = QString::fromLatin1(row.backup).replace(QStringLiteral("MAR"), march);
+            expectedFiles << backup;
+            EXPECT_EQ(fileEntries(dir.filePath(backup)).size(), 1);
+            EXPECT_EQ(recorder.lines.first(), QStringLiteral("removing(0,1)"));
+        }
+        expectedFiles.sort();
+        EXPECT_EQ(filesIn(dir), expectedFiles);
+        EXPECT_EQ(log.count(), row.backup ? 1 : 2);
+        EXPECT_EQ(fileEntries(path).size(), row.backup ? 1 : 2);
+    }
+}
+
+TEST_F(ActionLogFile, SizeSplitStartsAFreshFileNamedAfterTheApplication)
+{
+    TestLog log(path);
+    log.setSplitPolicy(ko::ActionLog::BySize, 400);
+    int logged = 0;
+    while (QFileInfo(path).size() <= 400)
+        logText(log, QStringLiteral("entry %1").arg(logged++), "2026-03-04T10:00:00");
+    logText(log, QStringLiteral("entry %1").arg(logged++), "2026-03-04T10:20:30");
+    const QString backup = QCoreApplication::applicationName() + QStringLiteral(" 2026-03-04 10-20-30.kol");
+    EXPECT_EQ(fileEntries(dir.filePath(backup)).size(), logged - 1);
+    const auto current = fileEntries(path);
+    ASSERT_EQ(current.size(), 1);
+    EXPECT_EQ(current[0].value(QStringLiteral("Text")), QStringLiteral("entry %1").arg(logged - 1));
+    EXPECT_TRUE(readFile(path).startsWith("<?xml"));
+    EXPECT_EQ(log.count(), 1);
+
+    // A second split within the same second finds the name taken: the entry
+    // stays in the current file.
+    while (QFileInfo(path).size() <= 400)
+        logText(log, QStringLiteral("more"));
+    logText(log, QStringLiteral("kept"), "2026-03-04T10:20:30");
+    EXPECT_EQ(fileEntries(path).last().value(QStringLiteral("Text")), QStringLiteral("kept"));
+}
+
+TEST_F(ActionLogFile, DamagedFilesAreMovedAsideWithTheirSignals)
+{
+    struct Row
+    {
+        QByteArray content;
+        const char* suffix;
+        QStringList errors; // prefixes; %1: the log file
+    };
+    const QByteArray header = R"(<?xml version="1.0" encoding="UTF-8"?><Entries Version="v0.1">)";
+    const std::vector<Row> rows = {
+        {header + R"(<Entry ID="TstE" Text="a"/><<garbage>>)", ".kol.corrupt", {"errorXml(1,"}},
+        {"plain text, not a log", ".kol.invalidHeader", {"errorFile(%1,4)"}},
+    };
+    for (const Row& row : rows) {
+        QDir(dir.path()).removeRecursively();
+        QDir().mkpath(dir.path());
+        writeFile(path, row.content);
+        TestLog log(path);
+        log.now = at("2026-03-04T10:20:30");
+        SignalRecorder recorder(log);
+        logText(log, QStringLiteral("lost"));
+        const QString backup = QStringLiteral("act 2026-03-04 10-20-30") + QLatin1String(row.suffix);
+        const QStringList observed = recorder.lines.filter(QStringLiteral("error"));
+        ASSERT_EQ(observed.size(), row.errors.size()) << observed.join(' ').toStdString();
+        for (int i = 0; i < observed.size(); ++i)
+            EXPECT_TRUE(observed[i].startsWith(QString(row.errors[i]).replace(QStringLiteral("%1"), path)))
+                << observed[i].toStdString();
+        EXPECT_EQ(filesIn(dir), QStringList{backup});
+        EXPECT_EQ(readFile(dir.filePath(backup)), row.content);
+
+        // The next entry starts a fresh file.
+        logText(log, QStringLiteral("fresh"));
+        const auto entries = fileEntries(path);
+        ASSERT_EQ(entries.size(), 1);
+        EXPECT_EQ(entries[0].value(QStringLiteral("Text")), QStringLiteral("fresh"));
+    }
+}
+
+TEST_F(ActionLogFile, ReadLogReportsGarbageAndALiveFileReadsWithoutError)
+{
+    TextEntry a(QStringLiteral("a"), 1);
+    writeFile(path, cktest::writeDocument({&a}, false));
+    TestLog live(path);
+    SignalRecorder liveSignals(live);
+    live.readLog();
+    EXPECT_EQ(live.count(), 1);
+    EXPECT_TRUE(liveSignals.lines.filter(QStringLiteral("error")).isEmpty());
+
+    writeFile(path, cktest::writeDocument({&a}, false) + "<Entry ID=\"TstE\"/>&bogus;");
+    TestLog broken(path);
+    SignalRecorder recorder(broken);
+    broken.readLog();
+    EXPECT_EQ(recorder.lines.filter(QStringLiteral("error")).size(), 1);
+    EXPECT_TRUE(recorder.lines.filter(QStringLiteral("error")).first().startsWith(QStringLiteral("errorXml(1,")));
+    EXPECT_TRUE(QFile::exists(path)); // reading alone moves nothing
+}
+
+TEST_F(ActionLogFile, PartlyWrittenEntryIsCutAndTheNextFollowsACompleteOne)
+{
+    TextEntry a(QString::fromUtf8("\xc3\xa4\xe2\x82\xac\xf0\x9f\x99\x82"), 1); // 2-, 3- and 4-byte characters
+    const QByteArray complete = cktest::writeDocument({&a}, false);
+    const std::vector<QByteArray> tails = {
+        "<Entry ID=\"TstE\" Text=\"cut", "<Entry ID=\"TstE\" Text=\"\xc3\xa4\xe2\x82", "<", " ",
+    };
+    for (const QByteArray& tail : tails) {
+        SCOPED_TRACE(tail.constData());
+        writeFile(path, complete + tail);
+        TestLog log(path);
+        SignalRecorder recorder(log);
+        logText(log, QStringLiteral("next"));
+        bool wellFormed = false;
+        const auto entries = fileEntries(path, &wellFormed);
+        EXPECT_TRUE(wellFormed);
+        ASSERT_EQ(entries.size(), 2);
+        EXPECT_EQ(entries[0].value(QStringLiteral("Text")), a.text.value);
+        EXPECT_EQ(entries[1].value(QStringLiteral("Text")), QStringLiteral("next"));
+        EXPECT_TRUE(readFile(path).startsWith(complete));
+        EXPECT_TRUE(recorder.lines.filter(QStringLiteral("error")).isEmpty());
+    }
+
+    // A header cut short leaves nothing to keep: a fresh header is written.
+    writeFile(path, "<?xml version=\"1.0\" encoding=\"UTF-8\"?><Entries Vers");
+    TestLog log(path);
+    logText(log, QStringLiteral("only"));
+    EXPECT_EQ(readFile(path).count("<Entries"), 1);
+    EXPECT_EQ(fileEntries(path).size(), 1);
+}
+
+TEST_F(ActionLogFile, SwitchingWritesTheContextSwitchIntoBothFiles)
+{
+    const QString other = dir.filePath(QStringLiteral("other.kol"));
+    TestLog log(path);
+    logText(log, QStringLiteral("first"));
+    SignalRecorder recorder(log);
+    log.setFileInfo(QFileInfo(other));
+    EXPECT_FALSE(log.defaultActive());
+    EXPECT_EQ(log.customFileInfo().absoluteFilePath(), other);
+    EXPECT_EQ(recorder.lines.first(), QStringLiteral("removing(0,1)"));
+    EXPECT_EQ(recorder.lines.last(), QStringLiteral("switched(other.kol)"));
+    for (const QString& file : {path, other}) {
+        const auto entries = fileEntries(file);
+        ASSERT_FALSE(entries.isEmpty());
+        EXPECT_EQ(entries.last().value(QStringLiteral("ID")), QStringLiteral("ALog"));
+        EXPECT_EQ(entries.last().value(QStringLiteral("Olif")), QFileInfo(path).absoluteFilePath());
+        EXPECT_EQ(entries.last().value(QStringLiteral("Nlif")), other);
+    }
+    // Logged once into each file, so held twice.
+    ASSERT_EQ(log.count(), 2);
+    EXPECT_EQ(log.entry(1)->description(),
+              QStringLiteral("Switched logging from '%1' to '%2'.").arg(QFileInfo(path).absoluteFilePath(), other));
+
+    // The same file again changes nothing.
+    recorder.lines.clear();
+    log.setFileInfo(QFileInfo(other));
+    EXPECT_TRUE(recorder.lines.isEmpty());
+}
+
+TEST_F(ActionLogFile, EntryListOperationsAndTheirSignals)
+{
+    TestLog log(path);
+    SignalRecorder recorder(log);
+    log.removeAllLogEntries();
+    EXPECT_TRUE(recorder.lines.isEmpty());
+    for (int i = 0; i < 3; ++i)
+        logText(log, QString::number(i));
+    recorder.lines.clear();
+    QList<ko::LogEntry*> doomed{log.entry(2), log.entry(0)};
+    EXPECT_TRUE(log.deleteEntries(doomed));
+    EXPECT_EQ(recorder.lines, QStringList({"removing(2,2)", "removed(2,2)", "removing(0,0)", "removed(0,0)"}));
+    ASSERT_EQ(log.count(), 1);
+    EXPECT_EQ(static_cast<TextEntry*>(log.entry(0))->text.value, QStringLiteral("1"));
+
+    const QString copy = dir.filePath(QStringLiteral("copy.kol"));
+    QList<ko::LogEntry*> all{log.entry(0)};
+    EXPECT_TRUE(log.backupEntries(all, copy));
+    EXPECT_TRUE(readFile(copy).endsWith("</Entries>"));
+    EXPECT_EQ(fileEntries(copy).size(), 1);
+    const QByteArray before = readFile(copy);
+    QList<ko::LogEntry*> none;
+    EXPECT_TRUE(log.backupEntries(none, copy)); // an existing file is left alone
+    EXPECT_EQ(readFile(copy), before);
+
+    recorder.lines.clear();
+    log.removeAllLogEntries();
+    EXPECT_EQ(recorder.lines, QStringList({"removing(0,1)", "removed(0,1)"}));
+
+    QFile file(path);
+    EXPECT_TRUE(log.finalize(file));
+    EXPECT_TRUE(readFile(path).endsWith("\n</Entries>\n"));
+    bool wellFormed = false;
+    fileEntries(path, &wellFormed);
+    EXPECT_TRUE(wellFormed);
+}
+
+} // namespace
