@@ -1,0 +1,149 @@
+// The action log under concurrent threads, and under a writer process that is
+// killed at random moments.
+
+#include "ActionLogSupport.h"
+
+#include "logging/ActionLogContextSwitchEntry.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QRandomGenerator>
+#include <QSet>
+#include <QTemporaryDir>
+#include <QThread>
+
+#include <csignal>
+#include <thread>
+#include <vector>
+
+namespace {
+
+constexpr int k_threads = 4;
+constexpr int k_perThread = 5000;
+
+// Whether the numbers of each thread ("t<thread>:<i>") come in order and
+// complete; the texts of other kinds are skipped.
+void expectEveryThreadInOrder(const QStringList& texts)
+{
+    std::vector<int> next(k_threads, 0);
+    for (const QString& text : texts) {
+        const QStringList parts = text.mid(1).split(QLatin1Char(':'));
+        if (!text.startsWith(QLatin1Char('t')) || parts.size() != 2)
+            continue;
+        const int thread = parts[0].toInt();
+        ASSERT_EQ(parts[1].toInt(), next[thread]) << text.toStdString();
+        ++next[thread];
+    }
+    for (int count : next)
+        EXPECT_EQ(count, k_perThread);
+}
+
+QStringList oldFileValues(const QString& path)
+{
+    QStringList texts;
+    for (const auto& entry : cktest::fileEntries(path))
+        texts << entry.value(QStringLiteral("Olif"));
+    return texts;
+}
+
+struct ActionLogStress : ::testing::Test
+{
+    QTemporaryDir dir;
+    QByteArray savedState = qgetenv("XDG_STATE_HOME");
+    void SetUp() override { qputenv("XDG_STATE_HOME", dir.path().toUtf8()); }
+    void TearDown() override
+    {
+        ko::ActionLog::deleteActionLog();
+        qputenv("XDG_STATE_HOME", savedState);
+    }
+
+    void logFromThreads()
+    {
+        std::vector<std::thread> threads;
+        for (int t = 0; t < k_threads; ++t) {
+            threads.emplace_back([t] {
+                for (int i = 0; i < k_perThread; ++i) {
+                    ko::ActionLogContextSwitchEntry entry(QStringLiteral("t%1:%2").arg(t).arg(i), QString());
+                    ko::ActionLog::getInstance()->log(entry);
+                }
+            });
+        }
+        for (std::thread& thread : threads)
+            thread.join();
+    }
+};
+
+TEST_F(ActionLogStress, FourThreadsLoseNothingAndKeepTheirOrder)
+{
+    ko::ActionLog* log = ko::ActionLog::getInstance();
+    log->setSplitPolicy(ko::ActionLog::NoSplit, 0);
+    log->mute(false);
+    logFromThreads();
+    ASSERT_EQ(log->count(), k_threads * k_perThread);
+    QStringList inMemory;
+    for (int i = 0; i < log->count(); ++i)
+        inMemory << static_cast<const ko::ActionLogContextSwitchEntry*>(log->entry(i))->oldFile();
+    expectEveryThreadInOrder(inMemory);
+    const QStringList inFile = oldFileValues(ko::ActionLog::defaultFileInfo().absoluteFilePath());
+    EXPECT_EQ(inFile, inMemory);
+}
+
+TEST_F(ActionLogStress, FourThreadsWithRolloverLeaveEveryEntryInSomeFile)
+{
+    ko::ActionLog* log = ko::ActionLog::getInstance();
+    log->setSplitPolicy(ko::ActionLog::BySize, 64 * 1024);
+    log->mute(false);
+    logFromThreads();
+    const QDir folder = ko::ActionLog::defaultFileInfo().absoluteDir();
+    QStringList files = folder.entryList({QStringLiteral("*.kol")}, QDir::Files, QDir::Time | QDir::Reversed);
+    EXPECT_GT(files.size(), 1);
+    // Backups are named by the second they were made in; the current file
+    // comes last.
+    files.removeAll(ko::ActionLog::defaultFileInfo().fileName());
+    files.sort();
+    files << ko::ActionLog::defaultFileInfo().fileName();
+    QStringList all;
+    for (const QString& file : files)
+        all << oldFileValues(folder.filePath(file));
+    EXPECT_EQ(all.size(), k_threads * k_perThread);
+    expectEveryThreadInOrder(all);
+}
+
+TEST_F(ActionLogStress, KilledWriterNeverLosesAReportedEntry)
+{
+    const QString path = dir.filePath(QStringLiteral("killed.kol"));
+    QSet<long long> reported;
+    long long next = 0;
+    int kills = 0;
+    for (int round = 0; round < 60; ++round) {
+        QProcess child;
+        child.start(QStringLiteral(ACTIONLOG_WRITER_CHILD), {path, QString::number(next)});
+        ASSERT_TRUE(child.waitForStarted());
+        QThread::msleep(QRandomGenerator::global()->bounded(15, 60));
+        ::kill(static_cast<pid_t>(child.processId()), SIGKILL);
+        ASSERT_TRUE(child.waitForFinished());
+        kills += child.exitStatus() == QProcess::CrashExit;
+        // Only complete lines were printed after log() returned.
+        const QList<QByteArray> lines = child.readAllStandardOutput().split('\n');
+        for (int i = 0; i + 1 < lines.size(); ++i) {
+            reported.insert(lines[i].toLongLong());
+            next = std::max(next, lines[i].toLongLong() + 1);
+        }
+    }
+    EXPECT_GE(kills, 50);
+    EXPECT_GT(reported.size(), 0);
+
+    bool wellFormed = false;
+    const auto entries = cktest::fileEntries(path, &wellFormed);
+    ASSERT_TRUE(wellFormed);
+    QSet<long long> inFile;
+    for (const auto& entry : entries)
+        inFile.insert(entry.value(QStringLiteral("Olif")).toLongLong());
+    for (long long number : qAsConst(reported))
+        ASSERT_TRUE(inFile.contains(number)) << number;
+}
+
+} // namespace
