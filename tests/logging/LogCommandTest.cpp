@@ -7,8 +7,11 @@
 
 #include <gtest/gtest.h>
 
+#include <QDir>
 #include <QDomDocument>
 #include <QFile>
+#include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 namespace {
@@ -109,6 +112,84 @@ TEST_F(LogCommandTest, BadArgumentsAndUnknownKinds)
         EXPECT_EQ(run.err.count(QLatin1Char('\n')), 1) << run.err.toStdString();
     }
     EXPECT_EQ(log({"--help"}).exitCode, 0);
+}
+
+// append, finalize and show --follow on a file in a scratch directory.
+TEST(LogWriteCommands, AppendFinalizeAndTheirRefusals)
+{
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("a.kol"));
+    struct Row
+    {
+        QStringList arguments;
+        int exitCode;
+        const char* err; // start of standard error, or null
+    };
+    const std::vector<Row> rows = {
+        {{"append", path, "--kind", "ALog", "--value", "Olif=/old", "--value", "Nlif=/new"}, 0, nullptr},
+        {{"append", path, "--kind", "ALog", "--value", "Olif=second"}, 0, nullptr},
+        {{"append", path, "--kind", "NoSu", "x"}, 2, "commonkit: log append: unknown kind 'NoSu' (known: "},
+        {{"append", path, "--kind", "ALog", "--value", "Bad!=1"}, 2, "commonkit: log append: kind 'ALog' has no value 'Bad!'"},
+        {{"append", path, "--split", "hourly"}, 2, "commonkit: log append: --split must be"},
+        {{"finalize", path}, 0, nullptr},
+        {{"finalize", path}, 1, "commonkit: log finalize: "},
+    };
+    for (const Row& row : rows) {
+        const ToolRun run = runTool(QStringList{"log"} + row.arguments);
+        EXPECT_EQ(run.exitCode, row.exitCode) << row.arguments.join(' ').toStdString() << run.err.toStdString();
+        if (row.err) {
+            EXPECT_TRUE(run.err.startsWith(QString::fromUtf8(row.err))) << run.err.toStdString();
+        }
+    }
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    QDomDocument document;
+    ASSERT_TRUE(document.setContent(&file)); // finalized: a complete document
+    const QDomNodeList entries = document.elementsByTagName(QStringLiteral("Entry"));
+    ASSERT_EQ(entries.size(), 2);
+    EXPECT_EQ(entries.at(0).toElement().attribute(QStringLiteral("Nlif")), QStringLiteral("/new"));
+    EXPECT_EQ(entries.at(1).toElement().attribute(QStringLiteral("Olif")), QStringLiteral("second"));
+}
+
+TEST(LogWriteCommands, SizeRolloverThroughTheTool)
+{
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("r.kol"));
+    for (const char* text : {"one", "two"})
+        EXPECT_EQ(runTool({"log", "append", path, "--kind", "ALog", "--value", QStringLiteral("Olif=") + text,
+                           "--split", "size:10"})
+                      .exitCode,
+                  0);
+    const QStringList backups = QDir(dir.path()).entryList({"commonkit *.kol"}, QDir::Files);
+    ASSERT_EQ(backups.size(), 1);
+    EXPECT_TRUE(QRegularExpression("^commonkit \\d{4}-\\d\\d-\\d\\d \\d\\d-\\d\\d-\\d\\d\\.kol$").match(backups[0]).hasMatch());
+}
+
+TEST(LogWriteCommands, FollowPrintsWhatAnotherProcessAppends)
+{
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("f.kol"));
+    ASSERT_EQ(runTool({"log", "append", path, "--kind", "ALog", "--value", "Olif=before"}).exitCode, 0);
+    QProcess follower;
+    follower.start(QStringLiteral(COMMONKIT_TOOL), {"log", "show", path, "--follow"});
+    ASSERT_TRUE(follower.waitForStarted());
+    QByteArray seen;
+    auto waitFor = [&](const QByteArray& text) {
+        for (int i = 0; i < 50 && !seen.contains(text); ++i) {
+            follower.waitForReadyRead(200);
+            seen += follower.readAllStandardOutput();
+        }
+        return seen.contains(text);
+    };
+    EXPECT_TRUE(waitFor("'before'"));
+    ASSERT_EQ(runTool({"log", "append", path, "--kind", "ALog", "--value", "Olif=after"}).exitCode, 0);
+    EXPECT_TRUE(waitFor("'after'")) << seen.constData();
+    // A rollover replaces the file; following goes on in the new one.
+    ASSERT_EQ(runTool({"log", "append", path, "--kind", "ALog", "--value", "Olif=rolled", "--split", "size:10"}).exitCode, 0);
+    EXPECT_TRUE(waitFor("'rolled'")) << seen.constData();
+    EXPECT_EQ(seen.count("'after'"), 1);
+    follower.kill();
+    follower.waitForFinished();
 }
 
 } // namespace

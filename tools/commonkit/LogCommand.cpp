@@ -1,7 +1,9 @@
-// commonkit log show: the entries of an action log file, one line each.
+// commonkit log show: the entries of an action log file, one line each, and
+// the dispatch to the other log actions (LogActions.h).
 
 #include "Command.h"
 #include "CommandLine.h"
+#include "LogActions.h"
 
 #include "logging/LogEntry.h"
 #include "logging/XMLLogReader.h"
@@ -11,6 +13,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QTextStream>
+#include <QThread>
 #include <QXmlStreamReader>
 
 #include <memory>
@@ -85,21 +88,63 @@ void writeXml(QTextStream& out, const QString& path, const std::vector<std::uniq
     writer.writeEndDocument();
 }
 
+// Whether the file at path was replaced or cut since `file` was opened on it
+// (a rollover moves the file away and starts a new one).
+bool replacedSinceOpened(const QFile& file, const QString& path)
+{
+    const QFileInfo now(path);
+    return !now.exists() || now.size() < file.pos();
+}
+
+// Prints the entries that other processes append, until interrupted.
+[[noreturn]] void follow(const QString& path, QFile& file, std::unique_ptr<ko::XMLLogReader> reader,
+                         QTextStream& out)
+{
+    for (;;) {
+        while (!reader->atEnd() && !reader->hasFault()) {
+            std::unique_ptr<ko::LogEntry> entry(reader->readNextLogEntry());
+            if (entry && !reader->hasFault())
+                out << entryLine(*entry) << "\n";
+        }
+        out.flush();
+        QThread::msleep(200);
+        if (replacedSinceOpened(file, path) || reader->hasFault()) {
+            file.close();
+            while (!file.open(QIODevice::ReadOnly))
+                QThread::msleep(200);
+            reader = std::make_unique<ko::XMLLogReader>(&file);
+        }
+    }
+}
+
 int runLog(const QStringList& arguments)
 {
+    const QString requested = arguments.value(1);
+    if (requested == QLatin1String("append"))
+        return runLogAppend(arguments);
+    if (requested == QLatin1String("finalize"))
+        return runLogFinalize(arguments);
+
     CommandLine commandLine(QStringLiteral("log"),
                             tr("Shows the entries of an action log file, one line each: time, user, "
-                               "category, title and description."));
+                               "category, title and description. Other actions: append, finalize "
+                               "(see commonkit log append --help)."));
     commandLine.addPositional(QStringLiteral("show"), tr("The action: show."));
     commandLine.addPositional(QStringLiteral("file"), tr("The action log file (live or closed)."));
     commandLine.addOption(QCommandLineOption(QStringLiteral("xml"),
                                              tr("Write the entries as a closed action log document instead.")));
+    commandLine.addOption(QCommandLineOption(
+        QStringLiteral("follow"),
+        tr("Keep printing the entries that are appended to the file, until interrupted (like tail -f).")));
     if (!commandLine.parse(arguments, 2, 2))
         return 0;
     const QString action = commandLine.positional().at(0);
     const QString path = commandLine.positional().at(1);
     if (action != QLatin1String("show"))
-        throw CommandError(tr("log: unknown action '%1' (use show)").arg(action), 2);
+        throw CommandError(tr("log: unknown action '%1' (use show, append or finalize)").arg(action), 2);
+    const bool following = commandLine.isSet(QStringLiteral("follow"));
+    if (following && commandLine.isSet(QStringLiteral("xml")))
+        throw CommandError(tr("log: --follow and --xml cannot be combined"), 2);
 
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
@@ -112,7 +157,8 @@ int runLog(const QStringList& arguments)
     QTextStream out(stdout);
     out.setCodec("UTF-8");
 
-    ko::XMLLogReader reader(&file);
+    auto owned = std::make_unique<ko::XMLLogReader>(&file);
+    ko::XMLLogReader& reader = *owned;
     while (!reader.atEnd() && !reader.hasError()) {
         std::unique_ptr<ko::LogEntry> entry(reader.readNextLogEntry());
         if (reader.hasFault()) {
@@ -132,6 +178,8 @@ int runLog(const QStringList& arguments)
     if (asXml)
         writeXml(out, path, entries);
     out.flush();
+    if (following && !reader.hasFault())
+        follow(path, file, std::move(owned), out);
 
     if (skipped > 0)
         QTextStream(stderr) << tr("note: %1 entries of kinds unknown to this program were skipped").arg(skipped)

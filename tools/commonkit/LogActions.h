@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QStringList>
+
+namespace cktool {
+
+// commonkit log append FILE [TEXT] [--kind CODE] [--value ID=TEXT]... [--split POLICY]
+int runLogAppend(const QStringList& arguments);
+// commonkit log finalize FILE
+int runLogFinalize(const QStringList& arguments);
+
+} // namespace cktool
