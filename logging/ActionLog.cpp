@@ -134,7 +134,7 @@ const LogEntry* ActionLog::entry(int index) const
 
 QString ActionLog::name() const
 {
-    return translate("ActionLog");
+    return QCoreApplication::translate("ActionLog", "ActionLog");
 }
 
 void ActionLog::mute(bool muted)

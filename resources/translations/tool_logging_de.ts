@@ -4,10 +4,6 @@
 <context>
     <name>cktool</name>
     <message>
-        <source>Shows the entries of an action log file, one line each: time, user, category, title and description.</source>
-        <translation>Zeigt die Einträge einer Aktionsprotokolldatei, je eine Zeile: Zeit, Benutzer, Kategorie, Titel und Beschreibung.</translation>
-    </message>
-    <message>
         <source>The action: show.</source>
         <translation>Die Aktion: show.</translation>
     </message>
@@ -18,10 +14,6 @@
     <message>
         <source>Write the entries as a closed action log document instead.</source>
         <translation>Stattdessen die Einträge als abgeschlossenes Aktionsprotokoll-Dokument ausgeben.</translation>
-    </message>
-    <message>
-        <source>log: unknown action '%1' (use show)</source>
-        <translation>log: unbekannte Aktion '%1' (show verwenden)</translation>
     </message>
     <message>
         <source>log: cannot open '%1': %2</source>

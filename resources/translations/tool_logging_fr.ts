@@ -4,10 +4,6 @@
 <context>
     <name>cktool</name>
     <message>
-        <source>Shows the entries of an action log file, one line each: time, user, category, title and description.</source>
-        <translation>Affiche les entrées d'un fichier de journal des actions, une ligne chacune : heure, utilisateur, catégorie, titre et description.</translation>
-    </message>
-    <message>
         <source>The action: show.</source>
         <translation>L'action : show.</translation>
     </message>
@@ -18,10 +14,6 @@
     <message>
         <source>Write the entries as a closed action log document instead.</source>
         <translation>Écrire plutôt les entrées sous forme de document de journal des actions clos.</translation>
-    </message>
-    <message>
-        <source>log: unknown action '%1' (use show)</source>
-        <translation>log : action inconnue '%1' (utiliser show)</translation>
     </message>
     <message>
         <source>log: cannot open '%1': %2</source>

@@ -78,18 +78,18 @@ public:
     explicit ErrorPrinter(ko::ActionLog& log)
     {
         QObject::connect(&log, &ko::ActionLog::errorFile, [this](const QString& file, int type) {
-            report(type == 4 ? tr("'%1' is not an action log; it was moved aside").arg(file)
-                   : type == 3 ? tr("could not move '%1' aside").arg(file)
-                               : tr("cannot open '%1'").arg(file));
+            report(type == 4 ? cktool::tr("'%1' is not an action log; it was moved aside").arg(file)
+                   : type == 3 ? cktool::tr("could not move '%1' aside").arg(file)
+                               : cktool::tr("cannot open '%1'").arg(file));
         });
         QObject::connect(&log, &ko::ActionLog::errorXml, [this](const QString& error, int line, int column) {
-            report(tr("malformed at line %1, column %2: %3; the file is moved aside")
+            report(cktool::tr("malformed at line %1, column %2: %3; the file is moved aside")
                        .arg(line)
                        .arg(column)
                        .arg(error));
         });
         QObject::connect(&log, &ko::ActionLog::errorLogon, [this](const QString& user, int code) {
-            report(tr("logon of '%1' failed with error code %2").arg(user).arg(code));
+            report(cktool::tr("logon of '%1' failed with error code %2").arg(user).arg(code));
         });
     }
     int failures = 0;
