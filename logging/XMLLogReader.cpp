@@ -104,6 +104,9 @@ LogEntry* XMLLogReader::readNextLogEntry()
 
     while (!atEnd()) {
         const TokenType token = readNext();
+        if ((token == StartElement && name() == QLatin1String("Entries"))
+            || (token == EndElement && name() == QLatin1String("Entry")))
+            m_endOfLastEntry = characterOffset();
         if (token == Invalid) {
             sawInvalid = true;
             errorText = errorString();

@@ -81,8 +81,15 @@ public:
     // end of document).
     bool hasFault() const;
 
+    // The character offset (as characterOffset() counts) just after the last
+    // complete markup read so far: the "Entries" start tag or the end of an
+    // "Entry" element. Reading a file that a crashed writer left with a
+    // partly written entry, everything after this offset is that entry.
+    qint64 endOfLastEntry() const { return m_endOfLastEntry; }
+
 private:
     QFile* m_file;
+    qint64 m_endOfLastEntry = 0;
 };
 
 } // namespace ko

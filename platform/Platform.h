@@ -7,6 +7,7 @@
 #include "support/core/Export.h"
 
 #include <cstdint>
+#include <cstddef>
 #include <string>
 
 namespace ko {
@@ -29,6 +30,9 @@ class COMMONKIT_EXPORT LogonProvider
 {
 public:
     using Token = void*;
+
+    // The value of a token that holds no logon (Windows INVALID_HANDLE_VALUE).
+    static Token invalidToken() { return reinterpret_cast<Token>(static_cast<std::intptr_t>(-1)); }
 
     virtual ~LogonProvider();
     // Logs the user on; on success stores a token to impersonate and close.

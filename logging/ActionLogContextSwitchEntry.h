@@ -1,0 +1,33 @@
+#pragma once
+
+#include "logging/LogEntry.h"
+#include "support/core/Export.h"
+
+namespace ko {
+
+// The entry the action log writes into both files when it switches from one
+// log file to another (kind "ALog", category "Action log"): "Olif" (named
+// "oldFile") the absolute path of the old file, "Nlif" ("newFile") the new
+// path as given.
+class COMMONKIT_EXPORT ActionLogContextSwitchEntry : public LogEntry
+{
+public:
+    ActionLogContextSwitchEntry();
+    ActionLogContextSwitchEntry(const QString& oldFile, const QString& newFile);
+
+    FourChars type() const override;
+    LogCategory category() const override;
+    QString format() const override;
+    QString title() const override;
+
+    QString oldFile() const { return m_oldFile.value; }
+    QString newFile() const { return m_newFile.value; }
+
+    static const char* const k_title;
+
+private:
+    TLogValue<QString> m_oldFile;
+    TLogValue<QString> m_newFile;
+};
+
+} // namespace ko

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "support/core/Export.h"
+
+#include <QString>
+
+namespace ko {
+
+// Supplied by the application: who is working, for the user name of action
+// log entries. The log writes "userName (groupName)", or userName alone when
+// groupName is empty.
+class COMMONKIT_EXPORT IAccessGroup
+{
+public:
+    virtual QString userName() const = 0;
+    virtual QString groupName() const = 0;
+
+protected:
+    ~IAccessGroup() = default;
+};
+
+} // namespace ko
