@@ -9,7 +9,10 @@
 
 #include <gtest/gtest.h>
 
+#include <QDomDocument>
+#include <QFile>
 #include <QLocale>
+#include <QMap>
 #include <QTemporaryDir>
 
 #include <functional>
@@ -108,6 +111,20 @@ protected:
         return log->count() > before ? log->entry(log->count() - 1) : nullptr;
     }
 
+    // The attributes of the last entry in the log file, read with QDomDocument.
+    static QMap<QString, QString> lastWritten()
+    {
+        QFile file(ko::ActionLog::getInstance()->fileInfo().absoluteFilePath());
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << file.fileName().toStdString();
+        QDomDocument document;
+        EXPECT_TRUE(document.setContent(file.readAll() + "</Entries>"));
+        QMap<QString, QString> result;
+        const QDomNamedNodeMap attributes = document.documentElement().lastChildElement().attributes();
+        for (int i = 0; i < attributes.size(); ++i)
+            result.insert(attributes.item(i).nodeName(), attributes.item(i).nodeValue());
+        return result;
+    }
+
     static std::unique_ptr<QTemporaryDir> s_state;
 };
 
@@ -162,6 +179,13 @@ TEST_F(ExportSendTest, StartAndWrittenFillTheTemplateThatFitsTheirTimes)
         EXPECT_EQ(describe(entry), c.description);
         EXPECT_EQ(entry->from(), c.from ? QDateTime::fromSecsSinceEpoch(1400000000) : QDateTime());
         EXPECT_EQ(entry->to().isNull(), c.to == 0);
+
+        const QMap<QString, QString> written = lastWritten();
+        EXPECT_EQ(written.value("ID"), QLatin1String(c.type));
+        EXPECT_EQ(written.value("Form"), entry->exportFormat());
+        EXPECT_EQ(written.value("dstP"), c.target);
+        EXPECT_EQ(written.contains("from"), c.from != 0);
+        EXPECT_EQ(written.contains("to"), c.to != 0) << c.description.toStdString();
     }
 
     for (auto state : {ExportActionLog::StateAbort, ExportActionLog::StateError, ExportActionLog::StateNone})
@@ -200,7 +224,9 @@ TEST_F(ExportSendTest, EndsRenamesAndMuting)
         ASSERT_TRUE(entry) << c.type;
         EXPECT_EQ(entry->type().toString(), QLatin1String(c.type));
         EXPECT_EQ(describe(entry), c.description);
+        EXPECT_EQ(lastWritten().value("ID"), QLatin1String(c.type));
     }
+    EXPECT_EQ(lastWritten().value("src"), QStringLiteral("a.mp4"));
 }
 
 TEST_F(ExportSendTest, TextsAreTranslatedFormatNamesInTheEntryAreNot)
