@@ -44,14 +44,22 @@ private:
     QTextDecoder* m_decoder;
 };
 
-// Attribute names as the reader will look them up: an XML name made of
-// letters, digits, '_', '-' and '.', not starting with a digit, '-' or '.'.
-bool isAttributeName(const QString& name)
+// Whether a value id can be written as an attribute name that the reader
+// maps back to the same id: an XML name made of letters, digits, '_', '-' and
+// '.', not starting with a digit, '-' or '.', optionally followed by blanks.
+// XML allows blanks between an attribute name and its '=', and the reader
+// pads a name shorter than four letters with blanks, so "to  " is written as
+// `to  ="..."` and reads back as "to  ". A blank inside the id ("a b ") would
+// end the name early and is refused, as is an id of blanks only.
+bool isAttributeName(const QString& id)
 {
-    if (name.isEmpty())
+    int length = id.size();
+    while (length > 0 && id.at(length - 1) == QLatin1Char(' '))
+        --length;
+    if (length == 0)
         return false;
-    for (int i = 0; i < name.size(); ++i) {
-        const QChar c = name.at(i);
+    for (int i = 0; i < length; ++i) {
+        const QChar c = id.at(i);
         const bool letter = c.isLetter() || c == QLatin1Char('_');
         const bool other = c.isDigit() || c == QLatin1Char('-') || c == QLatin1Char('.');
         if (!letter && (i == 0 || !other))
@@ -168,9 +176,11 @@ void XMLLogWriter::writeAttribute(const LogValue& value)
     const QString name = value.idToString();
     if (!isAttributeName(name)) {
         LogLine(Log::Warning, "ko::XMLLogWriter::writeAttribute")
-            << "value id '" << name << "' is not an XML attribute name; value left out";
+            << "value id '" << name << "' cannot be written as an XML attribute name; value left out";
         return;
     }
+    // QXmlStreamWriter writes the name as it stands, trailing blanks
+    // included, and escapes the value.
     QXmlStreamWriter::writeAttribute(name, xmlSafe(value.toString()));
 }
 

@@ -52,8 +52,11 @@ public:
     // One attribute named by the value's id with its text, only if the value
     // is set. Characters that XML 1.0 cannot carry (control characters other
     // than tab, line feed and carriage return; unpaired surrogates) are
-    // written as U+FFFD so that the file stays readable. A value whose id is
-    // not a valid attribute name is left out with a warning in ko::Log.
+    // written as U+FFFD so that the file stays readable. The id is written as
+    // it stands, trailing blanks included (`to  ="..."` is well-formed and
+    // reads back as "to  "). A value whose id cannot start an attribute (blanks
+    // only, a first character other than a letter or '_') or holds a blank
+    // before another character ("a b ") is left out with a warning in ko::Log.
     void writeAttribute(const LogValue& value) override;
 
     void* getInterface(const char* name) override;

@@ -350,15 +350,15 @@ QVariant::Type TypeTool::coerceNumericTypes(const QVariant& a, const QVariant& b
 
 QVariant::Type TypeTool::coerceOtherTypes(const QVariant& a, const QVariant& b) const
 {
-    // userType(), not type(): type() folds every registered type into
-    // QVariant::UserType, to which nothing converts, so two values of one
-    // registered type would find no common type.
-    const int typeA = a.userType();
-    const int typeB = b.userType();
-    if (b.canConvert(typeA))
-        return static_cast<QVariant::Type>(typeA);
-    if (a.canConvert(typeB))
-        return static_cast<QVariant::Type>(typeB);
+    // type(), not userType(): every application-registered type is
+    // QVariant::UserType here, and no value converts to that placeholder, so
+    // registered values find a common type only through their text form.
+    const QVariant::Type typeA = a.type();
+    const QVariant::Type typeB = b.type();
+    if (b.canConvert(static_cast<int>(typeA)))
+        return typeA;
+    if (a.canConvert(static_cast<int>(typeB)))
+        return typeB;
     if (convertsToString(a) && convertsToString(b))
         return QVariant::String;
     return QVariant::Invalid;

@@ -5,6 +5,8 @@
 #include <QByteArray>
 #include <QString>
 
+#include <type_traits>
+
 class QTextStream;
 
 namespace ko {
@@ -15,9 +17,15 @@ namespace ko {
 class COMMONKIT_EXPORT FourChars
 {
 public:
-    FourChars(unsigned int value = 0) : m_value(value) {}  // NOLINT: implicit by design
-    FourChars(const QString& text);                         // NOLINT
-    FourChars(const char* text);                            // NOLINT: Latin-1 text
+    FourChars() : m_value(0) {}
+    FourChars(unsigned int value) : m_value(value) {}  // NOLINT: implicit by design
+    // Any other integer is taken as its unsigned 32-bit value. Without this
+    // a literal 0 would fit the unsigned and the text pointer constructors
+    // equally well, and `FourChars c = 0;` would not compile.
+    template <typename Integer, std::enable_if_t<std::is_integral<Integer>::value, int> = 0>
+    FourChars(Integer value) : m_value(static_cast<unsigned int>(value)) {}  // NOLINT
+    FourChars(const QString& text);                     // NOLINT
+    FourChars(const char* text);                        // NOLINT: Latin-1 text
     // A null pointer leaves the code 0.
     explicit FourChars(const QString* text);
     FourChars(const FourChars& other) = default;

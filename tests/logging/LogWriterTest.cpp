@@ -3,13 +3,17 @@
 
 #include "TestEntries.h"
 
+#include "logging/LogEntryFactory.h"
 #include "logging/ProsaLogWriter.h"
+#include "logging/XMLLogReader.h"
 #include "logging/XMLLogWriter.h"
 
 #include <gtest/gtest.h>
 
 #include <QBuffer>
 #include <QDomDocument>
+#include <QFile>
+#include <QTemporaryDir>
 #include <QTextStream>
 
 #include <iterator>
@@ -126,24 +130,72 @@ TEST(XMLLogWriter, CharactersXmlCannotCarryBecomeReplacementCharacters)
     const QString text = document.documentElement().firstChildElement().attribute(QStringLiteral("Text"));
     const QChar r(QChar::ReplacementCharacter);
     EXPECT_EQ(text, QStringLiteral("bell") + r + QStringLiteral(" nul") + r + QStringLiteral(" lone") + r + r);
+}
 
-    // A value id that cannot be an attribute name is left out; one that is an
-    // XML name made of Latin-1 letters beyond ASCII is written.
-    struct Ids : TextEntry
+// Ids with trailing blanks, ids that cannot be attribute names, and one made
+// of Latin-1 letters beyond ASCII.
+struct IdsEntry : TextEntry
+{
+    IdsEntry()
     {
-        Ids()
-            : bad("1 x", QStringLiteral("bad"), QStringLiteral("v")),
-              accented("\xC4nd\xE9", QStringLiteral("accented"), QStringLiteral("w"))
-        {
-            append(&bad);
-            append(&accented);
-        }
-        ko::TLogValue<QString> bad;
-        ko::TLogValue<QString> accented;
-    } ids;
-    const QDomElement element = parse(writeDocument({&ids}, true)).documentElement().firstChildElement();
-    EXPECT_EQ(element.attributes().size(), 3);
-    EXPECT_EQ(element.attribute(QStringLiteral("\u00C4nd\u00E9")), QStringLiteral("w"));
+        for (ko::TLogValue<QString>* value : {&to, &src, &accented, &middle, &digit, &dash, &dot, &blanks})
+            append(value);
+    }
+    ko::FourChars type() const override { return ko::FourChars("TstI"); }
+    ko::TLogValue<QString> to{"to  ", QStringLiteral("to"), QStringLiteral("a&\"b")};
+    ko::TLogValue<QString> src{"src ", QStringLiteral("source"), QStringLiteral("<c>")};
+    ko::TLogValue<QString> accented{"\xC4nd\xE9", QStringLiteral("accented"), QStringLiteral("w")};
+    ko::TLogValue<QString> middle{"a b ", QStringLiteral("middle"), QStringLiteral("x")};
+    ko::TLogValue<QString> digit{"1x  ", QStringLiteral("digit"), QStringLiteral("x")};
+    ko::TLogValue<QString> dash{"-x  ", QStringLiteral("dash"), QStringLiteral("x")};
+    ko::TLogValue<QString> dot{".x  ", QStringLiteral("dot"), QStringLiteral("x")};
+    ko::TLogValue<QString> blanks{"    ", QStringLiteral("blanks"), QStringLiteral("x")};
+};
+
+ko::LogEntry* createIdsEntry()
+{
+    auto* entry = new IdsEntry;
+    for (ko::TLogValue<QString>* value : {&entry->to, &entry->src, &entry->accented, &entry->middle})
+        value->value.clear();
+    return entry;
+}
+
+TEST(XMLLogWriter, IdsWithTrailingBlanksAreWrittenAsTheyStandAndReadBack)
+{
+    const IdsEntry entry;
+    const QByteArray bytes = writeDocument({&entry}, true);
+    EXPECT_TRUE(bytes.contains(" to  =\"a&amp;&quot;b\" src =\"&lt;c&gt;\" ")) << bytes.toStdString();
+
+    // Two independent parsers see the names without their blanks and only
+    // the writable ids.
+    const QDomElement element = parse(bytes).documentElement().firstChildElement();
+    const QStringList expected = {"ID", "Time", "to", "src", "\u00C4nd\u00E9"};
+    EXPECT_EQ(element.attributes().size(), expected.size());
+    QXmlStreamReader xml(bytes);
+    while (!xml.atEnd() && !(xml.readNext() == QXmlStreamReader::StartElement && xml.name() == "Entry")) {}
+    QStringList names;
+    for (const QXmlStreamAttribute& attribute : xml.attributes())
+        names << attribute.name().toString();
+    EXPECT_EQ(names, expected);
+    EXPECT_EQ(xml.attributes().value("to"), entry.to.value);
+    EXPECT_EQ(element.attribute("to"), entry.to.value);
+    EXPECT_EQ(element.attribute("src"), entry.src.value);
+
+    // The library's reader pads the names back to the ids.
+    ko::logEntryFactory().registerCreator("TstI", createIdsEntry, "Ids");
+    QTemporaryDir dir;
+    QFile file(dir.filePath("ids.kol"));
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    file.write(bytes);
+    file.seek(0);
+    ko::XMLLogReader reader(&file);
+    const std::unique_ptr<ko::LogEntry> read(reader.readNextLogEntry());
+    ASSERT_TRUE(read);
+    const auto& back = static_cast<const IdsEntry&>(*read);
+    EXPECT_EQ(back.to.value, entry.to.value);
+    EXPECT_EQ(back.src.value, entry.src.value);
+    EXPECT_EQ(back.accented.value, entry.accented.value);
+    EXPECT_EQ(back.middle.value, QString());
 }
 
 TEST(XMLLogWriter, LiveFilesCanBeAppendedToByAFreshWriterAndThenClosed)

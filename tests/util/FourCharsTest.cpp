@@ -4,7 +4,42 @@
 
 #include <QTextStream>
 
+#include <type_traits>
+
 namespace {
+
+// Implicit from integers, texts and literals; a QString pointer only when
+// asked for.
+static_assert(std::is_convertible<int, ko::FourChars>::value, "int");
+static_assert(std::is_convertible<qint64, ko::FourChars>::value, "qint64");
+static_assert(std::is_convertible<const char (&)[5], ko::FourChars>::value, "literal");
+static_assert(std::is_convertible<QString, ko::FourChars>::value, "QString");
+static_assert(!std::is_convertible<const QString*, ko::FourChars>::value, "QString*");
+static_assert(std::is_constructible<ko::FourChars, const QString*>::value, "QString*");
+
+unsigned int passed(ko::FourChars code) { return code; }
+
+TEST(FourChars, ZeroAndOtherIntegersAreTheirValue)
+{
+    // A literal 0 is also a null pointer; it must still mean the value 0.
+    ko::FourChars zero = 0;
+    const ko::FourChars direct(0);
+    const ko::FourChars none;
+    EXPECT_EQ(static_cast<unsigned int>(zero), 0u);
+    EXPECT_EQ(static_cast<unsigned int>(direct), 0u);
+    EXPECT_EQ(static_cast<unsigned int>(none), 0u);
+    EXPECT_EQ(passed(0), 0u);
+    zero = 0x54696D65;
+    EXPECT_EQ(zero.toString(), QStringLiteral("Time"));
+
+    const struct { ko::FourChars code; unsigned int value; } cases[] = {
+        {0x41636573, 0x41636573u}, {0x41636573u, 0x41636573u}, {-1, 0xFFFFFFFFu},
+        {'A', 0x41u}, {Q_INT64_C(0x141424344), 0x41424344u}, {"Aces", 0x41636573u},
+        {QStringLiteral("Aces"), 0x41636573u},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(static_cast<unsigned int>(c.code), c.value) << c.value;
+}
 
 TEST(FourChars, PacksFirstLetterIntoTheMostSignificantByte)
 {

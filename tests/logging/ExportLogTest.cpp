@@ -1,0 +1,248 @@
+// Export records: the tables, the six entry kinds and what send() logs.
+// Expected texts are written out here; times are formatted by QLocale.
+
+#include "logging/ActionLog.h"
+#include "logging/ExportActionLog.h"
+#include "logging/ExportEntries.h"
+#include "logging/LogEntryFactory.h"
+#include "resources/Translations.h"
+
+#include <gtest/gtest.h>
+
+#include <QDomDocument>
+#include <QFile>
+#include <QLocale>
+#include <QMap>
+#include <QTemporaryDir>
+
+#include <functional>
+#include <memory>
+
+namespace {
+
+using ko::ExportActionLog;
+
+TEST(ExportActionLog, TablesClampToTheirLastRow)
+{
+    const char* const formats[] = {"Bitmap", "JPEG", "Strelo clip", "AVI", "MP4", "MOV", "WebM", "Matroska",
+                                   "KORVANE file server storage", "Printer", "unknown", "unknown", "unknown"};
+    for (int i = 0; i < 13; ++i) {
+        EXPECT_STREQ(ExportActionLog::formatsData(i).name, formats[i]) << i;
+        EXPECT_EQ(ExportActionLog::formatsData(i).value, qMin(i, 10)) << i;
+    }
+    EXPECT_STREQ(ExportActionLog::formatsData(1000).name, "unknown");
+    EXPECT_STREQ(ExportActionLog::formatsData(-1).name, "unknown");
+
+    const char* const states[] = {"Start", "Finished", "Abort", "Error", "", ""};
+    for (int i = 0; i < 6; ++i) {
+        EXPECT_STREQ(ExportActionLog::stateData(i).name, states[i]) << i;
+        EXPECT_EQ(ExportActionLog::stateData(i).value, qMin(i, 4)) << i;
+    }
+    EXPECT_EQ(ExportActionLog::stateDisplayName(4), QString());
+    EXPECT_EQ(ExportActionLog::formatDisplayName(2), QStringLiteral("Strelo clip"));
+}
+
+TEST(ExportEntries, KindsAreRegisteredWithTheirValuesInOrder)
+{
+    struct Kind
+    {
+        const char* type;
+        QString title;
+        QStringList ids;
+        QStringList names;
+    };
+    const QStringList range = {"Time", "User", "Text", "Form", "srcP", "dstP", "from", "to  "};
+    const QStringList rangeNames = {"Time", "User", "text", "format", "source", "dest", "from", "to"};
+    const QStringList text = {"Time", "User", "Text"};
+    const QStringList textNames = {"Time", "User", "text"};
+    const Kind kinds[] = {
+        {"ExpS", "Export start", range, rangeNames},
+        {"ExpW", "Export written", range, rangeNames},
+        {"ExpD", "Export done", text, textNames},
+        {"ExpA", "Export abort", text, textNames},
+        {"ExpE", "Export error", text, textNames},
+        {"ExpR", "Export rename", {"Time", "User", "Text", "path", "src ", "dest"},
+         {"Time", "User", "text", "path", "source", "dest"}},
+    };
+    const QStringList names = ko::logEntryFactory().entryNames();
+    for (const Kind& kind : kinds) {
+        const std::unique_ptr<ko::LogEntry> entry(ko::logEntryFactory().create(kind.type));
+        ASSERT_TRUE(entry) << kind.type;
+        EXPECT_EQ(entry->type().toString(), QLatin1String(kind.type));
+        EXPECT_EQ(entry->title(), kind.title);
+        EXPECT_TRUE(names.contains(kind.title)) << kind.type;
+        EXPECT_EQ(entry->category().id, ko::CategoryExport);
+        EXPECT_EQ(entry->category().name, QStringLiteral("Export"));
+        EXPECT_EQ(entry->format(), QStringLiteral("%1"));
+        QStringList ids, valueNames;
+        for (const ko::LogValue* value : entry->values()) {
+            ids << value->idToString();
+            valueNames << value->name();
+        }
+        EXPECT_EQ(ids, kind.ids) << kind.type;
+        EXPECT_EQ(valueNames, kind.names) << kind.type;
+    }
+}
+
+// Each case runs with a fresh log under a temporary state folder.
+class ExportSendTest : public ::testing::Test
+{
+protected:
+    static void SetUpTestSuite()
+    {
+        ko::ActionLog::deleteActionLog();
+        s_state = std::make_unique<QTemporaryDir>();
+        qputenv("XDG_STATE_HOME", s_state->path().toUtf8());
+        ko::ActionLog::getInstance()->mute(false);
+    }
+    static void TearDownTestSuite()
+    {
+        ko::ActionLog::deleteActionLog();
+        s_state.reset();
+    }
+
+    // What one call logged: null if it logged nothing.
+    static const ko::LogEntry* logged(const std::function<void()>& call)
+    {
+        ko::ActionLog* log = ko::ActionLog::getInstance();
+        const int before = log->count();
+        call();
+        EXPECT_LE(log->count(), before + 1);
+        return log->count() > before ? log->entry(log->count() - 1) : nullptr;
+    }
+
+    // The attributes of the last entry in the log file, read with QDomDocument.
+    static QMap<QString, QString> lastWritten()
+    {
+        QFile file(ko::ActionLog::getInstance()->fileInfo().absoluteFilePath());
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << file.fileName().toStdString();
+        QDomDocument document;
+        EXPECT_TRUE(document.setContent(file.readAll() + "</Entries>"));
+        QMap<QString, QString> result;
+        const QDomNamedNodeMap attributes = document.documentElement().lastChildElement().attributes();
+        for (int i = 0; i < attributes.size(); ++i)
+            result.insert(attributes.item(i).nodeName(), attributes.item(i).nodeValue());
+        return result;
+    }
+
+    static std::unique_ptr<QTemporaryDir> s_state;
+};
+
+std::unique_ptr<QTemporaryDir> ExportSendTest::s_state;
+
+QString describe(const ko::LogEntry* entry)
+{
+    return std::unique_ptr<ko::LogEntry>(entry->clone())->description();
+}
+
+QString shortText(qint64 seconds)
+{
+    return QLocale::system().toString(QDateTime::fromSecsSinceEpoch(seconds), QLocale::ShortFormat);
+}
+
+TEST_F(ExportSendTest, StartAndWrittenFillTheTemplateThatFitsTheirTimes)
+{
+    const QString t1 = shortText(1400000000);
+    const QString t2 = shortText(1400000060);
+    const unsigned long long from = 1400000000999999ull; // not whole seconds
+    const unsigned long long to = 1400000060000000ull;
+    struct Case
+    {
+        int format;
+        QString target;
+        unsigned long long from, to;
+        ExportActionLog::EState state;
+        const char* type;
+        QString description;
+    };
+    const Case cases[] = {
+        {4, "/o/a.mp4", from, to, ExportActionLog::StateStart, "ExpS",
+         "Format='MP4'; Source='cam 1'; Date and time from='" + t1 + "'; Date and time to '" + t2
+             + "'; Target='/o/a.mp4'."},
+        {4, "", from, to, ExportActionLog::StateFinished, "ExpW",
+         "Format='MP4'; Source='cam 1'; Date and time from='" + t1 + "'; Date and time to '" + t2 + "'."},
+        {1, "/o/a.jpg", from, 0, ExportActionLog::StateStart, "ExpS",
+         "Format='JPEG'; Source='cam 1'; Timestamp='" + t1 + "'; Target='/o/a.jpg'."},
+        {1, "", from, 0, ExportActionLog::StateFinished, "ExpW", "Format='JPEG'; Source='cam 1'; Timestamp='" + t1 + "'."},
+        {9, "lp0", 0, to, ExportActionLog::StateStart, "ExpS", "Format='Printer'; Source='cam 1'; Target='lp0'."},
+        {0, "", 0, 0, ExportActionLog::StateStart, "ExpS", "Format='Bitmap'; Source='cam 1'."},
+        {11, "", 0, 0, ExportActionLog::StateStart, "ExpS", "Format='unknown'; Source='cam 1'."},
+        {99, "", 0, 0, ExportActionLog::StateFinished, "ExpW", "Format='unknown'; Source='cam 1'."},
+    };
+    for (const Case& c : cases) {
+        const auto* entry = static_cast<const ko::ExportRangeEntry*>(logged([&] {
+            ExportActionLog::send(static_cast<ExportActionLog::EFormat>(c.format), "cam 1", c.target, c.from, c.to,
+                                  c.state);
+        }));
+        ASSERT_TRUE(entry) << c.description.toStdString();
+        EXPECT_EQ(entry->type().toString(), QLatin1String(c.type));
+        EXPECT_EQ(describe(entry), c.description);
+        EXPECT_EQ(entry->from(), c.from ? QDateTime::fromSecsSinceEpoch(1400000000) : QDateTime());
+        EXPECT_EQ(entry->to().isNull(), c.to == 0);
+
+        const QMap<QString, QString> written = lastWritten();
+        EXPECT_EQ(written.value("ID"), QLatin1String(c.type));
+        EXPECT_EQ(written.value("Form"), entry->exportFormat());
+        EXPECT_EQ(written.value("dstP"), c.target);
+        EXPECT_EQ(written.contains("from"), c.from != 0);
+        EXPECT_EQ(written.contains("to"), c.to != 0) << c.description.toStdString();
+    }
+
+    for (auto state : {ExportActionLog::StateAbort, ExportActionLog::StateError, ExportActionLog::StateNone})
+        EXPECT_FALSE(logged([&] { ExportActionLog::send(ExportActionLog::FormatAVI, "s", "t", from, to, state); }));
+}
+
+TEST_F(ExportSendTest, EndsRenamesAndMuting)
+{
+    struct Case
+    {
+        std::function<void()> call;
+        const char* type; // null: nothing logged
+        QString description;
+    };
+    const Case cases[] = {
+        {[] { ExportActionLog::send("Done: 3 files", ExportActionLog::StateFinished); }, "ExpD", "Done: 3 files"},
+        {[] { ExportActionLog::send("Stopped", ExportActionLog::StateAbort); }, "ExpA", "Stopped"},
+        {[] { ExportActionLog::send("Disk full", ExportActionLog::StateError); }, "ExpE", "Disk full"},
+        {[] { ExportActionLog::send("x", ExportActionLog::StateStart); }, nullptr, ""},
+        {[] { ExportActionLog::send("x", ExportActionLog::StateNone); }, nullptr, ""},
+        {[] { ExportActionLog::send("/p/", "a.mp4", "b.mp4"); }, "ExpR", "'/p/a.mp4' to '/p/b.mp4'."},
+        {[] {
+             ko::ActionLog::getInstance()->mute(true);
+             ExportActionLog::send("/p/", "a.mp4", "b.mp4");
+             ExportActionLog::send("Disk full", ExportActionLog::StateError);
+             ko::ActionLog::getInstance()->mute(false);
+         },
+         nullptr, ""},
+    };
+    for (const Case& c : cases) {
+        const ko::LogEntry* entry = logged(c.call);
+        if (!c.type) {
+            EXPECT_FALSE(entry) << entry->type().toString().toStdString();
+            continue;
+        }
+        ASSERT_TRUE(entry) << c.type;
+        EXPECT_EQ(entry->type().toString(), QLatin1String(c.type));
+        EXPECT_EQ(describe(entry), c.description);
+        EXPECT_EQ(lastWritten().value("ID"), QLatin1String(c.type));
+    }
+    EXPECT_EQ(lastWritten().value("src"), QStringLiteral("a.mp4"));
+}
+
+TEST_F(ExportSendTest, TextsAreTranslatedFormatNamesInTheEntryAreNot)
+{
+    ASSERT_TRUE(ko::installTranslations(QLocale(QLocale::German)));
+    const ko::LogEntry* rename = logged([] { ExportActionLog::send("/p/", "a.mp4", "b.mp4"); });
+    const ko::LogEntry* start = logged([] {
+        ExportActionLog::send(ExportActionLog::FormatFileServerStorage, "cam", "", 0, 0, ExportActionLog::StateStart);
+    });
+    const QString names[] = {ExportActionLog::formatDisplayName(9), ExportActionLog::stateDisplayName(3)};
+    ko::removeTranslations();
+    ASSERT_TRUE(rename && start);
+    EXPECT_EQ(describe(rename), QStringLiteral("'/p/a.mp4' umbenannt in '/p/b.mp4'."));
+    EXPECT_EQ(describe(start), QStringLiteral("Format='KORVANE file server storage'; Quelle='cam'."));
+    EXPECT_EQ(names[0], QStringLiteral("Drucker"));
+    EXPECT_EQ(names[1], QStringLiteral("Fehler"));
+}
+
+} // namespace
