@@ -4,6 +4,42 @@
 <context>
     <name>cktool</name>
     <message>
+        <source>errorXml: %1 (line %2, column %3)</source>
+        <translation>errorXml: %1 (Zeile %2, Spalte %3)</translation>
+    </message>
+    <message>
+        <source>errorFile: %1 (type %2)</source>
+        <translation>errorFile: %1 (Typ %2)</translation>
+    </message>
+    <message>
+        <source>Default file: %1</source>
+        <translation>Standarddatei: %1</translation>
+    </message>
+    <message>
+        <source>Three export records:</source>
+        <translation>Drei Exporteinträge:</translation>
+    </message>
+    <message>
+        <source>Size rollover after %1 entries; the log now holds %2.</source>
+        <translation>Dateiwechsel nach Größe nach %1 Einträgen; das Protokoll enthält jetzt %2.</translation>
+    </message>
+    <message>
+        <source>Switched to other.kol:</source>
+        <translation>Umgeschaltet auf other.kol:</translation>
+    </message>
+    <message>
+        <source>Files:</source>
+        <translation>Dateien:</translation>
+    </message>
+    <message>
+        <source>%1 entries</source>
+        <translation>%1 Einträge</translation>
+    </message>
+    <message>
+        <source>Action log: export records, rollover, switching, recovery</source>
+        <translation>Aktionsprotokoll: Exporteinträge, Dateiwechsel, Umschalten, Wiederherstellung</translation>
+    </message>
+    <message>
         <source>log append: --split must be none, daily, weekly, monthly or size:BYTES, not '%1'</source>
         <translation>log append: --split muss none, daily, weekly, monthly oder size:BYTES sein, nicht '%1'</translation>
     </message>

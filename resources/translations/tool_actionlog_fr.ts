@@ -4,6 +4,42 @@
 <context>
     <name>cktool</name>
     <message>
+        <source>errorXml: %1 (line %2, column %3)</source>
+        <translation>errorXml : %1 (ligne %2, colonne %3)</translation>
+    </message>
+    <message>
+        <source>errorFile: %1 (type %2)</source>
+        <translation>errorFile : %1 (type %2)</translation>
+    </message>
+    <message>
+        <source>Default file: %1</source>
+        <translation>Fichier par défaut : %1</translation>
+    </message>
+    <message>
+        <source>Three export records:</source>
+        <translation>Trois enregistrements d'exportation :</translation>
+    </message>
+    <message>
+        <source>Size rollover after %1 entries; the log now holds %2.</source>
+        <translation>Rotation par taille après %1 entrées ; le journal en contient maintenant %2.</translation>
+    </message>
+    <message>
+        <source>Switched to other.kol:</source>
+        <translation>Basculé vers other.kol :</translation>
+    </message>
+    <message>
+        <source>Files:</source>
+        <translation>Fichiers :</translation>
+    </message>
+    <message>
+        <source>%1 entries</source>
+        <translation>%1 entrées</translation>
+    </message>
+    <message>
+        <source>Action log: export records, rollover, switching, recovery</source>
+        <translation>Journal des actions : exportations, rotation, basculement, récupération</translation>
+    </message>
+    <message>
         <source>log append: --split must be none, daily, weekly, monthly or size:BYTES, not '%1'</source>
         <translation>log append : --split doit valoir none, daily, weekly, monthly ou size:OCTETS, pas '%1'</translation>
     </message>
