@@ -325,3 +325,38 @@ TEST_F(ActionLogFile, EntryListOperationsAndTheirSignals)
 }
 
 } // namespace
+
+namespace {
+
+TEST(FileEncrypt, OpensXmlFilesAndTellsAHeaderFromAnOpenError)
+{
+    QTemporaryDir dir;
+    struct Row
+    {
+        const char* content; // null: no file
+        QIODevice::OpenMode mode;
+        ko::FileEncrypt::OpenError expected;
+    };
+    const std::vector<Row> rows = {
+        {"", QIODevice::ReadWrite, ko::FileEncrypt::NoError},
+        {"<?xml version=\"1.0\"?><Entries>", QIODevice::ReadOnly, ko::FileEncrypt::NoError},
+        {"<?xm", QIODevice::ReadWrite, ko::FileEncrypt::IncompatibleHeader},
+        {"\xef\xbb\xbf<?xml", QIODevice::ReadOnly, ko::FileEncrypt::IncompatibleHeader},
+        {"garbage", QIODevice::WriteOnly | QIODevice::Append, ko::FileEncrypt::IncompatibleHeader},
+        {"garbage", QIODevice::ReadWrite | QIODevice::Truncate, ko::FileEncrypt::NoError},
+        {nullptr, QIODevice::ReadOnly, ko::FileEncrypt::OpenFailed},
+        {nullptr, QIODevice::ReadWrite, ko::FileEncrypt::NoError},
+    };
+    int n = 0;
+    for (const Row& row : rows) {
+        const QString path = dir.filePath(QString::number(n++));
+        if (row.content)
+            writeFile(path, row.content);
+        ko::FileEncrypt file(path);
+        EXPECT_EQ(file.open(row.mode), row.expected == ko::FileEncrypt::NoError) << n;
+        EXPECT_EQ(file.openError(), row.expected) << n;
+        EXPECT_EQ(file.isOpen(), row.expected == ko::FileEncrypt::NoError) << n;
+    }
+}
+
+} // namespace
