@@ -226,7 +226,7 @@ void ActionLog::readLog()
     QMutexLocker locker(m_mutex);
     if (!QFile::exists(m_fileInfo.absoluteFilePath()))
         return;
-    try {
+    signalFailures([this] {
         m_fileInfo.refresh();
         if (m_fileInfo.isWritable()) {
             readEntries(QIODevice::ReadWrite);
@@ -234,14 +234,7 @@ void ActionLog::readLog()
             readEntries(QIODevice::ReadOnly);
             close();
         }
-    } catch (const ActionLogXmlException& e) {
-        close();
-        emit errorXml(e.error(), e.line(), e.colum());
-    } catch (const ActionLogImpersonateException& e) {
-        emit errorLogon(e.user(), e.error());
-    } catch (const ActionLogFileException& e) {
-        emit errorFile(e.file(), e.type());
-    }
+    });
 }
 
 void ActionLog::activate()
@@ -249,9 +242,18 @@ void ActionLog::activate()
     QMutexLocker locker(m_mutex);
     if (m_file.isOpen())
         return;
-    try {
+    signalFailures([this] {
         readEntries(QIODevice::ReadWrite);
         openForWriting();
+    });
+}
+
+// Reading and activating report failures without moving any file.
+template<typename Operation>
+void ActionLog::signalFailures(Operation operation)
+{
+    try {
+        operation();
     } catch (const ActionLogXmlException& e) {
         close();
         emit errorXml(e.error(), e.line(), e.colum());

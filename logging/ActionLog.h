@@ -165,6 +165,8 @@ protected:
 
 private:
     void logLocked(const LogEntry& entry);
+    template<typename Operation>
+    void signalFailures(Operation operation);
     void writeEntry(const LogEntry& entry);
     void cutPartialEntry(qint64 completeCharacters, qint64 readCharacters);
     QString backupName(const QString& suffix) const;
@@ -197,5 +199,8 @@ private:
     quint32 m_lockLength = 1;
     quint64 m_lockOffset = 1;
 };
+
+// The split policies under the namespace as well: ko::ESplitPolicy.
+using ESplitPolicy = ActionLog::ESplitPolicy;
 
 } // namespace ko
