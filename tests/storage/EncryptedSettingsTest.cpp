@@ -8,7 +8,9 @@
 #include <QDataStream>
 #include <QFile>
 #include <QFileInfo>
+#include <QProcess>
 #include <QSettings>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 
 namespace {
@@ -182,6 +184,44 @@ TEST_F(EncryptedSettingsTest, WorkersLeaveTheDeviceOpenAndTakeTheKeyAsGiven)
     buffer.seek(0);
     EncryptedSettings::setEncryptionKey(secure_string("k"));
     EXPECT_TRUE(EncryptedSettings::readIni(buffer, back).empty());
+}
+
+// Runs the openssl command-line tool; its standard output, or a null array
+// when it fails.
+QByteArray openssl(const QStringList& arguments, const QByteArray& input = QByteArray())
+{
+    QProcess process;
+    process.start(QStringLiteral("openssl"), arguments);
+    process.write(input);
+    process.closeWriteChannel();
+    if (!process.waitForFinished(60000) || process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0)
+        return QByteArray();
+    return process.readAllStandardOutput();
+}
+
+// The recipe of docs/settings-formats.md: the chunk key from "openssl kdf",
+// then the one chunk of a small file through AES-256-CTR, whose counter
+// block is the chunk nonce followed by 00000002 (GCM's first counter). It
+// does not check the tag; the reference reader above does.
+TEST_F(EncryptedSettingsTest, DocumentedOpensslCommandsDecryptASmallFile)
+{
+    if (QStandardPaths::findExecutable(QStringLiteral("openssl")).isEmpty())
+        GTEST_SKIP() << "openssl command-line tool not installed";
+    EncryptedSettings::setEncryptionKey(secure_string("secret"));
+    const QString file = path(QStringLiteral("small.ini"));
+    write(file, EncryptedSettings::IniFormat, sampleSettings());
+    const QByteArray bytes = fileBytes(file);
+
+    const QByteArray derived = openssl({"kdf", "-keylen", "32", "-kdfopt", "digest:SHA256", "-kdfopt", "key:secret",
+                                        "-kdfopt", "hexsalt:" + QString::fromLatin1(bytes.mid(1, 16).toHex()),
+                                        "-kdfopt", "info:CommonKit stream v1", "HKDF"});
+    const QString key = QString::fromLatin1(derived).trimmed().remove(QLatin1Char(':'));
+    ASSERT_EQ(key.size(), 64) << derived.toStdString();
+    const QByteArray chunk = bytes.mid(17, bytes.size() - 17 - 16);
+    const QByteArray plain = openssl({"enc", "-d", "-aes-256-ctr", "-K", key, "-iv",
+                                      QStringLiteral("000000000000000000000001") + QStringLiteral("00000002")},
+                                     chunk);
+    EXPECT_EQ(plain, dataStreamImage(sampleSettings()));
 }
 
 } // namespace
