@@ -9,6 +9,7 @@ bool BorrowedDevice::open(OpenMode mode)
         setErrorString(m_device.isOpen() ? m_device.errorString() : QStringLiteral("The settings device is not open."));
         return false;
     }
+    m_readFailed = false;
     m_writeFailed = false;
     return QIODevice::open(needed | Unbuffered);
 }
@@ -16,8 +17,10 @@ bool BorrowedDevice::open(OpenMode mode)
 qint64 BorrowedDevice::readData(char* data, qint64 maxSize)
 {
     const qint64 n = m_device.read(data, maxSize);
-    if (n < 0)
+    if (n < 0) {
+        m_readFailed = true;
         setErrorString(m_device.errorString());
+    }
     return n;
 }
 

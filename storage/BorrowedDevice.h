@@ -15,9 +15,10 @@ namespace ko {
 // the borrowed device open: closing it closes only itself.
 //
 // Opening succeeds only when the borrowed device is open for the same
-// directions. writeFailed() tells whether any write to the borrowed device
-// came up short, so that a caller notices a lost write that surfaced only
-// while a filter was being closed.
+// directions. readFailed() and writeFailed() tell whether any read from the
+// borrowed device failed or any write came up short, so that a caller
+// notices a failure that a filter or parser above took for the end of the
+// data, or that surfaced only while a filter was being closed.
 class BorrowedDevice : public QIODevice
 {
 public:
@@ -27,6 +28,7 @@ public:
     bool isSequential() const override { return true; }
     bool atEnd() const override { return m_device.atEnd(); }
     qint64 bytesAvailable() const override { return m_device.bytesAvailable(); }
+    bool readFailed() const { return m_readFailed; }
     bool writeFailed() const { return m_writeFailed; }
 
 protected:
@@ -35,6 +37,7 @@ protected:
 
 private:
     QIODevice& m_device;
+    bool m_readFailed = false;
     bool m_writeFailed = false;
 };
 

@@ -1,50 +1,13 @@
 #include "storage/EncryptedSettings.h"
 
-#include "storage/BorrowedDevice.h"
-#include "support/core/Log.h"
-#include "support/crypto/DigestingIODevice.h"
-#include "support/crypto/IODevice.h"
+#include "storage/SettingsDevices.h"
 
 #include <QDataStream>
 
 namespace ko {
 
 using crypto::secure_string;
-
-namespace {
-
-// The digest kept for every file: MessageDigest::Algorithm value 12.
-const crypto::MessageDigest::Algorithm k_digestAlgorithm = crypto::MessageDigest::SHA256;
-
-// Overwrites the bytes of a secret, including a short one kept inside the
-// string object, and empties it.
-void wipe(secure_string& secret)
-{
-    if (!secret.empty())
-        crypto::zeroOut(&secret[0], secret.size());
-    secret.clear();
-}
-
-// Wipes a by-value key argument on every way out of a function.
-class WipeOnExit
-{
-public:
-    explicit WipeOnExit(secure_string& secret) : m_secret(secret) {}
-    ~WipeOnExit() { wipe(m_secret); }
-    WipeOnExit(const WipeOnExit&) = delete;
-    WipeOnExit& operator=(const WipeOnExit&) = delete;
-
-private:
-    secure_string& m_secret;
-};
-
-void storeDigest(secure_string digest)
-{
-    wipe(EncryptedSettings::g_file_digest);
-    EncryptedSettings::g_file_digest = std::move(digest);
-}
-
-} // namespace
+using namespace settingsdevices;
 
 crypto::locked_string EncryptedSettings::g_encryption_key;
 secure_string EncryptedSettings::g_file_digest;
@@ -87,39 +50,24 @@ bool EncryptedSettings::writeIniFunc(QIODevice& device, const QMap<QString, QVar
 
 secure_string EncryptedSettings::readIni(QIODevice& device, QMap<QString, QVariant>& map)
 {
-    static const char tag[] = "ko::EncryptedSettings::readIni";
-    BorrowedDevice source(device);
-    crypto::DigestingIODevice digesting(&source, k_digestAlgorithm);
-    if (!digesting.open(QIODevice::ReadOnly)) {
-        LogLine(Log::Error, tag) << "Error: cannot read the settings, " << digesting.errorString();
-        return secure_string();
-    }
-    QDataStream stream(&digesting);
-    stream >> map;
-    if (stream.status() != QDataStream::Ok) {
-        LogLine(Log::Error, tag) << "Error: the settings map cannot be read (data stream status "
-                                 << static_cast<int>(stream.status()) << "), " << device.errorString();
-        return secure_string();
-    }
-    return digesting.digest();
+    QMap<QString, QVariant> result;
+    secure_string digest = digested(device, QIODevice::ReadOnly, "ko::EncryptedSettings::readIni", [&](QIODevice& in) {
+        QDataStream stream(&in);
+        stream >> result;
+        return stream.status() == QDataStream::Ok;
+    });
+    if (!digest.empty())
+        map.swap(result);
+    return digest;
 }
 
 secure_string EncryptedSettings::writeIni(QIODevice& device, const QMap<QString, QVariant>& map)
 {
-    static const char tag[] = "ko::EncryptedSettings::writeIni";
-    BorrowedDevice sink(device);
-    crypto::DigestingIODevice digesting(&sink, k_digestAlgorithm);
-    if (!digesting.open(QIODevice::WriteOnly)) {
-        LogLine(Log::Error, tag) << "Error: cannot write the settings, " << digesting.errorString();
-        return secure_string();
-    }
-    QDataStream stream(&digesting);
-    stream << map;
-    if (stream.status() != QDataStream::Ok || sink.writeFailed()) {
-        LogLine(Log::Error, tag) << "Error: writing the settings failed, " << device.errorString();
-        return secure_string();
-    }
-    return digesting.digest();
+    return digested(device, QIODevice::WriteOnly, "ko::EncryptedSettings::writeIni", [&](QIODevice& out) {
+        QDataStream stream(&out);
+        stream << map;
+        return stream.status() == QDataStream::Ok;
+    });
 }
 
 secure_string EncryptedSettings::readIni(QIODevice& device, QMap<QString, QVariant>& map, secure_string key)
@@ -127,37 +75,21 @@ secure_string EncryptedSettings::readIni(QIODevice& device, QMap<QString, QVaria
     const WipeOnExit wipeKey(key);
     if (key.empty())
         return readIni(device, map);
-    BorrowedDevice source(device);
-    crypto::IODevice cipher(&source, key);
-    if (!cipher.open(QIODevice::ReadOnly)) {
-        LogLine(Log::Error, "ko::EncryptedSettings::readIni") << "Error: cannot decrypt the settings, " << cipher.errorString();
-        return secure_string();
-    }
-    secure_string digest = readIni(cipher, map);
-    cipher.close();
+    QMap<QString, QVariant> result;
+    secure_string digest = throughCipher(device, key, false, QIODevice::ReadOnly, "ko::EncryptedSettings::readIni",
+                                         [&](QIODevice& in) { return readIni(in, result); });
+    if (!digest.empty())
+        map.swap(result);
     return digest;
 }
 
-secure_string EncryptedSettings::writeIni(QIODevice& device, const QMap<QString, QVariant>& map,
-                                          secure_string key)
+secure_string EncryptedSettings::writeIni(QIODevice& device, const QMap<QString, QVariant>& map, secure_string key)
 {
     const WipeOnExit wipeKey(key);
     if (key.empty())
         return writeIni(device, map);
-    BorrowedDevice sink(device);
-    crypto::IODevice cipher(&sink, key);
-    if (!cipher.open(QIODevice::WriteOnly)) {
-        LogLine(Log::Error, "ko::EncryptedSettings::writeIni") << "Error: cannot encrypt the settings, " << cipher.errorString();
-        return secure_string();
-    }
-    secure_string digest = writeIni(cipher, map);
-    // The last chunk reaches the file only now.
-    cipher.close();
-    if (sink.writeFailed()) {
-        LogLine(Log::Error, "ko::EncryptedSettings::writeIni") << "Error: writing the settings failed, " << device.errorString();
-        wipe(digest);
-    }
-    return digest;
+    return throughCipher(device, key, false, QIODevice::WriteOnly, "ko::EncryptedSettings::writeIni",
+                         [&](QIODevice& out) { return writeIni(out, map); });
 }
 
 } // namespace ko

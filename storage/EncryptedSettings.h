@@ -4,6 +4,10 @@
 #include "support/core/Url.h"
 #include "support/crypto/LockedString.h"
 #include "support/crypto/SecureAllocator.h"
+#include "support/json/Schema.h"
+#include "support/json/Variant.h"
+
+#include <boost/intrusive_ptr.hpp>
 
 #include <QIODevice>
 #include <QMap>
@@ -47,9 +51,20 @@ public:
     // Digest of the plain content of the last file read or written; empty
     // after a failure.
     static crypto::secure_string g_file_digest;
+    // The JSON schema of the JSON form; an empty URL means no schema.
+    static Url g_schema_url;
 
     // Registered for the extension "ini" with readIniFunc/writeIniFunc.
     static QSettings::Format IniFormat;
+    // Registered for the extension "json" with readJsonFunc/writeJsonFunc.
+    static QSettings::Format JsonFormat;
+    // The format of the latest registerFormat() call; QSettings::InvalidFormat
+    // before the first.
+    static QSettings::Format EncryptedFormat;
+
+    // Registers a further format of the JSON form for the extension (keys
+    // case-sensitive), keeps it in EncryptedFormat and returns it.
+    static QSettings::Format registerFormat(const QString& extension);
 
     // Replaces the key. The by-value argument is wiped and emptied before
     // the call returns.
@@ -57,12 +72,19 @@ public:
     static void setEncryptionKey(crypto::locked_string key);
     static void clearEncryptionKey();
     static crypto::secure_string getFileDigest();
+    // The schema that the JSON form reads and writes with, resolved on each
+    // use (json::Schema caches documents).
+    static void setJsonSchemaUrl(Url url);
 
     // QSettings format functions: they use the current key, keep the digest
     // in g_file_digest (wiping the previous one) and report whether it is
     // non-empty.
     static bool readIniFunc(QIODevice& device, QMap<QString, QVariant>& map);
     static bool writeIniFunc(QIODevice& device, const QMap<QString, QVariant>& map);
+    static bool readJsonFunc(QIODevice& device, QMap<QString, QVariant>& map);
+    // Writes nothing when the map makes an empty JSON value; the result then
+    // tells whether an earlier digest is still held.
+    static bool writeJsonFunc(QIODevice& device, const QMap<QString, QVariant>& map);
 
     // The binary map form, usable without QSettings. Each returns the digest
     // of the plain content, or an empty string on failure. The device is
@@ -75,6 +97,18 @@ public:
                                          crypto::secure_string key);
     static crypto::secure_string writeIni(QIODevice& device, const QMap<QString, QVariant>& map,
                                           crypto::secure_string key);
+
+    // The JSON form, likewise. With a non-empty key the text is compressed
+    // with zlib at its default level, and the compressed bytes are encrypted.
+    // A null schema reads and writes without validation and base64 handling.
+    static crypto::secure_string readJson(QIODevice& device, QMap<QString, QVariant>& map,
+                                          boost::intrusive_ptr<json::Schema> schema);
+    static crypto::secure_string writeJson(QIODevice& device, json::Variant value);
+    static crypto::secure_string readJson(QIODevice& device, QMap<QString, QVariant>& map,
+                                          crypto::secure_string key,
+                                          boost::intrusive_ptr<json::Schema> schema);
+    static crypto::secure_string writeJson(QIODevice& device, json::Variant value,
+                                           crypto::secure_string key);
 
     EncryptedSettings() = delete;
 };

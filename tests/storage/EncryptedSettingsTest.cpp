@@ -186,6 +186,36 @@ TEST_F(EncryptedSettingsTest, WorkersLeaveTheDeviceOpenAndTakeTheKeyAsGiven)
     EXPECT_TRUE(EncryptedSettings::readIni(buffer, back).empty());
 }
 
+// A buffer that takes at most `limit` bytes, as a full disk would.
+class FullBuffer : public QBuffer
+{
+public:
+    explicit FullBuffer(qint64 limit) : m_limit(limit) {}
+
+protected:
+    qint64 writeData(const char* data, qint64 size) override
+    {
+        const qint64 room = std::min(size, m_limit - pos());
+        return room <= 0 ? -1 : QBuffer::writeData(data, room);
+    }
+
+private:
+    qint64 m_limit;
+};
+
+TEST_F(EncryptedSettingsTest, LostWritesGiveNoDigest)
+{
+    // With a key, 17 bytes hold just the stream header: the one chunk is
+    // written only when the cipher is closed.
+    const struct { const char* key; qint64 limit; } cases[] = {{"", 0}, {"", 20}, {"k", 0}, {"k", 10}, {"k", 17}, {"k", 60}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(std::string(c.key) + " " + std::to_string(c.limit));
+        FullBuffer device(c.limit);
+        ASSERT_TRUE(device.open(QIODevice::WriteOnly));
+        EXPECT_TRUE(EncryptedSettings::writeIni(device, sampleSettings(), secure_string(c.key)).empty());
+    }
+}
+
 // Runs the openssl command-line tool; its standard output, or a null array
 // when it fails.
 QByteArray openssl(const QStringList& arguments, const QByteArray& input = QByteArray())
