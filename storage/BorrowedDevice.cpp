@@ -1,12 +1,16 @@
 #include "storage/BorrowedDevice.h"
 
+#include <QCoreApplication>
+
 namespace ko {
 
 bool BorrowedDevice::open(OpenMode mode)
 {
     const OpenMode needed = mode & ReadWrite;
     if (!m_device.isOpen() || (m_device.openMode() & needed) != needed) {
-        setErrorString(m_device.isOpen() ? m_device.errorString() : QStringLiteral("The settings device is not open."));
+        setErrorString(m_device.isOpen()
+                           ? QCoreApplication::translate("ko::EncryptedSettings", "The settings device is not open for this direction.")
+                           : QCoreApplication::translate("ko::EncryptedSettings", "The settings device is not open."));
         return false;
     }
     m_readFailed = false;
