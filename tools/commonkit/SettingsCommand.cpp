@@ -151,6 +151,9 @@ SettingsMap readSettings(const QString& path, const FileForm& form, const secure
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         throw CommandError(tr("%1: cannot read %2: %3").arg(command, path, file.errorString()));
+    // QSettings takes an empty file for settings without keys.
+    if (file.size() == 0)
+        return map;
     const secure_string fileKey = form.encrypted ? key : secure_string();
     secure_string digest;
     {
@@ -194,9 +197,9 @@ public:
     {
         const QFileInfo info(target);
         if (info.exists() && !info.isFile())
-            throw CommandError(tr("%1: %2 is not a regular file").arg(command, target), 2);
+            throw CommandError(cktool::tr("%1: %2 is not a regular file").arg(command, target), 2);
         if (!m_partial.open())
-            throw CommandError(tr("%1: cannot create %2: %3").arg(command, target, m_partial.errorString()));
+            throw CommandError(cktool::tr("%1: cannot create %2: %3").arg(command, target, m_partial.errorString()));
         m_partial.close();
         // A replaced file keeps its permissions; a new one is the owner's only.
         if (info.exists())
@@ -211,7 +214,7 @@ public:
         std::filesystem::rename(std::filesystem::path(path().toStdWString()),
                                 std::filesystem::path(m_target.toStdWString()), error);
         if (error)
-            throw CommandError(tr("%1: cannot write %2: %3")
+            throw CommandError(cktool::tr("%1: cannot write %2: %3")
                                    .arg(command, m_target, QString::fromLocal8Bit(error.message().c_str())));
         m_partial.setAutoRemove(false);
     }
