@@ -90,7 +90,8 @@ public:
     // of the plain content, or an empty string on failure. The device is
     // read or written from its current position and left open. With a
     // non-empty key the content passes the AES stream device; the key
-    // argument is wiped before the call returns.
+    // argument is wiped before the call returns. readIni replaces the map;
+    // on failure it leaves the map as it was.
     static crypto::secure_string readIni(QIODevice& device, QMap<QString, QVariant>& map);
     static crypto::secure_string writeIni(QIODevice& device, const QMap<QString, QVariant>& map);
     static crypto::secure_string readIni(QIODevice& device, QMap<QString, QVariant>& map,
@@ -101,6 +102,8 @@ public:
     // The JSON form, likewise. With a non-empty key the text is compressed
     // with zlib at its default level, and the compressed bytes are encrypted.
     // A null schema reads and writes without validation and base64 handling.
+    // readJson adds the keys of the file to the map, and leaves the map as it
+    // was on failure.
     static crypto::secure_string readJson(QIODevice& device, QMap<QString, QVariant>& map,
                                           boost::intrusive_ptr<json::Schema> schema);
     static crypto::secure_string writeJson(QIODevice& device, json::Variant value);
