@@ -129,17 +129,17 @@
         <translation>&apos;commonkit settings &lt;Aktion&gt; --help&apos; zeigt die Optionen einer Aktion.</translation>
     </message>
     <message>
-        <location filename="../../tools/commonkit/SettingsCommand.cpp" line="364"/>
+        <location filename="../../tools/commonkit/SettingsCommand.cpp" line="365"/>
         <source>settings: give an action: show or convert</source>
         <translation>settings: eine Aktion angeben: show oder convert</translation>
     </message>
     <message>
-        <location filename="../../tools/commonkit/SettingsCommand.cpp" line="365"/>
+        <location filename="../../tools/commonkit/SettingsCommand.cpp" line="366"/>
         <source>settings: unknown action &apos;%1&apos; (use show or convert)</source>
         <translation>settings: unbekannte Aktion &apos;%1&apos; (show oder convert verwenden)</translation>
     </message>
     <message>
-        <location filename="../../tools/commonkit/SettingsCommand.cpp" line="369"/>
+        <location filename="../../tools/commonkit/SettingsCommand.cpp" line="370"/>
         <source>Show and convert settings files, encrypted or not</source>
         <translation>Einstellungsdateien anzeigen und umwandeln, verschlüsselt oder nicht</translation>
     </message>

@@ -129,17 +129,17 @@
         <translation>Lancez « commonkit settings &lt;action&gt; --help » pour les options d’une action.</translation>
     </message>
     <message>
-        <location filename="../../tools/commonkit/SettingsCommand.cpp" line="364"/>
+        <location filename="../../tools/commonkit/SettingsCommand.cpp" line="365"/>
         <source>settings: give an action: show or convert</source>
         <translation>settings : indiquez une action : show ou convert</translation>
     </message>
     <message>
-        <location filename="../../tools/commonkit/SettingsCommand.cpp" line="365"/>
+        <location filename="../../tools/commonkit/SettingsCommand.cpp" line="366"/>
         <source>settings: unknown action &apos;%1&apos; (use show or convert)</source>
         <translation>settings : action « %1 » inconnue (utilisez show ou convert)</translation>
     </message>
     <message>
-        <location filename="../../tools/commonkit/SettingsCommand.cpp" line="369"/>
+        <location filename="../../tools/commonkit/SettingsCommand.cpp" line="370"/>
         <source>Show and convert settings files, encrypted or not</source>
         <translation>Afficher et convertir des fichiers de paramètres, chiffrés ou non</translation>
     </message>

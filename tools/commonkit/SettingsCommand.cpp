@@ -357,7 +357,8 @@ int runSettings(const QStringList& arguments)
             << "\n"
             << tr("With a key, .json and .ini files are encrypted; the key also decrypts the input.") << "\n"
             << tr("Keys come from files, or from standard input with -; never from the command line.") << "\n"
-            << tr("Run 'commonkit settings <action> --help' for the options of an action.") << "\n";
+            << tr("Run 'commonkit settings <action> --help' for the options of an action.") << "\n"
+            << tr("Global options: --help, --version, --lang de|fr.") << "\n";
         return 0;
     }
     if (action.isEmpty())
