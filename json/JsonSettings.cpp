@@ -102,6 +102,8 @@ SchemaPtr jsonFileSchema(const QString& extension)
             return SchemaPtr();
         url = found.value();
     }
+    if (url.isEmpty())
+        return SchemaPtr();
     return json::Schema::resolve(url.toString().toStdString(), std::string());
 }
 

@@ -24,7 +24,8 @@
 COMMONKIT_EXPORT QSettings::Format registerJsonQSettingsFormat(const QString& extension, const QUrl& schemaUrl);
 
 // The schema registered for an extension, resolved with json::Schema::resolve;
-// null when the extension has none (or it cannot be loaded).
+// null when the extension has none, was registered with an empty URL, or its
+// schema cannot be loaded.
 COMMONKIT_EXPORT boost::intrusive_ptr<json::Schema> jsonFileSchema(const QString& extension);
 COMMONKIT_EXPORT boost::intrusive_ptr<json::Schema> jsonFileSchema(const QFileInfo& info);
 COMMONKIT_EXPORT boost::intrusive_ptr<json::Schema> jsonFileSchema(const QFileDevice& device);
