@@ -19,8 +19,8 @@
 #include <QVariant>
 
 // Registers a QSettings format for files with the extension (case-sensitive
-// keys) and records schemaUrl as the extension's schema, replacing an
-// earlier one.
+// keys) and records schemaUrl as the extension's schema. Registering the
+// extension again replaces the URL and returns the format registered first.
 COMMONKIT_EXPORT QSettings::Format registerJsonQSettingsFormat(const QString& extension, const QUrl& schemaUrl);
 
 // The schema registered for an extension, resolved with json::Schema::resolve;
