@@ -126,9 +126,12 @@ SchemaPtr schemaAt(SchemaPtr schema, const json::Path& path)
 // largest list index.
 bool listLength(const QVariant& value, std::size_t* length)
 {
+    if (value.userType() == QMetaType::Bool)
+        return false;
     bool ok = false;
     const qlonglong number = value.toLongLong(&ok);
-    if (!ok || number < 0 || static_cast<unsigned long long>(number) > json::Path::k_maxIndex)
+    if (!ok || number < 0 || static_cast<unsigned long long>(number) > json::Path::k_maxIndex
+        || value.toDouble() != static_cast<double>(number))
         return false;
     *length = static_cast<std::size_t>(number);
     return true;

@@ -24,6 +24,7 @@ struct Extensions
 {
     QMutex mutex;
     QMap<QString, QUrl> schemas;
+    QMap<QString, QSettings::Format> formats;
 };
 
 Extensions& extensions()
@@ -83,13 +84,19 @@ bool isEmptyDocument(const json::Variant& value)
 
 QSettings::Format registerJsonQSettingsFormat(const QString& extension, const QUrl& schemaUrl)
 {
-    {
-        QMutexLocker lock(&extensions().mutex);
-        extensions().schemas.insert(extension, schemaUrl);
-    }
+    QMutexLocker lock(&extensions().mutex);
+    extensions().schemas.insert(extension, schemaUrl);
+    // Qt has room for 16 formats of its own in a process; registering an
+    // extension again only changes its schema.
+    const auto known = extensions().formats.constFind(extension);
+    if (known != extensions().formats.constEnd())
+        return known.value();
     const QSettings::ReadFunc read = &readJsonQSettings;
     const QSettings::WriteFunc write = &writeJsonQSettings;
-    return QSettings::registerFormat(extension, read, write, Qt::CaseSensitive);
+    const QSettings::Format format = QSettings::registerFormat(extension, read, write, Qt::CaseSensitive);
+    if (format != QSettings::InvalidFormat)
+        extensions().formats.insert(extension, format);
+    return format;
 }
 
 SchemaPtr jsonFileSchema(const QString& extension)
@@ -102,6 +109,8 @@ SchemaPtr jsonFileSchema(const QString& extension)
             return SchemaPtr();
         url = found.value();
     }
+    if (url.isEmpty())
+        return SchemaPtr();
     return json::Schema::resolve(url.toString().toStdString(), std::string());
 }
 

@@ -19,12 +19,13 @@
 #include <QVariant>
 
 // Registers a QSettings format for files with the extension (case-sensitive
-// keys) and records schemaUrl as the extension's schema, replacing an
-// earlier one.
+// keys) and records schemaUrl as the extension's schema. Registering the
+// extension again replaces the URL and returns the format registered first.
 COMMONKIT_EXPORT QSettings::Format registerJsonQSettingsFormat(const QString& extension, const QUrl& schemaUrl);
 
 // The schema registered for an extension, resolved with json::Schema::resolve;
-// null when the extension has none (or it cannot be loaded).
+// null when the extension has none, was registered with an empty URL, or its
+// schema cannot be loaded.
 COMMONKIT_EXPORT boost::intrusive_ptr<json::Schema> jsonFileSchema(const QString& extension);
 COMMONKIT_EXPORT boost::intrusive_ptr<json::Schema> jsonFileSchema(const QFileInfo& info);
 COMMONKIT_EXPORT boost::intrusive_ptr<json::Schema> jsonFileSchema(const QFileDevice& device);

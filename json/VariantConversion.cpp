@@ -11,6 +11,7 @@
 #include <QPolygon>
 
 #include <algorithm>
+#include <limits>
 #include <new>
 
 namespace {
@@ -265,6 +266,8 @@ QVariant qVariant(const json::Variant& value)
 QVariant qVariantFromMetaType(const json::Object& object)
 {
     const std::string data = object.value("#qdata").toString();
+    if (data.size() > static_cast<std::size_t>(std::numeric_limits<int>::max()))
+        return QVariant();
     const QByteArray bytes = QByteArray::fromRawData(data.data(), static_cast<int>(data.size()));
     QDataStream stream(bytes);
     QVariant result;

@@ -4,6 +4,7 @@
 #include "json/VariantConversion.h"
 #include "support/core/Log.h"
 #include "support/json/JsonParser.h"
+#include "support/json/ObjectModel.h"
 
 #include <gtest/gtest.h>
 
@@ -236,6 +237,33 @@ TEST(JsonBridge, FlatMapKeysThatCannotBePlacedAreSkippedWithAWarning)
     EXPECT_NE(lines[0].find("[jsonVariantFlat] Json - could not locate a/b"), std::string::npos) << lines[0];
     EXPECT_NE(lines[1].find("could not locate list/9999999"), std::string::npos) << lines[1];
     EXPECT_NE(lines[2].find("could not locate list/size"), std::string::npos) << lines[2];
+}
+
+class PointModel : public json::CObjectModel
+{
+public:
+    PointModel() : CObjectModel("QPoint", "point") {}
+    json::Variant variantFromCObject(const void* object) override { return jsonVariant(*static_cast<const QPoint*>(object), false); }
+    void* objectPtrFromVariant(const json::Variant& value) override
+    {
+        m_point = QPoint(static_cast<int>(value["x"].toInt64()), static_cast<int>(value["y"].toInt64()));
+        return &m_point;
+    }
+
+private:
+    QPoint m_point;
+};
+
+TEST(JsonObjectModel, ModelsAreFoundByEitherName)
+{
+    json::CObjectModel::registerModel(std::make_shared<PointModel>());
+    const auto model = json::CObjectModel::find("point");
+    ASSERT_TRUE(model);
+    EXPECT_EQ(json::CObjectModel::find("QPoint"), model);
+    EXPECT_FALSE(json::CObjectModel::find("QSize"));
+    const QPoint point(4, 5);
+    EXPECT_EQ(model->toVariant(&point).toJson(), R"({"x":4,"y":5})");
+    EXPECT_TRUE(model->toVariant(nullptr).isNull());
 }
 
 } // namespace

@@ -256,4 +256,63 @@ TEST(JsonBridgeFlatMap, FlatteningAndRebuildingAreInverse)
         EXPECT_EQ(typesSeen.count(type), 1u) << QMetaType::typeName(type);
 }
 
+json::Variant parsed(const std::string& text)
+{
+    json::JsonParser parser;
+    EXPECT_TRUE(parser.parse(text)) << parser.lastError() << text;
+    return parser.parseComplete();
+}
+
+// How the schema of one member "m" decides the flat entries of its value.
+TEST(JsonBridgeFlatMap, SchemaDecidesWhatStaysWhole)
+{
+    const std::string types = std::string(k_dataTypesUrl);
+    struct Row
+    {
+        std::string schema;
+        const char* value;
+        QMap<QString, QVariant> flat;
+    };
+    const Row rows[] = {
+        {R"({"$ref": ")" + types + R"(#point"})", R"({"x": 1.0, "y": -2})", {{"m", QPoint(1, -2)}}},
+        {R"({"$ref": ")" + types + R"(#point"})", R"({"x": 1.5, "y": 2})", {{"m/x", 1.5}, {"m/y", qlonglong(2)}}},
+        {R"({"$ref": ")" + types + R"(#rectangle"})", R"({"top": 2, "left": 1, "height": 4, "width": 3})", {{"m", QRect(1, 2, 3, 4)}}},
+        {R"({"$ref": "#/definitions/place"})", R"({"width": 2, "height": 0.5})", {{"m", QSizeF(2, 0.5)}}},
+        {R"({"type": "string", "format": "date"})", R"("2024-13-01")", {{"m", QStringLiteral("2024-13-01")}}},
+        {R"({"type": "string", "format": "time"})", R"("09:05:03")", {{"m", QTime(9, 5, 3)}}},
+        {R"({"type": "string", "format": "time"})", R"("09:05::03")", {{"m", QTime(9, 5, 3)}}},
+        {R"({"type": "string", "format": "date-time"})", R"("2024-01-02T03:04:05Z")",
+         {{"m", QDateTime(QDate(2024, 1, 2), QTime(3, 4, 5), Qt::UTC)}}},
+        {R"({"type": "string", "format": "uuid"})", R"("00000000-0000-0000-0000-000000000000")", {{"m", QUuid()}}},
+        {R"({"type": "string", "format": "uuid"})", R"("not-a-uuid")", {{"m", QStringLiteral("not-a-uuid")}}},
+        {R"({"type": "array", "items": {"type": "string"}})", R"("one")", {{"m", QStringLiteral("one")}}},
+        {R"({"type": "array", "items": {"type": "boolean"}})", R"([true, false])", {{"m", QVariantList{true, false}}}},
+        {R"({"type": "array", "items": {"type": "object"}})", R"([])", {{"m/size", 0}}},
+        {R"({"type": "object"})", R"({"size": 0})", {{"m/size", qlonglong(0)}}},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.schema + " " + row.value);
+        const auto schema = json::Schema::fromVariant(parsed(R"({"properties": {"m": )" + row.schema
+                                                             + R"j(}, "definitions": {"place": {"$ref": ")j" + types
+                                                             + R"j(#dimension(number)"}}})j"));
+        ASSERT_TRUE(schema);
+        json::Variant value = json::Object();
+        value.set("m", parsed(row.value));
+        value.attachSchema(schema);
+        QMap<QString, QVariant> flat;
+        qVariantMapFlat(flat, value, '/', QString());
+        EXPECT_EQ(flat, row.flat);
+        for (auto it = flat.begin(); it != flat.end(); ++it)
+            EXPECT_EQ(it.value().userType(), row.flat.value(it.key()).userType()) << it.key().toStdString();
+        // Rebuilt with the schema, an empty object stays an object and an empty list a list.
+        if (row.flat.firstKey() == QLatin1String("m/size")) {
+            EXPECT_EQ(jsonVariantFlat(flat, '/', schema, true).toJson(), value.toJson());
+        }
+    }
+    // Where the schema expects a list of strings, a single text becomes one.
+    const auto stringList = json::Schema::fromVariant(parsed(R"({"properties": {"m": {"type": "array", "items": {"type": "string"}}}})"));
+    EXPECT_EQ(jsonVariantFlat({{QStringLiteral("m"), QStringLiteral("one")}}, '/', stringList, true).toJson(), R"({"m":["one"]})");
+    EXPECT_EQ(jsonVariantFlat({{QStringLiteral("m"), QVariantList{1, true}}}, '/', stringList, true).toJson(), R"({"m":["1","true"]})");
+}
+
 } // namespace

@@ -222,6 +222,9 @@ TEST_F(JsonSettings, EdgeCasesOfReadingAndWriting)
     EXPECT_FALSE(readJsonQSettings(buffer, map));
     EXPECT_EQ(map.size(), 1);
 
+    // Qt has 16 format slots; registering an extension again takes none.
+    for (int i = 0; i < 20; ++i)
+        EXPECT_EQ(registerJsonQSettingsFormat(QStringLiteral("cktest"), QUrl(QString::fromLatin1(k_schemaUrl))), m_format);
     EXPECT_TRUE(jsonFileSchema(QFileInfo(QStringLiteral("/x/y.cktest"))));
     EXPECT_FALSE(jsonFileSchema(QStringLiteral("unregistered")));
 }
