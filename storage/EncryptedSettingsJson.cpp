@@ -5,6 +5,9 @@
 #include "json/JsonSettings.h"
 #include "storage/SettingsDevices.h"
 
+#include <QMap>
+#include <QMutex>
+
 namespace ko {
 
 using crypto::secure_string;
@@ -36,9 +39,20 @@ QSettings::Format EncryptedSettings::EncryptedFormat = QSettings::InvalidFormat;
 
 QSettings::Format EncryptedSettings::registerFormat(const QString& extension)
 {
-    EncryptedFormat = QSettings::registerFormat(extension, &EncryptedSettings::readJsonFunc,
-                                                &EncryptedSettings::writeJsonFunc, Qt::CaseSensitive);
-    return EncryptedFormat;
+    // Qt has room for only 16 formats of its own in a process, so an
+    // extension registered again keeps the format it got the first time.
+    static QMutex mutex;
+    static QMap<QString, QSettings::Format> formats;
+    const QMutexLocker lock(&mutex);
+    QSettings::Format format = formats.value(extension, QSettings::InvalidFormat);
+    if (format == QSettings::InvalidFormat) {
+        format = QSettings::registerFormat(extension, &EncryptedSettings::readJsonFunc,
+                                           &EncryptedSettings::writeJsonFunc, Qt::CaseSensitive);
+        if (format != QSettings::InvalidFormat)
+            formats.insert(extension, format);
+    }
+    EncryptedFormat = format;
+    return format;
 }
 
 void EncryptedSettings::setJsonSchemaUrl(Url url)

@@ -328,6 +328,9 @@ TEST_F(EncryptedSettingsTest, FurtherExtensionsAndTheSchemaUrlApplyToTheJsonForm
     const QSettings::Format format = EncryptedSettings::registerFormat(QStringLiteral("cfg"));
     EXPECT_EQ(format, EncryptedSettings::EncryptedFormat);
     EXPECT_NE(format, EncryptedSettings::JsonFormat);
+    // Qt has 16 format slots; registering again must not use them up.
+    for (int i = 0; i < 20; ++i)
+        EXPECT_EQ(EncryptedSettings::registerFormat(QStringLiteral("cfg")), format);
 
     // Byte arrays travel as UTF-8 text, so the sample is text.
     const QByteArray blob("stored in base64, \xc3\xbc");
