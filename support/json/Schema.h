@@ -72,6 +72,28 @@ public:
     bool isUuid() const;       // ... "uuid"
     bool isBinary() const;     // {"type":"string","contentEncoding":"base64"}
 
+    // Application data types: native types with a JSON form, each known by
+    // a type name and the URI of the schema node that describes its form
+    // (see ApplicationDataType.h; defined in ApplicationDataTypes.cpp).
+    //
+    // Registers `type` under typeName and uri, replacing an earlier
+    // registration of the name; false for an empty name or URI or a null
+    // converter.
+    static bool registerApplicationDataType(const std::string& typeName, const std::string& uri,
+                                            std::shared_ptr<const class ApplicationDataType> type);
+    // The JSON form of the native value at object, of the type registered
+    // under typeName; null when the name is not registered.
+    static Variant variantFromApplicationDataType(const std::string& typeName, const void* object);
+    // Sets the native value at object from its JSON form; false when the
+    // name is not registered or value does not have the form.
+    static bool applicationDataTypeToObject(const std::string& typeName, const Variant& value, void* object);
+    // The URI registered for typeName, empty when there is none.
+    static std::string applicationDataTypeUri(const std::string& typeName);
+    // The name of the registered type this node stands for: its "$ref"
+    // names the type's URI, directly or through further references, or it
+    // is the node that URI names. Empty when it stands for none.
+    std::string applicationDataType() const;
+
     Schema(const Schema&) = delete;
     Schema& operator=(const Schema&) = delete;
 

@@ -299,6 +299,11 @@ std::string Variant::toJson() const
     return text;
 }
 
+void Variant::attachSchema(const boost::intrusive_ptr<Schema>& schema)
+{
+    m_schema = schema;
+}
+
 bool operator==(const Variant& a, const Variant& b)
 {
     return a.m_node == b.m_node || VariantAccess::node(a) == VariantAccess::node(b);

@@ -2,6 +2,8 @@
 
 #include "support/core/Export.h"
 
+#include <boost/intrusive_ptr.hpp>
+
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -14,6 +16,10 @@ namespace json {
 class Object;
 class List;
 class VariantIterator;
+class Schema;
+
+COMMONKIT_EXPORT void intrusive_ptr_add_ref(const Schema* schema);
+COMMONKIT_EXPORT void intrusive_ptr_release(const Schema* schema);
 
 // Thrown when a Variant is used as a type it does not have, for example when
 // a member is set on a string.
@@ -118,11 +124,19 @@ public:
     friend COMMONKIT_EXPORT bool operator==(const Variant& a, const Variant& b);
     friend bool operator!=(const Variant& a, const Variant& b) { return !(a == b); }
 
+    // The schema that describes this value, for converters that ask it how
+    // to read the value (Schema::member() and items() describe the parts).
+    // Copies of the Variant carry it along; members and elements read from
+    // it do not, and it takes no part in comparisons. Null by default.
+    void attachSchema(const boost::intrusive_ptr<Schema>& schema);
+    const boost::intrusive_ptr<Schema>& schema() const { return m_schema; }
+
 private:
     friend struct VariantAccess;
     // The value as an nlohmann::ordered_json, shared copy on write; empty
     // for null.
     std::shared_ptr<void> m_node;
+    boost::intrusive_ptr<Schema> m_schema;
 };
 
 // A Variant that is always an object. Made from a Variant that is not an

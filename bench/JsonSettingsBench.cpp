@@ -1,0 +1,114 @@
+// Reading a settings file of 10,000 keys through QSettings: the JSON format
+// against QSettings::IniFormat holding the same map; run with
+//   build/release/bench/jsonsettings_bench
+// QSettings keeps a file it has read and reads it again only when its time
+// stamp or size changed, so each iteration moves the time stamp on.
+
+#include "json/JsonSettings.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QFile>
+#include <QTemporaryDir>
+
+namespace {
+
+// 50 groups of 150 values, and an array of 833 entries with 3 values each:
+// 7500 + 2499 + the array's size = 10,000 keys.
+void fill(QSettings& settings)
+{
+    for (int group = 0; group < 50; ++group) {
+        for (int key = 0; key < 150; ++key) {
+            const QString name = QStringLiteral("group%1/key%2").arg(group).arg(key);
+            switch (key % 4) {
+            case 0:
+                settings.setValue(name, group * 1000 + key);
+                break;
+            case 1:
+                settings.setValue(name, key / 7.0);
+                break;
+            case 2:
+                settings.setValue(name, QStringLiteral("text value %1").arg(key));
+                break;
+            default:
+                settings.setValue(name, key % 2 == 0);
+            }
+        }
+    }
+    settings.beginWriteArray(QStringLiteral("cams"));
+    for (int i = 0; i < 833; ++i) {
+        settings.setArrayIndex(i);
+        settings.setValue(QStringLiteral("name"), QStringLiteral("camera %1").arg(i));
+        settings.setValue(QStringLiteral("port"), 8000 + i);
+        settings.setValue(QStringLiteral("enabled"), i % 3 != 0);
+    }
+    settings.endArray();
+}
+
+struct Files
+{
+    Files()
+    {
+        json = registerJsonQSettingsFormat(QStringLiteral("json"), QUrl());
+        jsonPath = dir.filePath(QStringLiteral("settings.json"));
+        iniPath = dir.filePath(QStringLiteral("settings.ini"));
+        QSettings jsonSettings(jsonPath, json);
+        QSettings iniSettings(iniPath, QSettings::IniFormat);
+        fill(jsonSettings);
+        fill(iniSettings);
+    }
+
+    QTemporaryDir dir;
+    QSettings::Format json;
+    QString jsonPath;
+    QString iniPath;
+};
+
+Files& files()
+{
+    static Files instance;
+    return instance;
+}
+
+void readSettings(benchmark::State& state, const QString& path, QSettings::Format format)
+{
+    QFile file(path);
+    QDateTime stamp = QDateTime::currentDateTimeUtc();
+    int keys = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        stamp = stamp.addSecs(1);
+        file.setFileTime(stamp, QFileDevice::FileModificationTime);
+        state.ResumeTiming();
+        QSettings settings(path, format);
+        keys = settings.allKeys().size();
+        benchmark::DoNotOptimize(keys);
+    }
+    state.counters["keys"] = keys;
+    state.counters["bytes"] = static_cast<double>(file.size());
+}
+
+void BM_ReadJsonSettings(benchmark::State& state)
+{
+    readSettings(state, files().jsonPath, files().json);
+}
+BENCHMARK(BM_ReadJsonSettings)->Unit(benchmark::kMillisecond);
+
+void BM_ReadIniSettings(benchmark::State& state)
+{
+    readSettings(state, files().iniPath, QSettings::IniFormat);
+}
+BENCHMARK(BM_ReadIniSettings)->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QCoreApplication app(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}

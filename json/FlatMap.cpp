@@ -1,0 +1,208 @@
+// Flat key maps (as QSettings holds them) to and from nested JSON values.
+
+#include "json/VariantConversion.h"
+
+#include "json/DateTimeForms.h"
+#include "support/core/Log.h"
+#include "support/json/Path.h"
+
+#include <QUuid>
+
+namespace {
+
+using SchemaPtr = boost::intrusive_ptr<json::Schema>;
+
+// Values nest no deeper than the parser allows; a deeper one built in code
+// is cut off there rather than exhausting the stack.
+const int k_maxDepth = 512;
+
+QString joined(const QString& prefix, char separator, const QString& key)
+{
+    return prefix.isEmpty() ? key : prefix + QLatin1Char(separator) + key;
+}
+
+// The Qt value of a string the schema calls a date, time, date-time or
+// uuid; invalid when it is none or the text does not read as one.
+QVariant formattedText(const json::Variant& value, const SchemaPtr& schema)
+{
+    const QString text = QString::fromStdString(value.toString());
+    if (schema->isDate()) {
+        const QDate date = jsonbridge::parseDate(text);
+        return date.isValid() ? QVariant(date) : QVariant();
+    }
+    if (schema->isTime()) {
+        const QTime time = jsonbridge::parseTime(text);
+        return time.isValid() ? QVariant(time) : QVariant();
+    }
+    if (schema->isDateTime()) {
+        const QDateTime dateTime = jsonbridge::parseDateTime(text);
+        return dateTime.isValid() ? QVariant(dateTime) : QVariant();
+    }
+    if (schema->isUuid()) {
+        const QUuid uuid(text);
+        const bool nil = text == QLatin1String("00000000-0000-0000-0000-000000000000")
+            || text == QLatin1String("{00000000-0000-0000-0000-000000000000}");
+        return uuid.isNull() && !nil ? QVariant() : QVariant(uuid);
+    }
+    return QVariant();
+}
+
+// The Qt value of an object the schema calls an application data type;
+// invalid when it is none or the object lacks the type's members.
+QVariant applicationData(const json::Variant& value, const SchemaPtr& schema)
+{
+    const std::string name = schema->applicationDataType();
+    if (name.empty())
+        return QVariant();
+    const int type = QMetaType::type(name.c_str());
+    if (type == QMetaType::UnknownType)
+        return QVariant();
+    QVariant result(type, nullptr);
+    if (!json::Schema::applicationDataTypeToObject(name, value, result.data()))
+        return QVariant();
+    return result;
+}
+
+void flatten(QMap<QString, QVariant>& map, const json::Variant& value, const SchemaPtr& schema, char separator,
+             const QString& prefix, int depth)
+{
+    if (value.isNull()) {
+        map[prefix] = QVariant();
+        return;
+    }
+    if (schema && value.isList()) {
+        if (schema->isStringList()) {
+            map[prefix] = qStringList(json::List(value));
+            return;
+        }
+        if (schema->isFlatList()) {
+            map[prefix] = qVariantList(json::List(value));
+            return;
+        }
+    }
+    if (schema && value.isString()) {
+        const QVariant formatted = formattedText(value, schema);
+        if (formatted.isValid()) {
+            map[prefix] = formatted;
+            return;
+        }
+    }
+    if (schema && value.isObject()) {
+        const QVariant data = applicationData(value, schema);
+        if (data.isValid()) {
+            map[prefix] = data;
+            return;
+        }
+    }
+    // A tagged meta-type object is one value, not a group of three.
+    if (value.isComposite() && !value.contains("#qdata") && depth < k_maxDepth) {
+        const bool list = value.isList();
+        const SchemaPtr items = schema && list ? schema->items() : SchemaPtr();
+        for (json::VariantIterator it(value); !it.atEnd(); it.next()) {
+            const QString key = list ? QString::number(it.index() + 1) : QString::fromStdString(it.key());
+            const SchemaPtr part = list ? items : schema ? schema->member(it.key()) : SchemaPtr();
+            flatten(map, it.value(), part, separator, joined(prefix, separator, key), depth + 1);
+        }
+        if (list)
+            map[joined(prefix, separator, QStringLiteral("size"))] = static_cast<int>(value.size());
+        return;
+    }
+    map[prefix] = qVariant(value);
+}
+
+// The sub-schema at path: list indices lead to "items", other segments to
+// members.
+SchemaPtr schemaAt(SchemaPtr schema, const json::Path& path)
+{
+    for (const std::string& segment : path.segments()) {
+        if (!schema)
+            break;
+        schema = schema->type() == "array" && path.listIndex(segment, nullptr) ? schema->items() : schema->member(segment);
+    }
+    return schema;
+}
+
+// A list length given by a "size" key: a whole number from 0 to the
+// largest list index.
+bool listLength(const QVariant& value, std::size_t* length)
+{
+    if (value.userType() == QMetaType::Bool)
+        return false;
+    bool ok = false;
+    const qlonglong number = value.toLongLong(&ok);
+    if (!ok || number < 0 || static_cast<unsigned long long>(number) > json::Path::k_maxIndex
+        || value.toDouble() != static_cast<double>(number))
+        return false;
+    *length = static_cast<std::size_t>(number);
+    return true;
+}
+
+// Handles a key ending in "size" that gives the length of the list at the
+// path before it; false when the key is an ordinary member. It gives a
+// length where a list already stands there, where the schema calls the
+// place an array, or, when the schema says nothing, for an empty list (a
+// "size" of 0 with nothing else below the path).
+bool applyListSize(json::Variant& root, const json::Path& path, const QVariant& value, const SchemaPtr& schema)
+{
+    std::size_t length = 0;
+    if (path.empty() || path.segments().back() != "size" || !listLength(value, &length))
+        return false;
+    const json::Path parent = path.parent();
+    json::Variant list;
+    // A null there is a gap a longer list left, which the length fills.
+    const bool exists = parent.locate(root, &list) && !list.isNull();
+    const SchemaPtr parentSchema = schemaAt(schema, parent);
+    const bool arrayPlace = parentSchema ? parentSchema->type() == "array" : length == 0;
+    if (exists ? !list.isList() : !arrayPlace)
+        return false;
+    if (exists && list.size() == length)
+        return true;
+    // Resize a copy of its own, so that root is not shared while it changes.
+    json::Variant resized = exists ? list : json::List();
+    list = json::Variant();
+    resized.resize(length);
+    return parent.set(root, resized);
+}
+
+// A value the schema calls a list of strings: the text of each element of a
+// list, or a list of the one text.
+json::Variant asStringList(const QVariant& value)
+{
+    const QVariantList elements = value.userType() == QMetaType::QVariantList ? value.toList() : QVariantList{value};
+    json::Variant result = json::List();
+    for (const QVariant& element : elements) {
+        const QByteArray text = element.toString().toUtf8();
+        result.append(json::Variant(text.constData(), static_cast<std::size_t>(text.size())));
+    }
+    return result;
+}
+
+} // namespace
+
+void qVariantMapFlat(QMap<QString, QVariant>& map, const json::Variant& value, char separator, const QString& prefix)
+{
+    registerQDataTypes();
+    flatten(map, value, value.schema(), separator, prefix, 0);
+}
+
+json::Variant jsonVariantFlat(const QMap<QString, QVariant>& map, char separator,
+                              boost::intrusive_ptr<json::Schema> schema, bool withMetaTypes)
+{
+    registerQDataTypes();
+    json::Variant root;
+    json::Path path;
+    path.setArrayBaseIndex(1);
+    path.setAutoArrayIndex(true);
+    for (auto it = map.constBegin(); it != map.constEnd(); ++it) {
+        path.setPath(it.key().toStdString(), separator);
+        if (applyListSize(root, path, it.value(), schema))
+            continue;
+        json::Variant converted = jsonVariant(it.value(), withMetaTypes);
+        const SchemaPtr part = schemaAt(schema, path);
+        if (part && !converted.isNull() && it.value().userType() != QMetaType::QStringList && part->isStringList())
+            converted = asStringList(it.value());
+        if (!path.set(root, converted))
+            ko::LogLine(ko::Log::Warning, "jsonVariantFlat") << "Json - could not locate " << it.key();
+    }
+    return root;
+}

@@ -1,0 +1,269 @@
+// QVariant <-> json::Variant: the conversion tables, tagged meta types, and
+// the flat layout against QSettings' own array layout.
+
+#include "json/VariantConversion.h"
+#include "support/core/Log.h"
+#include "support/json/JsonParser.h"
+#include "support/json/ObjectModel.h"
+
+#include <gtest/gtest.h>
+
+#include <QBitArray>
+#include <QColor>
+#include <QDataStream>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QPolygon>
+#include <QRegularExpression>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QUrl>
+#include <QUuid>
+#include <QVersionNumber>
+
+#include <limits>
+
+namespace {
+
+json::Variant parse(const std::string& text)
+{
+    json::JsonParser parser;
+    EXPECT_TRUE(parser.parse(text)) << parser.lastError();
+    return parser.parseComplete();
+}
+
+std::string qtStreamBytes(const QVariant& value)
+{
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    stream << value;
+    return bytes.toStdString();
+}
+
+QVariant nested(const QVariant& inner)
+{
+    return QVariant(QMetaType::QVariant, &inner);
+}
+
+TEST(JsonBridge, QtValuesConvertByTheTable)
+{
+    const QUuid uuid(QStringLiteral("{0f1e2d3c-4b5a-6978-8796-a5b4c3d2e1f0}"));
+    struct Row
+    {
+        QVariant value;
+        const char* json;
+    };
+    const Row rows[] = {
+        {QVariant(), "null"},
+        {true, "true"},
+        {-7, "-7"},
+        {std::numeric_limits<qlonglong>::min(), "-9223372036854775808"},
+        {std::numeric_limits<qulonglong>::max(), "18446744073709551615"},
+        {4000000000u, "4000000000"},
+        {QVariant::fromValue<short>(-3), "-3"},
+        {QVariant::fromValue<char>('a'), "97"},
+        {QVariant::fromValue<uchar>(200), "200"},
+        {QVariant::fromValue<ushort>(65535), "65535"},
+        {0.25, "0.25"},
+        {2.0, "2.0"},
+        {1.5f, "1.5"},
+        {QStringLiteral("Grüße \"x\""), "\"Grüße \\\"x\\\"\""},
+        {QByteArray("raw"), "\"raw\""},
+        {QChar(u'z'), "\"z\""},
+        {QUrl(QStringLiteral("https://a.example/b?c=d")), "\"https://a.example/b?c=d\""},
+        {uuid, "\"{0f1e2d3c-4b5a-6978-8796-a5b4c3d2e1f0}\""},
+        {QDate(2024, 2, 29), "\"2024-02-29\""},
+        {QTime(9, 5, 3, 700), "\"09:05::03.7\""},
+        {QDateTime(QDate(2024, 2, 29), QTime(23, 59, 58, 120)), "\"2024-02-29 23:59::58.12\""},
+        {QPoint(3, -4), R"({"x":3,"y":-4})"},
+        {QPointF(0.5, 2), R"({"x":0.5,"y":2.0})"},
+        {QSize(640, 480), R"({"width":640,"height":480})"},
+        {QSizeF(1.5, 2.5), R"({"width":1.5,"height":2.5})"},
+        {QRect(1, 2, 30, 40), R"({"left":1,"top":2,"width":30,"height":40})"},
+        {QRectF(0.5, 1.5, 2, 3), R"({"left":0.5,"top":1.5,"width":2.0,"height":3.0})"},
+        {QPolygon(QVector<QPoint>{QPoint(1, 2), QPoint(3, 4)}), R"([{"x":1,"y":2},{"x":3,"y":4}])"},
+        {QStringList{QStringLiteral("a"), QString()}, R"(["a",""])"},
+        {QVariantList{1, QStringLiteral("x"), QVariantList{true}}, R"([1,"x",[true]])"},
+        {QVariantMap{{QStringLiteral("b"), 1}, {QStringLiteral("a"), QVariantMap{{QStringLiteral("c"), QVariant()}}}},
+         R"({"a":{"c":null},"b":1})"},
+        {QVariantHash{{QStringLiteral("k"), 2.5}, {QStringLiteral("j"), QPoint(1, 1)}}, R"({"j":{"x":1,"y":1},"k":2.5})"},
+        {QJsonValue(QJsonValue::Undefined), "null"},
+        {QJsonValue(3), "3.0"},
+        {QJsonValue(QStringLiteral("s")), "\"s\""},
+        {QJsonObject{{QStringLiteral("n"), 1}, {QStringLiteral("l"), QJsonArray{true, QJsonValue()}}},
+         R"({"l":[true,null],"n":1.0})"},
+        {QJsonArray{QStringLiteral("a"), QJsonObject()}, R"(["a",{}])"},
+        {QJsonDocument(), "null"},
+        {QJsonDocument(QJsonArray{1}), "[1.0]"},
+        {QJsonDocument(QJsonObject{{QStringLiteral("a"), false}}), R"({"a":false})"},
+        {makeQVariant(parse(R"({"z":[1,"q"]})")), R"({"z":[1,"q"]})"},
+        {QColor(1, 2, 3), "\"#010203\""},                       // a Qt type without meta types: its text
+        {QVariant::fromValue(QVersionNumber(1, 2)), "\"\""},     // which is often empty
+        {nested(QStringLiteral("inner")), "\"inner\""},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.json);
+        EXPECT_EQ(jsonVariant(row.value, false).toJson(), row.json);
+    }
+}
+
+TEST(JsonBridge, JsonValuesConvertByTheTable)
+{
+    struct Row
+    {
+        const char* json;
+        QVariant expected;
+    };
+    const Row rows[] = {
+        {"null", QVariant()},
+        {"true", true},
+        {"-5", qlonglong(-5)},
+        {"18446744073709551615", std::numeric_limits<qulonglong>::max()},
+        {"2.5", 2.5},
+        {"\"Grüße\"", QStringLiteral("Grüße")},
+        {R"([1,"a",null])", QVariantList{qlonglong(1), QStringLiteral("a"), QVariant()}},
+        {R"({"b":{"c":[]},"a":1.0})",
+         QVariantMap{{QStringLiteral("a"), 1.0}, {QStringLiteral("b"), QVariantMap{{QStringLiteral("c"), QVariantList()}}}}},
+        {R"({"x":1,"y":2})", QVariantMap{{QStringLiteral("x"), qlonglong(1)}, {QStringLiteral("y"), qlonglong(2)}}},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.json);
+        const QVariant converted = qVariant(parse(row.json));
+        EXPECT_EQ(converted.userType(), row.expected.userType());
+        EXPECT_EQ(converted, row.expected);
+    }
+    EXPECT_EQ(qStringList(json::List(parse(R"(["a",2,true,[1]])"))),
+              (QStringList{QStringLiteral("a"), QStringLiteral("2"), QStringLiteral("true"), QString()}));
+}
+
+TEST(JsonBridge, TypesJsonCannotExpressTravelAsTheirQtStreamImage)
+{
+    QBitArray bits(11);
+    bits.setBit(3);
+    const QVariant values[] = {QColor(1, 2, 3, 4), bits, QRegularExpression(QStringLiteral("a+b"), QRegularExpression::CaseInsensitiveOption),
+                               QLocale(QLocale::German, QLocale::Austria)};
+    for (const QVariant& value : values) {
+        SCOPED_TRACE(value.typeName());
+        const json::Variant tagged = jsonVariant(value, true);
+        EXPECT_EQ(tagged.keys(), (std::vector<std::string>{"#qtype", "#alt-type-name", "#qdata"}));
+        EXPECT_EQ(tagged["#qtype"].toInt64(), static_cast<int>(value.type()));
+        EXPECT_EQ(tagged["#alt-type-name"].toString(), value.typeName());
+        EXPECT_EQ(tagged["#qdata"].toString(), qtStreamBytes(value));
+        // Only "#qdata" is read; other members are ignored.
+        json::Variant decorated = tagged;
+        decorated.set("#qtype", "nonsense");
+        decorated.set("extra", 1);
+        EXPECT_EQ(qVariant(decorated), value);
+        // A variant inside a variant is tagged whatever the caller asked for.
+        EXPECT_EQ(jsonVariant(nested(value), false), tagged);
+    }
+    json::Variant broken = json::Object();
+    // Empty, cut short, an unknown type name, a list claiming 2^31 elements.
+    for (const std::string& data : {std::string(), std::string("\0\0\0\x43", 4), std::string("\xff\xff\xff\xff\0garbage", 12),
+                                    std::string("\0\0\0\x09\0\x7f\xff\xff\xff", 9)}) {
+        broken.set("#qdata", data);
+        EXPECT_FALSE(qVariant(broken).isValid());
+    }
+}
+
+TEST(JsonBridge, NumericFailureGivesZeroAndAWarning)
+{
+    std::vector<std::string> lines;
+    const auto previous = ko::Log::instance().setSink([&](int, const std::string& line) { lines.push_back(line); });
+    int target = 0;
+    const json::Variant converted = jsonVariant(QVariant::fromValue(static_cast<void*>(&target)), true);
+    ko::Log::instance().setSink(previous);
+    EXPECT_EQ(converted.toJson(), "0");
+    ASSERT_EQ(lines.size(), 1u);
+    EXPECT_NE(lines[0].find("[jsonVariant] numeric overflow at: "), std::string::npos) << lines[0];
+}
+
+// QSettings' own array and group layout, as beginWriteArray makes it, is
+// the flat form of the nested value.
+TEST(JsonBridge, FlatLayoutIsTheArrayLayoutOfQSettings)
+{
+    QTemporaryDir dir;
+    QSettings settings(dir.filePath(QStringLiteral("layout.ini")), QSettings::IniFormat);
+    settings.beginWriteArray(QStringLiteral("cams"));
+    for (int i = 0; i < 3; ++i) {
+        settings.setArrayIndex(i);
+        settings.setValue(QStringLiteral("name"), QStringLiteral("cam %1").arg(i));
+        settings.beginWriteArray(QStringLiteral("ports"), 1);
+        settings.setArrayIndex(0);
+        settings.setValue(QStringLiteral("n"), 80 + i);
+        settings.endArray();
+    }
+    settings.endArray();
+    settings.beginWriteArray(QStringLiteral("none"), 0);
+    settings.endArray();
+    settings.setValue(QStringLiteral("group/sub/flag"), true);
+    QMap<QString, QVariant> qtLayout;
+    for (const QString& key : settings.allKeys())
+        qtLayout.insert(key, settings.value(key));
+
+    const json::Variant nestedValue = parse(R"({
+        "cams": [{"name": "cam 0", "ports": [{"n": 80}]},
+                 {"name": "cam 1", "ports": [{"n": 81}]},
+                 {"name": "cam 2", "ports": [{"n": 82}]}],
+        "group": {"sub": {"flag": true}},
+        "none": []})");
+    QMap<QString, QVariant> flat;
+    qVariantMapFlat(flat, nestedValue, '/', QString());
+    EXPECT_EQ(flat, qtLayout);
+    EXPECT_EQ(flat.value(QStringLiteral("cams/size")), 3);
+    EXPECT_EQ(jsonVariantFlat(qtLayout, '/', nullptr, true), nestedValue);
+
+    QMap<QString, QVariant> prefixed;
+    qVariantMapFlat(prefixed, nestedValue["cams"], '.', QStringLiteral("top"));
+    EXPECT_EQ(prefixed.firstKey(), QStringLiteral("top.1.name"));
+    EXPECT_EQ(prefixed.value(QStringLiteral("top.size")), 3);
+}
+
+TEST(JsonBridge, FlatMapKeysThatCannotBePlacedAreSkippedWithAWarning)
+{
+    std::vector<std::string> lines;
+    const auto previous = ko::Log::instance().setSink([&](int, const std::string& line) { lines.push_back(line); });
+    const QMap<QString, QVariant> flat{{QStringLiteral("a"), 1},
+                                       {QStringLiteral("a/b"), 2},
+                                       {QStringLiteral("font/size"), 12},
+                                       {QStringLiteral("list/1"), QStringLiteral("x")},
+                                       {QStringLiteral("list/size"), QStringLiteral("many")},
+                                       {QStringLiteral("list/9999999"), 1}};
+    const json::Variant value = jsonVariantFlat(flat, '/', nullptr, true);
+    ko::Log::instance().setSink(previous);
+    EXPECT_EQ(value.toJson(), R"({"a":1,"font":{"size":12},"list":["x"]})");
+    ASSERT_EQ(lines.size(), 3u);
+    EXPECT_NE(lines[0].find("[jsonVariantFlat] Json - could not locate a/b"), std::string::npos) << lines[0];
+    EXPECT_NE(lines[1].find("could not locate list/9999999"), std::string::npos) << lines[1];
+    EXPECT_NE(lines[2].find("could not locate list/size"), std::string::npos) << lines[2];
+}
+
+class PointModel : public json::CObjectModel
+{
+public:
+    PointModel() : CObjectModel("QPoint", "point") {}
+    json::Variant variantFromCObject(const void* object) override { return jsonVariant(*static_cast<const QPoint*>(object), false); }
+    void* objectPtrFromVariant(const json::Variant& value) override
+    {
+        m_point = QPoint(static_cast<int>(value["x"].toInt64()), static_cast<int>(value["y"].toInt64()));
+        return &m_point;
+    }
+
+private:
+    QPoint m_point;
+};
+
+TEST(JsonObjectModel, ModelsAreFoundByEitherName)
+{
+    json::CObjectModel::registerModel(std::make_shared<PointModel>());
+    const auto model = json::CObjectModel::find("point");
+    ASSERT_TRUE(model);
+    EXPECT_EQ(json::CObjectModel::find("QPoint"), model);
+    EXPECT_FALSE(json::CObjectModel::find("QSize"));
+    const QPoint point(4, 5);
+    EXPECT_EQ(model->toVariant(&point).toJson(), R"({"x":4,"y":5})");
+    EXPECT_TRUE(model->toVariant(nullptr).isNull());
+}
+
+} // namespace

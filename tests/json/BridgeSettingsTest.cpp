@@ -1,0 +1,255 @@
+// QSettings in JSON files: what the format writes is checked with
+// QJsonDocument, what it reads with QSettings itself.
+
+#include "json/JsonSettings.h"
+#include "json/VariantConversion.h"
+#include "support/core/Log.h"
+#include "support/json/JsonParser.h"
+
+#include <gtest/gtest.h>
+
+#include <QBuffer>
+#include <QColor>
+#include <QDataStream>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QRectF>
+#include <QTemporaryDir>
+#include <QUuid>
+
+namespace {
+
+const char* const k_schemaUrl = "https://tests.commonkit.invalid/settings.json";
+
+const char* const k_schema = R"json({
+  "type": "object",
+  "properties": {
+    "names": {"type": "array", "items": {"type": "string"}},
+    "ports": {"type": "array", "items": {"type": "integer"}},
+    "day": {"type": "string", "format": "date"},
+    "at": {"type": "string", "format": "time"},
+    "changed": {"type": "string", "format": "date-time"},
+    "id": {"type": "string", "format": "uuid"},
+    "blob": {"type": "string", "contentEncoding": "base64"},
+    "window": {"type": "object", "properties": {
+      "pos": {"$ref": "https://schemas.commonkit.invalid/datatypes.json#point"},
+      "size": {"$ref": "https://schemas.commonkit.invalid/datatypes.json#dimension"},
+      "area": {"$ref": "https://schemas.commonkit.invalid/datatypes.json#rectangle(number)"}}},
+    "cams": {"type": "array", "items": {"type": "object", "properties": {
+      "since": {"type": "string", "format": "date"}}}}
+  }
+})json";
+
+// Collects the log lines written while it lives.
+class LogCapture
+{
+public:
+    LogCapture() : m_previous(ko::Log::instance().setSink([this](int, const std::string& line) { lines.push_back(line); })) {}
+    ~LogCapture() { ko::Log::instance().setSink(m_previous); }
+    bool contains(const std::string& text) const
+    {
+        return std::any_of(lines.begin(), lines.end(), [&](const std::string& line) { return line.find(text) != std::string::npos; });
+    }
+    std::vector<std::string> lines;
+
+private:
+    ko::Log::Sink m_previous;
+};
+
+class JsonSettings : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        json::JsonParser parser;
+        ASSERT_TRUE(parser.parse(k_schema));
+        json::Schema::registerSchema(k_schemaUrl, parser.parseComplete());
+        m_format = registerJsonQSettingsFormat(QStringLiteral("cktest"), QUrl(QString::fromLatin1(k_schemaUrl)));
+        ASSERT_NE(m_format, QSettings::InvalidFormat);
+    }
+
+    QString path(const QString& name) const { return m_dir.filePath(name); }
+
+    QByteArray contents(const QString& name) const
+    {
+        QFile file(path(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<missing>");
+    }
+
+    QSettings::Format m_format = QSettings::InvalidFormat;
+    QTemporaryDir m_dir;
+};
+
+TEST_F(JsonSettings, EveryValueTypeIsWrittenAsJsonAndReadBackByQSettings)
+{
+    const QByteArray blob("bin\x01\x02 text");
+    const QMap<QString, QVariant> values{
+        {QStringLiteral("flag"), true},
+        {QStringLiteral("count"), 42},
+        {QStringLiteral("big"), qlonglong(1) << 60},
+        {QStringLiteral("ratio"), 0.1 + 0.2},
+        {QStringLiteral("third"), 1.0 / 3},
+        {QStringLiteral("name"), QStringLiteral("Grüße / \u2211")},
+        {QStringLiteral("names"), QStringList{QStringLiteral("a"), QStringLiteral("b c")}},
+        {QStringLiteral("ports"), QVariantList{80, 443}},
+        {QStringLiteral("day"), QDate(2024, 2, 29)},
+        {QStringLiteral("at"), QTime(9, 5, 3, 700)},
+        {QStringLiteral("changed"), QDateTime(QDate(2023, 12, 31), QTime(23, 59, 1, 5))},
+        {QStringLiteral("id"), QUuid(QStringLiteral("{0f1e2d3c-4b5a-6978-8796-a5b4c3d2e1f0}"))},
+        {QStringLiteral("blob"), blob},
+        {QStringLiteral("window/pos"), QPoint(-3, 7)},
+        {QStringLiteral("window/size"), QSize(800, 600)},
+        {QStringLiteral("window/area"), QRectF(0.5, 1, 2.25, 3)},
+        {QStringLiteral("color"), QColor(10, 20, 30, 40)},
+    };
+    {
+        QSettings settings(path(QStringLiteral("app.cktest")), m_format);
+        for (auto it = values.begin(); it != values.end(); ++it)
+            settings.setValue(it.key(), it.value());
+        settings.beginWriteArray(QStringLiteral("cams"));
+        for (int i = 0; i < 2; ++i) {
+            settings.setArrayIndex(i);
+            settings.setValue(QStringLiteral("name"), QStringLiteral("cam %1").arg(i + 1));
+            settings.setValue(QStringLiteral("since"), QDate(2020 + i, 1, 2));
+            settings.setValue(QStringLiteral("grp/deep"), i);
+        }
+        settings.endArray();
+        settings.sync();
+        ASSERT_EQ(settings.status(), QSettings::NoError);
+    }
+
+    const QByteArray text = contents(QStringLiteral("app.cktest"));
+    QJsonParseError error{};
+    const QJsonObject root = QJsonDocument::fromJson(text, &error).object();
+    ASSERT_EQ(error.error, QJsonParseError::NoError) << text.constData();
+    EXPECT_EQ(root.value(QStringLiteral("flag")), QJsonValue(true));
+    EXPECT_EQ(root.value(QStringLiteral("big")).toDouble(), 1152921504606846976.0);
+    EXPECT_TRUE(text.contains("\"ratio\": 0.3,") && text.contains("\"third\": 0.333333333333333,")) << text.constData();
+    EXPECT_EQ(root.value(QStringLiteral("name")).toString(), values[QStringLiteral("name")].toString());
+    EXPECT_EQ(root.value(QStringLiteral("names")), QJsonArray({QStringLiteral("a"), QStringLiteral("b c")}));
+    EXPECT_EQ(root.value(QStringLiteral("ports")), QJsonArray({80, 443}));
+    EXPECT_EQ(root.value(QStringLiteral("day")).toString(), QStringLiteral("2024-02-29"));
+    EXPECT_EQ(root.value(QStringLiteral("at")).toString(), QStringLiteral("09:05::03.7"));
+    EXPECT_EQ(root.value(QStringLiteral("changed")).toString(), QStringLiteral("2023-12-31 23:59::01.005"));
+    EXPECT_EQ(QByteArray::fromBase64(root.value(QStringLiteral("blob")).toString().toLatin1()), blob);
+    const QJsonObject window = root.value(QStringLiteral("window")).toObject();
+    EXPECT_EQ(window.value(QStringLiteral("pos")), QJsonObject({{QStringLiteral("x"), -3}, {QStringLiteral("y"), 7}}));
+    EXPECT_EQ(window.value(QStringLiteral("area")), QJsonObject({{QStringLiteral("left"), 0.5}, {QStringLiteral("top"), 1}, {QStringLiteral("width"), 2.25}, {QStringLiteral("height"), 3}}));
+    const QJsonArray cams = root.value(QStringLiteral("cams")).toArray();
+    ASSERT_EQ(cams.size(), 2);
+    EXPECT_EQ(cams[1].toObject().value(QStringLiteral("name")).toString(), QStringLiteral("cam 2"));
+    EXPECT_EQ(cams[1].toObject().value(QStringLiteral("grp")).toObject().value(QStringLiteral("deep")), QJsonValue(1));
+    // The tagged color's stream image, read by Qt itself.
+    const QJsonObject color = root.value(QStringLiteral("color")).toObject();
+    EXPECT_EQ(color.value(QStringLiteral("#qtype")), QJsonValue(int(QMetaType::QColor)));
+    QDataStream stream(QByteArray::fromBase64(color.value(QStringLiteral("#qdata")).toString().toLatin1()));
+    QVariant colorBack;
+    stream >> colorBack;
+    EXPECT_EQ(colorBack, values[QStringLiteral("color")]);
+
+    // QSettings keeps what it read or wrote per file name; a copy is read afresh.
+    ASSERT_TRUE(QFile::copy(path(QStringLiteral("app.cktest")), path(QStringLiteral("copy.cktest"))));
+    QSettings reread(path(QStringLiteral("copy.cktest")), m_format);
+    ASSERT_EQ(reread.status(), QSettings::NoError);
+    for (auto it = values.begin(); it != values.end(); ++it) {
+        SCOPED_TRACE(it.key().toStdString());
+        const QVariant back = reread.value(it.key());
+        // Binary data is text in memory (as QVariant::toString gave it).
+        const QVariant expected = it.key() == QLatin1String("blob") ? QVariant(QString::fromLatin1(blob)) : it.value();
+        EXPECT_EQ(back, expected);
+        const bool number = expected.userType() == QMetaType::Int; // integers come back as qlonglong
+        EXPECT_EQ(back.userType(), number ? int(QMetaType::LongLong) : expected.userType());
+    }
+    EXPECT_EQ(reread.beginReadArray(QStringLiteral("cams")), 2);
+    reread.setArrayIndex(1);
+    EXPECT_EQ(reread.value(QStringLiteral("since")), QDate(2021, 1, 2));
+    EXPECT_EQ(reread.value(QStringLiteral("grp/deep")), 1);
+    reread.endArray();
+}
+
+TEST_F(JsonSettings, PrintedFormIsIndentedWithFifteenDigitsAndNoFinalNewline)
+{
+    const QMap<QString, QVariant> map{{QStringLiteral("a"), 1},
+                                      {QStringLiteral("b/c"), 0.1 + 0.2},
+                                      {QStringLiteral("b/d"), QStringList{QStringLiteral("x")}},
+                                      {QStringLiteral("e/1/f"), 2.0 / 3},
+                                      {QStringLiteral("e/size"), 1},
+                                      {QStringLiteral("g"), QVariantList()}};
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    ASSERT_TRUE(writeJsonQSettings(buffer, map, nullptr));
+    EXPECT_EQ(buffer.data().toStdString(), "{\n"
+                                           "    \"a\": 1,\n"
+                                           "    \"b\": {\n"
+                                           "        \"c\": 0.3,\n"
+                                           "        \"d\": [\n"
+                                           "            \"x\"\n"
+                                           "        ]\n"
+                                           "    },\n"
+                                           "    \"e\": [\n"
+                                           "        {\n"
+                                           "            \"f\": 0.666666666666667\n"
+                                           "        }\n"
+                                           "    ],\n"
+                                           "    \"g\": []\n"
+                                           "}");
+}
+
+TEST_F(JsonSettings, EdgeCasesOfReadingAndWriting)
+{
+    QFile empty(path(QStringLiteral("empty.cktest")));
+    ASSERT_TRUE(empty.open(QIODevice::WriteOnly));
+    empty.close();
+    QSettings emptySettings(empty.fileName(), m_format);
+    EXPECT_EQ(emptySettings.status(), QSettings::NoError);
+    EXPECT_TRUE(emptySettings.allKeys().isEmpty());
+
+    // A never registered extension: no schema, so no base64.
+    QFile plain(path(QStringLiteral("plain.unregistered")));
+    ASSERT_TRUE(plain.open(QIODevice::WriteOnly));
+    EXPECT_TRUE(writeJsonQSettings(plain, {{QStringLiteral("blob"), QByteArray("raw")}}));
+    plain.close();
+    EXPECT_EQ(contents(QStringLiteral("plain.unregistered")), QByteArray("{\n    \"blob\": \"raw\"\n}"));
+
+    // An empty map writes nothing; devices that are no files are refused.
+    QBuffer buffer;
+    buffer.open(QIODevice::ReadWrite);
+    QMap<QString, QVariant> map{{QStringLiteral("kept"), 1}};
+    EXPECT_FALSE(writeJsonQSettings(buffer, QMap<QString, QVariant>(), jsonFileSchema(QStringLiteral("cktest"))));
+    EXPECT_EQ(buffer.size(), 0);
+    EXPECT_FALSE(writeJsonQSettings(buffer, map));
+    EXPECT_FALSE(readJsonQSettings(buffer, map));
+    EXPECT_EQ(map.size(), 1);
+
+    // Qt has 16 format slots; registering an extension again takes none.
+    for (int i = 0; i < 20; ++i)
+        EXPECT_EQ(registerJsonQSettingsFormat(QStringLiteral("cktest"), QUrl(QString::fromLatin1(k_schemaUrl))), m_format);
+    EXPECT_TRUE(jsonFileSchema(QFileInfo(QStringLiteral("/x/y.cktest"))));
+    EXPECT_FALSE(jsonFileSchema(QStringLiteral("unregistered")));
+}
+
+TEST_F(JsonSettings, UnparsableTextFailsAndInvalidSettingsOnlyWarn)
+{
+    LogCapture log;
+    QBuffer broken;
+    broken.setData("{\"a\": [1, 2");
+    broken.open(QIODevice::ReadOnly);
+    QMap<QString, QVariant> map;
+    EXPECT_FALSE(readJsonQSettings(broken, map, nullptr));
+    EXPECT_TRUE(map.isEmpty());
+    EXPECT_TRUE(log.contains("[readJsonQSettings] Error: parsing failed, {\"a\": [1, 2"));
+
+    const auto schema = jsonFileSchema(QStringLiteral("cktest"));
+    QBuffer out;
+    out.open(QIODevice::WriteOnly);
+    EXPECT_TRUE(writeJsonQSettings(out, {{QStringLiteral("day"), QStringLiteral("no date")}, {QStringLiteral("count"), 3}}, schema));
+    EXPECT_TRUE(log.contains("[makeJsonSettings] Warning: schema validation failed!"));
+    out.close();
+    out.open(QIODevice::ReadOnly);
+    EXPECT_TRUE(readJsonQSettings(out, map, schema));
+    EXPECT_TRUE(log.contains("[readJsonQSettings] Warning: schema validation failed!"));
+    EXPECT_EQ(map, (QMap<QString, QVariant>{{QStringLiteral("count"), qlonglong(3)}, {QStringLiteral("day"), QStringLiteral("no date")}}));
+}
+
+} // namespace

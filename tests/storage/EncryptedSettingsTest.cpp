@@ -1,0 +1,391 @@
+#include "storage/EncryptedSettings.h"
+#include "support/ReferenceDecrypt.h"
+#include "support/json/JsonParser.h"
+#include "support/json/Schema.h"
+
+#include <gtest/gtest.h>
+
+#include <QBuffer>
+#include <QCryptographicHash>
+#include <QDataStream>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QSettings>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QtEndian>
+
+#include <cstring>
+
+namespace {
+
+using ko::EncryptedSettings;
+using ko::crypto::secure_string;
+using SettingsMap = QMap<QString, QVariant>;
+
+QByteArray bytesOf(const secure_string& s)
+{
+    return QByteArray(s.data(), static_cast<int>(s.size()));
+}
+
+QByteArray sha256(const QByteArray& data)
+{
+    return QCryptographicHash::hash(data, QCryptographicHash::Sha256);
+}
+
+QByteArray fileBytes(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void writeFile(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    ASSERT_EQ(file.write(bytes), bytes.size());
+}
+
+// The settings every test writes: nested keys and values of several types.
+SettingsMap sampleSettings()
+{
+    return {{QStringLiteral("camera/name"), QStringLiteral("Gate Ünterführung")},
+            {QStringLiteral("camera/port"), 554},
+            {QStringLiteral("camera/ptz"), true},
+            {QStringLiteral("recorder/hosts"), QStringList{QStringLiteral("a"), QStringLiteral("b")}},
+            {QStringLiteral("ratio"), 0.75}};
+}
+
+// What QDataStream makes of a map at its default version, made without the
+// library.
+QByteArray dataStreamImage(const SettingsMap& map)
+{
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    stream << map;
+    return bytes;
+}
+
+// A zlib stream inflated by Qt's own zlib code (which wants the expected
+// size in front; a generous one does).
+QByteArray inflate(const QByteArray& zlibStream)
+{
+    QByteArray sized(4, '\0');
+    qToBigEndian<quint32>(1 << 20, sized.data());
+    return qUncompress(sized + zlibStream);
+}
+
+// The sample settings as QJsonDocument reads them from a JSON file.
+void expectSampleJson(const QByteArray& text)
+{
+    QJsonParseError error;
+    const QJsonObject root = QJsonDocument::fromJson(text, &error).object();
+    ASSERT_EQ(error.error, QJsonParseError::NoError) << error.errorString().toStdString() << "\n" << text.toStdString();
+    const QJsonObject camera = root.value(QStringLiteral("camera")).toObject();
+    EXPECT_EQ(camera.value(QStringLiteral("name")).toString(), QStringLiteral("Gate Ünterführung"));
+    EXPECT_EQ(camera.value(QStringLiteral("port")).toInt(), 554);
+    EXPECT_EQ(camera.value(QStringLiteral("ptz")).toBool(), true);
+    EXPECT_EQ(root.value(QStringLiteral("recorder")).toObject().value(QStringLiteral("hosts")).toArray(),
+              QJsonArray({QStringLiteral("a"), QStringLiteral("b")}));
+    EXPECT_EQ(root.value(QStringLiteral("ratio")).toDouble(), 0.75);
+}
+
+json::Variant parseJson(const char* text)
+{
+    json::JsonParser parser;
+    EXPECT_TRUE(parser.parse(text, std::strlen(text)));
+    return parser.parseComplete();
+}
+
+struct Form
+{
+    const char* name;
+    QSettings::Format format;
+    const char* extension;
+};
+
+const Form k_forms[] = {{"binary map", EncryptedSettings::IniFormat, "ini"},
+                        {"JSON", EncryptedSettings::JsonFormat, "json"}};
+
+// The schema of the sample settings: it makes the host list a list of
+// strings (without it, a list reads back as a settings array) and keeps
+// "blob" in base64.
+const char k_schemaUrl[] = "https://schemas.commonkit.invalid/test/encsettings.json";
+const char k_schema[] = R"({"type": "object", "properties": {
+    "recorder": {"type": "object", "properties": {"hosts": {"type": "array", "items": {"type": "string"}}}},
+    "blob": {"type": "string", "contentEncoding": "base64"}}})";
+
+class EncryptedSettingsTest : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        EncryptedSettings::clearEncryptionKey();
+        json::Schema::registerSchema(k_schemaUrl, parseJson(k_schema));
+        EncryptedSettings::setJsonSchemaUrl(ko::Url(QString::fromLatin1(k_schemaUrl)));
+    }
+    void TearDown() override
+    {
+        EncryptedSettings::clearEncryptionKey();
+        EncryptedSettings::setJsonSchemaUrl(ko::Url());
+    }
+
+    QString path(const QString& name) const { return m_dir.filePath(name); }
+    QString path(const Form& form, const char* base) const
+    {
+        return path(QStringLiteral("%1.%2").arg(QLatin1String(base), QLatin1String(form.extension)));
+    }
+
+    static void write(const QString& file, QSettings::Format format, const SettingsMap& values)
+    {
+        QSettings settings(file, format);
+        for (auto it = values.begin(); it != values.end(); ++it)
+            settings.setValue(it.key(), it.value());
+        settings.sync();
+        EXPECT_EQ(settings.status(), QSettings::NoError);
+    }
+
+    // Reads a copy under a name not used before: QSettings keeps the
+    // contents of files it has seen and does not read a file again whose
+    // size and time stamp look unchanged.
+    QSettings::Status read(const QString& file, QSettings::Format format, SettingsMap* values)
+    {
+        const QString copy = path(QStringLiteral("read%1.%2").arg(++m_reads).arg(QFileInfo(file).suffix()));
+        writeFile(copy, fileBytes(file));
+        QSettings settings(copy, format);
+        values->clear();
+        for (const QString& key : settings.allKeys())
+            values->insert(key, settings.value(key));
+        const QSettings::Status status = settings.status();
+        EXPECT_EQ(fileBytes(copy), fileBytes(file)) << "reading leaves the file as it was";
+        return status;
+    }
+
+    QTemporaryDir m_dir;
+    int m_reads = 0;
+};
+
+TEST_F(EncryptedSettingsTest, PlainFilesAreTheDataStreamImageAndJsonText)
+{
+    for (const Form& form : k_forms) {
+        SCOPED_TRACE(form.name);
+        const QString file = path(form, "plain");
+        write(file, form.format, sampleSettings());
+        const QByteArray bytes = fileBytes(file);
+        if (form.format == EncryptedSettings::IniFormat)
+            EXPECT_EQ(bytes, dataStreamImage(sampleSettings()));
+        else
+            expectSampleJson(bytes);
+        EXPECT_EQ(bytesOf(EncryptedSettings::getFileDigest()), sha256(bytes));
+
+        EncryptedSettings::g_file_digest.clear();
+        SettingsMap back;
+        EXPECT_EQ(read(file, form.format, &back), QSettings::NoError);
+        EXPECT_EQ(back, sampleSettings());
+        EXPECT_EQ(bytesOf(EncryptedSettings::getFileDigest()), sha256(bytes));
+    }
+}
+
+TEST_F(EncryptedSettingsTest, KeyedFilesHoldThePlainContentInTheStreamCipher)
+{
+    const std::string key = "settings key";
+    for (const Form& form : k_forms) {
+        SCOPED_TRACE(form.name);
+        EncryptedSettings::setEncryptionKey(secure_string(key.data(), key.size()));
+        const QString file = path(form, "keyed");
+        write(file, form.format, sampleSettings());
+        const QByteArray digest = bytesOf(EncryptedSettings::getFileDigest());
+
+        QByteArray decrypted;
+        ASSERT_TRUE(cktest::referenceDecrypt(fileBytes(file), key, decrypted));
+        const bool json = form.format == EncryptedSettings::JsonFormat;
+        const QByteArray plain = json ? inflate(decrypted) : decrypted;
+        if (json)
+            expectSampleJson(plain);
+        else
+            EXPECT_EQ(plain, dataStreamImage(sampleSettings()));
+        EXPECT_EQ(digest, sha256(plain));
+
+        // The same key given as a locked string reads it back.
+        EncryptedSettings::setEncryptionKey(ko::crypto::locked_string(key));
+        SettingsMap back;
+        EXPECT_EQ(read(file, form.format, &back), QSettings::NoError);
+        EXPECT_EQ(back, sampleSettings());
+        EXPECT_EQ(bytesOf(EncryptedSettings::getFileDigest()), digest);
+    }
+}
+
+TEST_F(EncryptedSettingsTest, UnreadableFilesFail)
+{
+    for (const Form& form : k_forms) {
+        const QString file = path(form, "guarded");
+        EncryptedSettings::setEncryptionKey(secure_string("right key"));
+        write(file, form.format, sampleSettings());
+        const QByteArray original = fileBytes(file);
+
+        struct Case { const char* name; const char* key; int flipAt; };
+        const Case cases[] = {
+            {"wrong key", "wrong key", -1},        {"no key", "", -1},
+            {"flipped version", "right key", 0},   {"flipped salt", "right key", 5},
+            {"flipped content", "right key", 40},  {"flipped tag", "right key", original.size() - 1},
+        };
+        for (const Case& c : cases) {
+            SCOPED_TRACE(std::string(form.name) + ": " + c.name);
+            QByteArray damaged = original;
+            if (c.flipAt >= 0)
+                damaged[c.flipAt] = static_cast<char>(damaged[c.flipAt] ^ 0x10);
+            writeFile(file, damaged);
+            EncryptedSettings::setEncryptionKey(secure_string(c.key));
+            EncryptedSettings::g_file_digest = "left from before";
+            SettingsMap back;
+            EXPECT_EQ(read(file, form.format, &back), QSettings::FormatError);
+            EXPECT_TRUE(back.isEmpty());
+            EXPECT_TRUE(EncryptedSettings::getFileDigest().empty());
+        }
+    }
+}
+
+TEST_F(EncryptedSettingsTest, WorkersLeaveTheDeviceOpenAndTakeTheKeyAsGiven)
+{
+    QByteArray stream;
+    QBuffer buffer(&stream);
+    ASSERT_TRUE(buffer.open(QIODevice::WriteOnly));
+    const secure_string digest = EncryptedSettings::writeIni(buffer, sampleSettings(), secure_string("k"));
+    EXPECT_TRUE(buffer.isOpen());
+    buffer.close();
+
+    QByteArray plain;
+    ASSERT_TRUE(cktest::referenceDecrypt(stream, "k", plain));
+    EXPECT_EQ(bytesOf(digest), sha256(plain));
+
+    ASSERT_TRUE(buffer.open(QIODevice::ReadOnly));
+    SettingsMap back;
+    EXPECT_EQ(EncryptedSettings::readIni(buffer, back, secure_string("k")), digest);
+    EXPECT_EQ(back, sampleSettings());
+    EXPECT_TRUE(buffer.isOpen());
+    // The process-wide key plays no part in the workers; a failed read
+    // leaves the map alone.
+    buffer.seek(0);
+    EncryptedSettings::setEncryptionKey(secure_string("k"));
+    EXPECT_TRUE(EncryptedSettings::readIni(buffer, back).empty());
+    EXPECT_EQ(back, sampleSettings());
+}
+
+// A buffer that takes at most `limit` bytes, as a full disk would.
+class FullBuffer : public QBuffer
+{
+public:
+    explicit FullBuffer(qint64 limit) : m_limit(limit) {}
+
+protected:
+    qint64 writeData(const char* data, qint64 size) override
+    {
+        const qint64 room = std::min(size, m_limit - pos());
+        return room <= 0 ? -1 : QBuffer::writeData(data, room);
+    }
+
+private:
+    qint64 m_limit;
+};
+
+TEST_F(EncryptedSettingsTest, LostWritesGiveNoDigest)
+{
+    // With a key, 17 bytes hold just the stream header: the one chunk is
+    // written only when the cipher is closed.
+    const json::Variant document = parseJson(R"({"a": "b"})");
+    const struct { const char* key; qint64 limit; } cases[] = {{"", 0}, {"", 20}, {"k", 0}, {"k", 10}, {"k", 17}, {"k", 60}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(std::string(c.key) + " " + std::to_string(c.limit));
+        FullBuffer ini(c.limit);
+        ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
+        EXPECT_TRUE(EncryptedSettings::writeIni(ini, sampleSettings(), secure_string(c.key)).empty());
+        FullBuffer json(c.limit / 4);
+        ASSERT_TRUE(json.open(QIODevice::WriteOnly));
+        EXPECT_TRUE(EncryptedSettings::writeJson(json, document, secure_string(c.key)).empty());
+    }
+}
+
+TEST_F(EncryptedSettingsTest, EmptyMapsWriteNoJsonAndKeepTheLastDigest)
+{
+    for (const char* held : {"", "earlier digest"}) {
+        SCOPED_TRACE(held);
+        EncryptedSettings::g_file_digest = held;
+        QByteArray bytes;
+        QBuffer buffer(&bytes);
+        ASSERT_TRUE(buffer.open(QIODevice::WriteOnly));
+        EXPECT_EQ(EncryptedSettings::writeJsonFunc(buffer, SettingsMap()), *held != '\0');
+        EXPECT_TRUE(bytes.isEmpty());
+        EXPECT_EQ(EncryptedSettings::getFileDigest(), secure_string(held));
+    }
+}
+
+TEST_F(EncryptedSettingsTest, FurtherExtensionsAndTheSchemaUrlApplyToTheJsonForm)
+{
+    const QSettings::Format format = EncryptedSettings::registerFormat(QStringLiteral("cfg"));
+    EXPECT_EQ(format, EncryptedSettings::EncryptedFormat);
+    EXPECT_NE(format, EncryptedSettings::JsonFormat);
+    // Qt has 16 format slots; registering again must not use them up.
+    for (int i = 0; i < 20; ++i)
+        EXPECT_EQ(EncryptedSettings::registerFormat(QStringLiteral("cfg")), format);
+
+    // Byte arrays travel as UTF-8 text, so the sample is text.
+    const QByteArray blob("stored in base64, \xc3\xbc");
+    const QString file = path(QStringLiteral("schema.cfg"));
+    write(file, format, {{QStringLiteral("blob"), blob}});
+    const QJsonObject root = QJsonDocument::fromJson(fileBytes(file)).object();
+    EXPECT_EQ(root.value(QStringLiteral("blob")).toString(), QString::fromLatin1(blob.toBase64()));
+
+    SettingsMap back;
+    EXPECT_EQ(read(file, format, &back), QSettings::NoError);
+    EXPECT_EQ(back.value(QStringLiteral("blob")).toByteArray(), blob);
+}
+
+// Runs the openssl command-line tool; its standard output, or a null array
+// when it fails.
+QByteArray openssl(const QStringList& arguments, const QByteArray& input = QByteArray())
+{
+    QProcess process;
+    process.start(QStringLiteral("openssl"), arguments);
+    process.write(input);
+    process.closeWriteChannel();
+    if (!process.waitForFinished(60000) || process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0)
+        return QByteArray();
+    return process.readAllStandardOutput();
+}
+
+// The recipe of docs/settings-formats.md: the chunk key from "openssl kdf",
+// then the one chunk of a small file through AES-256-CTR, whose counter
+// block is the chunk nonce followed by 00000002 (GCM's first counter). It
+// does not check the tag; the reference reader above does.
+TEST_F(EncryptedSettingsTest, DocumentedOpensslCommandsDecryptASmallFile)
+{
+    if (QStandardPaths::findExecutable(QStringLiteral("openssl")).isEmpty())
+        GTEST_SKIP() << "openssl command-line tool not installed";
+    EncryptedSettings::setEncryptionKey(secure_string("secret"));
+    for (const Form& form : k_forms) {
+        SCOPED_TRACE(form.name);
+        const QString file = path(form, "small");
+        write(file, form.format, sampleSettings());
+        const QByteArray bytes = fileBytes(file);
+
+        const QByteArray derived = openssl({"kdf", "-keylen", "32", "-kdfopt", "digest:SHA256", "-kdfopt", "key:secret",
+                                            "-kdfopt", "hexsalt:" + QString::fromLatin1(bytes.mid(1, 16).toHex()),
+                                            "-kdfopt", "info:CommonKit stream v1", "HKDF"});
+        const QString key = QString::fromLatin1(derived).trimmed().remove(QLatin1Char(':'));
+        ASSERT_EQ(key.size(), 64) << derived.toStdString();
+        const QByteArray chunk = bytes.mid(17, bytes.size() - 17 - 16);
+        const QByteArray plain = openssl({"enc", "-d", "-aes-256-ctr", "-K", key, "-iv",
+                                          QStringLiteral("000000000000000000000001") + QStringLiteral("00000002")},
+                                         chunk);
+        if (form.format == EncryptedSettings::IniFormat)
+            EXPECT_EQ(plain, dataStreamImage(sampleSettings()));
+        else
+            expectSampleJson(inflate(plain));
+    }
+}
+
+} // namespace
