@@ -175,16 +175,8 @@ private:
 
     json::Variant scalar()
     {
-        switch (uniform(0, 3)) {
-        case 0:
-            return json::Variant(uniform(-1000, 1000));
-        case 1:
-            return json::Variant(uniform(0, 1000) / 8.0);
-        case 2:
-            return text();
-        default:
-            return json::Variant(uniform(0, 1) == 1);
-        }
+        const json::Variant choices[] = {uniform(-1000, 1000), uniform(0, 1000) / 8.0, text(), uniform(0, 1) == 1};
+        return choices[uniform(0, 3)];
     }
 
     QDate date() { return QDate(uniform(1900, 2100), uniform(1, 12), uniform(1, 28)); }
@@ -193,32 +185,15 @@ private:
     QVariant geometry(int choice)
     {
         const int a = uniform(-500, 500), b = uniform(-500, 500), c = uniform(0, 900), d = uniform(0, 900);
-        switch (choice) {
-        case 0:
-            return QPoint(a, b);
-        case 1:
-            return QPointF(a / 4.0, b / 3.0);
-        case 2:
-            return QSize(c, d);
-        case 3:
-            return QSizeF(c / 8.0, d);
-        case 4:
-            return QRect(a, b, c, d);
-        default:
-            return QRectF(a / 2.0, b, c / 5.0, d);
-        }
+        const QVariant choices[] = {QPoint(a, b), QPointF(a / 4.0, b / 3.0), QSize(c, d), QSizeF(c / 8.0, d), QRect(a, b, c, d), QRectF(a / 2.0, b, c / 5.0, d)};
+        return choices[choice];
     }
 
     QVariant tagged(int choice)
     {
-        switch (choice) {
-        case 0:
-            return QColor(uniform(0, 255), uniform(0, 255), uniform(0, 255), uniform(0, 255));
-        case 1:
-            return QBitArray(uniform(0, 40), uniform(0, 1) == 1);
-        default:
-            return QRegularExpression(QStringLiteral("x{%1}").arg(uniform(0, 9)));
-        }
+        const QVariant choices[] = {QColor(uniform(0, 255), uniform(0, 255), uniform(0, 255), uniform(0, 255)),
+                                    QBitArray(uniform(0, 40), uniform(0, 1) == 1), QRegularExpression(QStringLiteral("x{%1}").arg(uniform(0, 9)))};
+        return choices[choice];
     }
 
     std::mt19937 m_random;

@@ -15,6 +15,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QRectF>
+#include <QPolygon>
 #include <QTemporaryDir>
 #include <QUuid>
 
@@ -35,7 +36,10 @@ const char* const k_schema = R"json({
     "window": {"type": "object", "properties": {
       "pos": {"$ref": "https://schemas.commonkit.invalid/datatypes.json#point"},
       "size": {"$ref": "https://schemas.commonkit.invalid/datatypes.json#dimension"},
-      "area": {"$ref": "https://schemas.commonkit.invalid/datatypes.json#rectangle(number)"}}},
+      "area": {"$ref": "https://schemas.commonkit.invalid/datatypes.json#rectangle(number)"},
+      "at": {"$ref": "https://schemas.commonkit.invalid/datatypes.json#point(number)"},
+      "max": {"$ref": "https://schemas.commonkit.invalid/datatypes.json#dimension(number)"},
+      "frame": {"$ref": "https://schemas.commonkit.invalid/datatypes.json#rectangle"}}},
     "cams": {"type": "array", "items": {"type": "object", "properties": {
       "since": {"type": "string", "format": "date"}}}}
   }
@@ -101,6 +105,12 @@ TEST_F(JsonSettings, EveryValueTypeIsWrittenAsJsonAndReadBackByQSettings)
         {QStringLiteral("window/pos"), QPoint(-3, 7)},
         {QStringLiteral("window/size"), QSize(800, 600)},
         {QStringLiteral("window/area"), QRectF(0.5, 1, 2.25, 3)},
+        {QStringLiteral("window/at"), QPointF(1.5, -2)},
+        {QStringLiteral("window/max"), QSizeF(1e20, 0.125)},
+        {QStringLiteral("window/frame"), QRect(-1, -2, 3, 4)},
+        {QStringLiteral("url"), QUrl(QStringLiteral("file:///a%20b"))},
+        {QStringLiteral("letter"), QChar(u'\u00e9')},
+        {QStringLiteral("small"), 2.5f},
         {QStringLiteral("color"), QColor(10, 20, 30, 40)},
     };
     {
@@ -115,6 +125,9 @@ TEST_F(JsonSettings, EveryValueTypeIsWrittenAsJsonAndReadBackByQSettings)
             settings.setValue(QStringLiteral("grp/deep"), i);
         }
         settings.endArray();
+        // Maps and polygons become groups and arrays of their own.
+        settings.setValue(QStringLiteral("map"), QVariantMap{{QStringLiteral("a"), 1}, {QStringLiteral("b"), QStringList()}});
+        settings.setValue(QStringLiteral("poly"), QPolygon(QVector<QPoint>{QPoint(1, 2), QPoint(3, 4)}));
         settings.sync();
         ASSERT_EQ(settings.status(), QSettings::NoError);
     }
@@ -156,16 +169,26 @@ TEST_F(JsonSettings, EveryValueTypeIsWrittenAsJsonAndReadBackByQSettings)
         SCOPED_TRACE(it.key().toStdString());
         const QVariant back = reread.value(it.key());
         // Binary data is text in memory (as QVariant::toString gave it).
-        const QVariant expected = it.key() == QLatin1String("blob") ? QVariant(QString::fromLatin1(blob)) : it.value();
-        EXPECT_EQ(back, expected);
-        const bool number = expected.userType() == QMetaType::Int; // integers come back as qlonglong
-        EXPECT_EQ(back.userType(), number ? int(QMetaType::LongLong) : expected.userType());
+        // Text types come back as QString (binary data as QVariant::toString
+        // gave it), integers as qlonglong, floats as double.
+        const int type = it.value().userType();
+        const bool asText = type == QMetaType::QByteArray || type == QMetaType::QUrl || type == QMetaType::QChar;
+        EXPECT_EQ(back, asText ? QVariant(it.value().toString()) : it.value());
+        const int expectedType = asText ? int(QMetaType::QString)
+            : type == QMetaType::Int  ? int(QMetaType::LongLong)
+            : type == QMetaType::Float ? int(QMetaType::Double)
+                                       : type;
+        EXPECT_EQ(back.userType(), expectedType);
     }
     EXPECT_EQ(reread.beginReadArray(QStringLiteral("cams")), 2);
     reread.setArrayIndex(1);
     EXPECT_EQ(reread.value(QStringLiteral("since")), QDate(2021, 1, 2));
     EXPECT_EQ(reread.value(QStringLiteral("grp/deep")), 1);
     reread.endArray();
+    EXPECT_EQ(reread.value(QStringLiteral("map/a")), 1);
+    EXPECT_EQ(reread.value(QStringLiteral("map/b/size")), 0);
+    EXPECT_EQ(reread.value(QStringLiteral("poly/2/y")), 4);
+    EXPECT_EQ(reread.value(QStringLiteral("poly/size")), 2);
 }
 
 TEST_F(JsonSettings, PrintedFormIsIndentedWithFifteenDigitsAndNoFinalNewline)
