@@ -189,16 +189,19 @@ std::string baseAt(const std::string& url, const Variant& root, const std::vecto
     At at = At::Schema;
     for (std::size_t i = 0;; ++i) {
         if (at == At::Schema) {
+            // Beside a "$ref" there are no schemas.
             if (node.isObject() && node.contains("$ref"))
-                return baseOf(node, base);
+                return base;
             base = baseOf(node, base);
         }
         if (i == tokens.size() || at == At::Value)
             return base;
+        Variant child;
         std::size_t index = 0;
-        const Variant child = node.isObject()                                                  ? node.value(tokens[i])
-            : node.isList() && Path().listIndex(tokens[i], &index) && index < node.size() ? node.at(index)
-                                                                                            : Variant();
+        if (node.isObject())
+            child = node.value(tokens[i]);
+        else if (node.isList() && Path().listIndex(tokens[i], &index) && index < node.size())
+            child = node.at(index);
         switch (at) {
         case At::Schema:
             switch (keywordHolds(tokens[i])) {
@@ -295,8 +298,14 @@ bool pointerTokens(const std::string& pointer, std::vector<std::string>* tokens)
 std::string pointerToken(const std::string& name)
 {
     std::string token;
-    for (const char c : name)
-        token += c == '~' ? "~0" : c == '/' ? "~1" : std::string(1, c);
+    for (const char c : name) {
+        if (c == '~')
+            token += "~0";
+        else if (c == '/')
+            token += "~1";
+        else
+            token += c;
+    }
     return token;
 }
 

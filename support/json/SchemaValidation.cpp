@@ -32,6 +32,8 @@ const char* const k_registry = "commonkit-schemas://validation";
 // Schemas reached by many references are converted once per target; this
 // bounds the nodes converted for one validation.
 const std::size_t k_maxNodes = 1 << 21;
+const std::string k_tooDeep = "nested deeper than " + std::to_string(k_maxDepth) + " levels";
+const std::string k_tooLarge = "more than " + std::to_string(k_maxNodes) + " schema nodes to convert";
 
 class Registry
 {
@@ -54,9 +56,9 @@ public:
     static nlohmann::json plainValue(const Node& node, int depth, std::size_t* count = nullptr)
     {
         if (depth > k_maxDepth)
-            throw std::runtime_error("nested too deeply");
+            throw std::runtime_error(k_tooDeep);
         if (count && ++*count > k_maxNodes)
-            throw std::runtime_error("too large");
+            throw std::runtime_error(k_tooLarge);
         nlohmann::json result;
         switch (node.type()) {
         case Node::value_t::object:
@@ -100,10 +102,9 @@ private:
     // followed once.
     std::string referenceFrom(const Variant& node, const std::string& base, const std::string& document)
     {
-        const Variant ref = node.value("$ref");
-        const std::string key = document + " " + base + " " + ref.toString();
+        const std::string key = document + " " + base + " " + node.value("$ref").toString();
         auto found = m_references.find(key);
-        if (found == m_references.end() || !ref.isString())
+        if (found == m_references.end())
             found = m_references.emplace(key, reference(referenced(node, base, document))).first;
         return found->second;
     }
@@ -132,9 +133,9 @@ private:
         if (!node.isObject())
             return plainValue(VariantAccess::node(node), depth, &m_nodes);
         if (depth > k_maxDepth)
-            throw std::runtime_error("nested too deeply");
+            throw std::runtime_error(k_tooDeep);
         if (++m_nodes > k_maxNodes)
-            throw std::runtime_error("too large");
+            throw std::runtime_error(k_tooLarge);
         if (node.contains("$ref"))
             return nlohmann::json{{"$ref", referenceFrom(node, base, document)}};
         const auto schema = [&](const Variant& child) {
@@ -186,6 +187,14 @@ private:
 
 bool validate(const Location& schema, const Variant& value, std::string* error)
 {
+    nlohmann::json target;
+    try {
+        target = Registry::plainValue(VariantAccess::node(value), 0);
+    } catch (const std::exception& e) {
+        if (error)
+            *error = std::string("the value cannot be validated: ") + e.what();
+        return false;
+    }
     try {
         const Registry registry(schema);
         const nlohmann::json root{{"$ref", registry.start()}};
@@ -199,7 +208,6 @@ bool validate(const Location& schema, const Variant& value, std::string* error)
         valijson::SchemaParser parser(valijson::SchemaParser::kDraft7);
         parser.populateSchema(valijson::adapters::NlohmannJsonAdapter(root), parsed, fetch, release);
 
-        const nlohmann::json target = Registry::plainValue(VariantAccess::node(value), 0);
         valijson::Validator validator;
         valijson::ValidationResults results;
         const bool valid = validator.validate(parsed, valijson::adapters::NlohmannJsonAdapter(target),
