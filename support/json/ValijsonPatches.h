@@ -12,6 +12,8 @@
 //   and the formats "date", "time" and "date-time" use expressions in that
 //   mode; what they accept is unchanged.
 // - "format" applies to strings only; other values pass.
+// - Schemas applied one inside the other are counted, and validation stops
+//   at a bound instead of overflowing the stack.
 // - "multipleOf" applies to numbers only (not to member names that look like
 //   numbers); an integer divisor does not cut the fraction off a real value;
 //   a real divisor accepts a value whose quotient is a whole number, however
@@ -23,7 +25,9 @@
 #include <valijson/validation_visitor.hpp>
 
 #include <cmath>
+#include <functional>
 #include <regex>
+#include <stdexcept>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -121,6 +125,35 @@ const char* multipleOfFailure(const Adapter& target, std::int64_t divisor)
     return whole ? nullptr : "Value should be a multiple of the divisor";
 }
 
+// Counts the schemas being applied on this thread, one inside the other.
+// A schema that applies itself to the same value ({"allOf": [{"$ref":
+// "#"}]}) would recurse until the stack overflows; beyond k_maxNesting the
+// validation stops with an exception instead.
+class NestingGuard
+{
+public:
+    static constexpr int k_maxNesting = 1200;
+
+    NestingGuard()
+    {
+        if (++depth() > k_maxNesting) {
+            --depth();
+            throw std::runtime_error("schemas applied more than " + std::to_string(k_maxNesting)
+                                     + " levels deep (a schema that applies itself to the same value?)");
+        }
+    }
+    ~NestingGuard() { --depth(); }
+    NestingGuard(const NestingGuard&) = delete;
+    NestingGuard& operator=(const NestingGuard&) = delete;
+
+private:
+    static int& depth()
+    {
+        static thread_local int value = 0;
+        return value;
+    }
+};
+
 inline bool report(const char* failure, ValidationResults* results, const std::vector<std::string>& context)
 {
     if (failure && results)
@@ -131,6 +164,15 @@ inline bool report(const char* failure, ValidationResults* results, const std::v
 } // namespace patches
 
 #define COMMONKIT_VALIJSON_PATCHES(Adapter)                                                                          \
+    template<>                                                                                                       \
+    inline bool ValidationVisitor<Adapter>::validateSchema(const Subschema& subschema)                               \
+    {                                                                                                                \
+        const patches::NestingGuard guard;                                                                           \
+        if (subschema.getAlwaysInvalid())                                                                            \
+            return false;                                                                                            \
+        Subschema::ApplyFunction fn(std::bind(validationCallback, std::placeholders::_1, std::ref(*this)));          \
+        return m_results ? subschema.apply(fn) : subschema.applyStrict(fn);                                          \
+    }                                                                                                                \
     template<>                                                                                                       \
     inline bool ValidationVisitor<Adapter>::visit(const constraints::PatternConstraint& constraint)                  \
     {                                                                                                                \

@@ -392,6 +392,18 @@ TEST_F(SchemaTest, LoadsFilesAndResourcesAndFailsCleanly)
     std::string loopError;
     EXPECT_FALSE(loop->validate(json::Variant(1), &loopError));
     EXPECT_NE(loopError.find("circle"), std::string::npos) << loopError;
+    std::string error;
+    // A schema that applies itself to the same value ends with an error (it
+    // once overflowed the stack); deep recursion along a value is fine.
+    for (const char* text : {R"({"allOf": [{"$ref": "#"}]})", R"({"anyOf": [{"not": {"$ref": "#/anyOf/0"}}]})"}) {
+        const Schema::Ptr endless = Schema::fromVariant(parse(text));
+        EXPECT_FALSE(endless->validate(json::Variant(1), &error)) << text;
+        EXPECT_NE(error.find("levels deep"), std::string::npos) << text << ": " << error;
+    }
+    const Schema::Ptr nested =
+        Schema::fromVariant(parse(R"({"anyOf": [{"type": "integer"}, {"type": "array", "items": {"$ref": "#"}}]})"));
+    EXPECT_TRUE(nested->validate(parse(std::string(500, '[') + "1" + std::string(500, ']')), &error)) << error;
+    EXPECT_FALSE(nested->validate(parse(std::string(500, '[') + "null" + std::string(500, ']'))));
     // Recursion through properties is fine.
     const Schema::Ptr tree = Schema::fromVariant(parse(R"({"type": "object", "properties": {"child": {"$ref": "#"}}})"));
     EXPECT_TRUE(tree->validate(parse(R"({"child": {"child": {}}})")));
@@ -399,7 +411,6 @@ TEST_F(SchemaTest, LoadsFilesAndResourcesAndFailsCleanly)
     // A schema that refers to nothing validates nothing, and says so.
     const Schema::Ptr dangling = Schema::fromVariant(parse(R"({"$ref": "https://nowhere.example.invalid/x.json"})"));
     ASSERT_TRUE(dangling);
-    std::string error;
     EXPECT_FALSE(dangling->validate(json::Variant(1), &error));
     EXPECT_FALSE(error.empty());
 }
