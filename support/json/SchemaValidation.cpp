@@ -110,21 +110,26 @@ private:
     }
 
     // The registry's reference to target, after any "$ref"s it leads to.
+    // Every "$ref" passed on the way is remembered with the result, so that
+    // long chains are followed once.
     std::string reference(Location target)
     {
         std::set<std::string> passed;
-        while (target.node.isObject() && target.node.contains("$ref")) {
-            const std::string here = target.document + "#" + target.pointer;
-            if (!passed.insert(here).second)
-                throw std::runtime_error("\"$ref\": \"" + here + "\" leads in a circle");
-            target = referenced(target.node, target.base, target.document);
-        }
-        const std::string key = target.document + "#" + target.pointer;
+        std::string key = target.document + "#" + target.pointer;
         auto found = m_names.find(key);
+        while (found == m_names.end() && target.node.isObject() && target.node.contains("$ref")) {
+            if (!passed.insert(key).second)
+                throw std::runtime_error("\"$ref\": \"" + key + "\" leads in a circle");
+            target = referenced(target.node, target.base, target.document);
+            key = target.document + "#" + target.pointer;
+            found = m_names.find(key);
+        }
         if (found == m_names.end()) {
-            found = m_names.emplace(key, "n" + std::to_string(m_names.size())).first;
+            found = m_names.emplace(key, "n" + std::to_string(m_targets++)).first;
             m_pending.emplace_back(found->second, target);
         }
+        for (const std::string& step : passed)
+            m_names.emplace(step, found->second);
         return std::string(k_registry) + "#/" + found->second;
     }
 
@@ -175,11 +180,12 @@ private:
         return result;
     }
 
-    std::map<std::string, std::string> m_names;      // document "#" pointer -> name
+    std::map<std::string, std::string> m_names;      // document "#" pointer -> name (also of "$ref"s)
     std::map<std::string, std::string> m_references; // document, base and "$ref" -> reference
     std::deque<std::pair<std::string, Location>> m_pending;
     nlohmann::json m_document = nlohmann::json::object();
     std::size_t m_nodes = 0;
+    std::size_t m_targets = 0;
     std::string m_start;
 };
 
