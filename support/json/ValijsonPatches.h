@@ -25,7 +25,9 @@
 #include <valijson/validation_visitor.hpp>
 
 #include <cmath>
+#include <cstdint>
 #include <functional>
+#include <limits>
 #include <regex>
 #include <stdexcept>
 #include <string>
