@@ -31,13 +31,16 @@ bool parse(const char* text, std::size_t size, json::Variant* value)
     return !parser.hasError();
 }
 
-// Whether every "$ref" stays away from the file system.
+// Whether every "$ref" stays away from the file system. A "$ref" is resolved
+// against the base its "$id"s set; an "$id" resolves to a "file:" URL only
+// when it is one or lies under one, so no "$id" or "$ref" may resolve to one
+// against the document's URL.
 bool refsStayInMemory(const json::Variant& node, const std::string& base, int depth = 0)
 {
     if (depth > 600)
         return false;
-    if (node.isObject()) {
-        const json::Variant reference = node.value("$ref");
+    for (const char* key : {"$ref", "$id"}) {
+        const json::Variant reference = node.isObject() ? node.value(key) : json::Variant();
         if (reference.isString() && json::Schema::resolveUrl(reference.toString(), base).rfind("file:", 0) == 0)
             return false;
     }

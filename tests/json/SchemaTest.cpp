@@ -207,9 +207,8 @@ TEST_F(SchemaTest, ValidatesDocumentsWhoseNamesHaveNoSlashes)
     }
 }
 
-// The validator reads references its own way (it skips empty names and
-// decodes escapes in another order); it must still reach the node the
-// resolver names, or refuse.
+// References reach the node a JSON pointer names, whatever its member names
+// hold, or are refused.
 TEST_F(SchemaTest, ReferencesReachTheNodeTheResolverFinds)
 {
     const char* const definitions = R"("definitions": {"a%25b": {"type": "integer"}, "c~d/e": {"type": "string"},
@@ -218,13 +217,80 @@ TEST_F(SchemaTest, ReferencesReachTheNodeTheResolverFinds)
         {"#/definitions/a%2525b", "1", true}, {"#/definitions/a%2525b", "\"1\"", false},
         {"#/definitions/c~0d~1e", "\"x\"", true}, {"#/definitions/c~0d~1e", "1", false},
         {"#/definitions/%257E", "true", true}, {"#/definitions/%257E", "1", false},
-        // An empty last name, and a pointer to no member (this one once
-        // overflowed the stack): refused.
-        {"#/definitions/", "null", false}, {"#/", "true", false},
+        // An empty name is a name; a pointer to no member (this one once
+        // overflowed the stack) is refused.
+        {"#/definitions/", "null", true}, {"#/definitions/", "1", false}, {"#/", "true", false},
     };
     for (const Row& row : rows)
         expectValidation(
             Schema::fromVariant(parse(std::string(R"({"$ref": ")") + row.schema + R"(", )" + definitions + "}")), row);
+}
+
+// "$ref"s resolve against the base URI of their place, which every "$id"
+// above changes (a sibling of "$ref" excepted); "$id"s declare resources and
+// plain names; "$ref" inside a plain value is data.
+TEST_F(SchemaTest, ResolvesReferencesAgainstTheirBaseUri)
+{
+    const struct
+    {
+        const char* schema;
+        const char* valid;
+        const char* invalid;
+    } rows[] = {
+        {R"({"$id": "https://schemas.example.invalid/sub/a.json", "allOf": [{"$ref": "../types.json#point"}]})",
+         R"({"x": 1, "y": 2})", R"({"x": 1})"},
+        {R"({"allOf": [{"$ref": "https://other.example.invalid/n.json"}],
+             "definitions": {"n": {"$id": "https://other.example.invalid/n.json", "type": "integer"}}})",
+         "1", "1.5"},
+        {R"({"$id": "https://other.example.invalid/x/", "allOf": [{"$ref": "#n"}],
+             "definitions": {"n": {"$id": "y.json#n", "type": "string"}, "m": {"$id": "#n", "type": "null"}}})",
+         "null", R"("a")"},
+        {R"({"$id": "https://other.example.invalid/x/", "allOf": [{"$ref": "y.json#n"}],
+             "definitions": {"n": {"$id": "y.json#n", "type": "string"}, "m": {"$id": "#n", "type": "null"}}})",
+         R"("a")", "null"},
+        {R"({"$id": "https://other.example.invalid/r/", "allOf": [{"$id": "https://other.example.invalid/", "$ref": "s.json"}],
+             "definitions": {"s": {"$id": "s.json", "type": "string"}, "t": {"$id": "/s.json", "type": "null"}}})",
+         R"("a")", "null"},
+        {R"({"enum": [{"$ref": "#/definitions/s"}], "definitions": {"s": {"type": "string"}}})",
+         R"({"$ref": "#/definitions/s"})", R"("a")"},
+        // The draft 7 meta-schema is built in.
+        {R"({"$ref": "http://json-schema.org/draft-07/schema#"})", R"({"minLength": 1, "items": [{"type": "string"}]})",
+         R"({"definitions": {"a": {"type": 1}}})"},
+    };
+    for (const auto& row : rows) {
+        const Schema::Ptr schema = Schema::fromVariant(parse(row.schema));
+        expectValidation(schema, {row.schema, row.valid, true});
+        expectValidation(schema, {row.schema, row.invalid, false});
+    }
+
+    // The converter's questions follow the same resolution.
+    const Schema::Ptr nested = Schema::fromVariant(parse(R"({"$id": "https://schemas.example.invalid/sub/",
+                                                             "properties": {"p": {"$ref": "../types.json#point"}}})"));
+    ASSERT_TRUE(nested && nested->member("p"));
+    EXPECT_EQ(nested->member("p")->pointer(), "/definitions/point");
+    EXPECT_EQ(Schema::resolve(nested->documentUrl() + "#/properties/p")->ref(),
+              "https://schemas.example.invalid/types.json#point");
+}
+
+// Numbers are compared by value: whole reals are integers and counts; number
+// keywords ignore other values, "format" ignores all but strings.
+TEST_F(SchemaTest, ChecksNumbersByValue)
+{
+    const Row rows[] = {
+        {R"({"type": "integer"})", "1.0", true}, {R"({"type": "integer"})", "1.5", false},
+        {R"({"maxLength": 2.0})", R"("ab")", true}, {R"({"maxLength": 2.0})", R"("abc")", false},
+        {R"({"minItems": 1.0})", "[]", false}, {R"({"const": 2})", "2.0", true},
+        {R"({"uniqueItems": true})", "[1, 1.0]", false}, {R"({"enum": [{"a": [1]}]})", R"({"a": [1.0]})", true},
+        {R"({"multipleOf": 2})", "4.5", false}, {R"({"multipleOf": 2})", "4.0", true},
+        {R"({"multipleOf": 2})", "1e300", true}, {R"({"multipleOf": 1e-8})", "12391239123", true},
+        {R"({"multipleOf": 1e-8})", "0.5e-8", false}, {R"({"multipleOf": 0.1})", "0.3", true},
+        {R"({"propertyNames": {"multipleOf": 2}})", R"({"3": 1})", true},
+        {R"({"propertyNames": {"maximum": 2}})", R"({"3": 1})", true},
+        {R"({"format": "date"})", "12", true}, {R"({"format": "date-time"})", "[]", true},
+        {R"({"format": "time"})", "null", true}, {R"({"format": "date"})", R"("2024-13-01")", false},
+    };
+    for (const Row& row : rows)
+        expectValidation(Schema::fromVariant(parse(row.schema)), row);
 }
 
 // Regular expressions meet long values and names without overflowing the
@@ -326,6 +392,18 @@ TEST_F(SchemaTest, LoadsFilesAndResourcesAndFailsCleanly)
     std::string loopError;
     EXPECT_FALSE(loop->validate(json::Variant(1), &loopError));
     EXPECT_NE(loopError.find("circle"), std::string::npos) << loopError;
+    std::string error;
+    // A schema that applies itself to the same value ends with an error (it
+    // once overflowed the stack); deep recursion along a value is fine.
+    for (const char* text : {R"({"allOf": [{"$ref": "#"}]})", R"({"anyOf": [{"not": {"$ref": "#/anyOf/0"}}]})"}) {
+        const Schema::Ptr endless = Schema::fromVariant(parse(text));
+        EXPECT_FALSE(endless->validate(json::Variant(1), &error)) << text;
+        EXPECT_NE(error.find("levels deep"), std::string::npos) << text << ": " << error;
+    }
+    const Schema::Ptr nested =
+        Schema::fromVariant(parse(R"({"anyOf": [{"type": "integer"}, {"type": "array", "items": {"$ref": "#"}}]})"));
+    EXPECT_TRUE(nested->validate(parse(std::string(500, '[') + "1" + std::string(500, ']')), &error)) << error;
+    EXPECT_FALSE(nested->validate(parse(std::string(500, '[') + "null" + std::string(500, ']'))));
     // Recursion through properties is fine.
     const Schema::Ptr tree = Schema::fromVariant(parse(R"({"type": "object", "properties": {"child": {"$ref": "#"}}})"));
     EXPECT_TRUE(tree->validate(parse(R"({"child": {"child": {}}})")));
@@ -333,7 +411,6 @@ TEST_F(SchemaTest, LoadsFilesAndResourcesAndFailsCleanly)
     // A schema that refers to nothing validates nothing, and says so.
     const Schema::Ptr dangling = Schema::fromVariant(parse(R"({"$ref": "https://nowhere.example.invalid/x.json"})"));
     ASSERT_TRUE(dangling);
-    std::string error;
     EXPECT_FALSE(dangling->validate(json::Variant(1), &error));
     EXPECT_FALSE(error.empty());
 }
