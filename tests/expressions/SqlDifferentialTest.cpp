@@ -226,6 +226,8 @@ TEST_F(SqlDifferential, IntegerArithmeticAgreesRowByRow)
     const std::vector<ExpressionHandle> trees = {
         a + QVariant(3), a - QVariant(7), a * QVariant(-4), av + bv * c(2) - av, (av - bv) * (av + bv),
         -av, -(av * bv), av * bv > av + bv, (av - c(1)) * c(3) == bv,
+        // A minus followed by a negative operand: "--" would start a comment.
+        av - c(-5), -(-av), -c(-3), av - -bv, av - c(2) - c(-7) - -(-bv),
     };
     for (const ExpressionHandle& e : trees)
         compare(e);
