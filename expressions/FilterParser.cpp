@@ -558,17 +558,21 @@ private:
     {
         const Token& next = peek();
         if (isSymbol(next, "-") && peek(1).kind == TokenKind::Number && peek(1).pos == next.pos + 1) {
-            // "-5" is a negative literal, as constants print; "-0", which a
-            // negative literal would not print back, stays a negation.
+            // "-5" is a negative literal, as constants print. Where the
+            // negative value would not print as "-" and the number ("-0",
+            // or -13049021121120120960, which fits no integer type and would
+            // print as a double), the text stays a negation of the number.
             const Token minus = take();
             const Token number = take();
-            const QVariant value = numberValue(QLatin1Char('-') + number.text, minus);
-            if (value.toString().startsWith(QLatin1Char('-'))) {
+            const QVariant magnitude = numberValue(number.text, number);
+            const QString text = QLatin1Char('-') + number.text;
+            const QVariant value = numberValue(text, minus);
+            if (value.toString() == QLatin1Char('-') + magnitude.toString()) {
                 Operand literal = leaf(ConstExpression(value, m_inline == 0));
                 literal.level = LevelUnary;
                 return literal;
             }
-            const ExpressionHandle operand = ConstExpression(numberValue(number.text, number), m_inline == 0);
+            const ExpressionHandle operand = ConstExpression(magnitude, m_inline == 0);
             return node(UnaryOperator(UnaryOperator::Negate, operand), LevelUnary, 1, minus);
         }
         const bool negate = isSymbol(next, "-");
@@ -714,9 +718,10 @@ private:
         if (!FunctionExpression::functionEntry(name.text, &entry))
             fail(QT_TRANSLATE_NOOP("FilterParser", "unknown function '%2' at column %1"), name.pos, {name.text});
         // A function without SQL printer prints as its value and binds it:
-        // inside a call or an ELSE part it would be bound out of order.
+        // inside a call or an ELSE part it would be bound out of order, and
+        // under a CAST converted by Qt's rules.
         if (!entry.printFunction && m_inline > 0)
-            fail(QT_TRANSLATE_NOOP("FilterParser", "'%2' at column %1 cannot stand inside a function call or an ELSE part"),
+            fail(QT_TRANSLATE_NOOP("FilterParser", "'%2' at column %1 cannot stand inside a function call, a CAST or an ELSE part"),
                  name.pos, {name.text});
         take(); // "("
         Bracket bracket(this, false);
@@ -750,8 +755,14 @@ private:
         take(); // "("
         Operand operand;
         {
+            // The tree converts bound values under a cast with Qt's rules
+            // (rounding a double to an int), the database casts with its
+            // own (truncating): literals under a cast are inlined so that
+            // the bound SQL means what the text says.
             Bracket bracket(this, true);
+            ++m_inline;
             operand = parseExpression();
+            --m_inline;
             expectWord("AS");
         }
         const Token type = peek();
@@ -822,7 +833,7 @@ private:
     QVector<Token> m_tokens;
     int m_index = 0;
     int m_depth = 0;
-    int m_inline = 0; // > 0 inside function arguments and ELSE parts
+    int m_inline = 0; // > 0 inside function arguments, CASTs and ELSE parts
     QVector<bool> m_brackets; // the open brackets, true for a CAST
 };
 

@@ -20,7 +20,8 @@ namespace kogen {
 //   the tree with PrintSql | PrintPlaceholders gives SQL ready to bind with
 //   collectPlaceholders(). Literals inside function arguments and in the
 //   ELSE part of a CASE are inlined, because the tree collects the values
-//   of those places out of print order;
+//   of those places out of print order, and so are literals under a CAST,
+//   whose bound values the tree converts with Qt's rules;
 // - functions are those of the FunctionExpression registry;
 // - the text the printer writes for a tree reads back into a tree that
 //   prints the same text, and print(parse(t)) is stable for every text t
