@@ -38,6 +38,8 @@ bool ActionLogFilter::setFilterText(const QString& text, QString* error)
         clear();
         return true;
     }
+    // Kinds registered since the filter was made bring their value names.
+    m_values = schema();
     QString problem;
     const kogen::ExpressionHandle parsed = kogen::Expression::parse(text, m_values, &problem);
     if (!problem.isEmpty()) {
