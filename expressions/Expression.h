@@ -80,6 +80,11 @@ public:
     static void writeExpression(QDataStream& out, ExpressionHandle expression);
     static int maxReadDepth();
 
+    // Reads a filter in the SQL form that toString(PrintSql) writes into a
+    // tree over the properties of the schema (see FilterParser). Returns a
+    // null handle and sets *error on failure; clears *error on success.
+    static ExpressionHandle parse(const QString& text, const PropertySet& schema, QString* error = nullptr);
+
 protected:
     friend class Operator;
     friend class CastExpression;

@@ -1,7 +1,9 @@
 #pragma once
 
-// Everything needed to build, evaluate, print and stream expression trees.
+// Everything needed to build, evaluate, print, stream and parse expression
+// trees.
 #include "expressions/Expression.h"
+#include "expressions/FilterParser.h"
 #include "expressions/FunctionExpression.h"
 #include "expressions/Membership.h"
 #include "expressions/Operators.h"

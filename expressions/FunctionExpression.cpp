@@ -64,6 +64,8 @@ bool FunctionExpression::functionEntry(const QString& name, FunctionEntry* entry
     return true;
 }
 
+QStringList FunctionExpression::functionNames() { return functionMap().keys(); }
+
 bool FunctionExpression::registerFunction(const char* name, Function function, PrintFunction printFunction,
                                           int minArgs, int maxArgs)
 {

@@ -4,6 +4,7 @@
 
 #include <QCache>
 #include <QRegExp>
+#include <QStringList>
 
 namespace kogen {
 
@@ -63,6 +64,8 @@ public:
     static bool registerSqlPrintFunction(const char* name, PrintFunction printFunction);
     // The entry of a name, if registered.
     static bool functionEntry(const QString& name, FunctionEntry* entry);
+    // The registered names, in ascending order.
+    static QStringList functionNames();
 
     // name(DISTINCT a,b)
     static void printDefault(QTextStream& out, Expression::PrintStyle style, const QString& name,

@@ -18,6 +18,17 @@ ExpressionHandle placeholder(const QVariant& value) { return ConstExpression(val
 
 bool convertsToBool(const QVariant& value) { return value.canConvert(QMetaType::Bool); }
 
+// Prints the operand that follows a minus sign (of a subtraction or a
+// negation). SQL reads "--" as the start of a comment, so an operand whose
+// text begins with "-" is set apart by one blank: "c- -5", "- -x".
+void printAfterMinus(QTextStream& out, const ExpressionHandle& operand, Expression::PrintStyle style)
+{
+    const QString text = operand->toString(style);
+    if (text.startsWith(QLatin1Char('-')))
+        out << ' ';
+    out << text;
+}
+
 // Prints the children separated by a text, in parentheses when nested and
 // holding two or more operands.
 void printChain(QTextStream& out, Expression::PrintStyle style, const QList<ExpressionHandle>& children,
@@ -26,12 +37,16 @@ void printChain(QTextStream& out, Expression::PrintStyle style, const QList<Expr
     const bool parenthesise = (style & Expression::PrintNested) && children.size() >= 2;
     if (parenthesise)
         out << "(";
+    const bool minus = qstrcmp(separator, "-") == 0;
     bool first = true;
     for (const ExpressionHandle& child : children) {
         if (!first)
             out << separator;
+        if (!first && minus)
+            printAfterMinus(out, child, style | Expression::PrintNested);
+        else
+            child->print(out, style | Expression::PrintNested);
         first = false;
-        child->print(out, style | Expression::PrintNested);
     }
     if (parenthesise)
         out << ")";
@@ -438,8 +453,13 @@ void UnaryOperator::print(QTextStream& out, PrintStyle style) const
             out << " DESC";
         return;
     }
-    out << (m_op == Negate ? "-" : "~");
-    operand->print(out, style | PrintNested);
+    if (m_op == Negate) {
+        out << "-";
+        printAfterMinus(out, operand, style | PrintNested);
+    } else {
+        out << "~";
+        operand->print(out, style | PrintNested);
+    }
 }
 
 void UnaryOperator::write(QDataStream& out) const

@@ -12,7 +12,7 @@ tool="$build/tools/commonkit/commonkit"
 # The tool is instrumented; its exit-time leak report is of no interest here.
 export ASAN_OPTIONS=detect_leaks=0
 
-for target in expressionstream containeropen jsonparser xmllogreader schema; do
+for target in expressionstream containeropen jsonparser xmllogreader schema filterparser; do
   mkdir -p "$out/$target"
 done
 
@@ -23,6 +23,7 @@ trap 'rm -rf "$work"' EXIT
 # broken) and containers (signed, and one tampered with).
 demo=$("$tool" demo --keep | sed -n 's/^CommonKit demo, working in //p')
 cp "$demo"/20/filter.bin "$out/expressionstream/"
+"$tool" expr "$demo"/20/filter.bin > "$out/filterparser/demo.sql"
 for file in "$demo"/30/*.kol; do cp "$file" "$out/xmllogreader/demo-$(basename "$file")"; done
 for file in "$demo"/40/*.box; do cp "$file" "$out/containeropen/demo-$(basename "$file")"; done
 rm -rf "$demo"
@@ -66,6 +67,30 @@ printf '{"properties":{"o":{"$ref":"other.json#/definitions/t"},"b":{"type":"str
 printf '{"anyOf":[{"type":"number","multipleOf":0.5},{"type":"string","pattern":"^[a-z]+$","maxLength":4}],"not":{"enum":[1,"ab"]}}\0002.5' > "$s/combined"
 printf '{"$ref":"#/definitions/a","definitions":{"a":{"$ref":"#/definitions/b"},"b":{"type":"boolean"}}}\000true' > "$s/chain"
 
-for target in expressionstream containeropen jsonparser xmllogreader schema; do
+# Filters as the SQL printer writes them (the fuzz target's schema has
+# a, b, s, d and "my field"), and a few other spellings.
+f=$out/filterparser
+n=0
+while IFS= read -r line; do
+  n=$((n + 1))
+  printf '%s' "$line" > "$f/filter-$n.sql"
+done <<'FILTERS'
+(a > 2 AND s = 'it''s') OR  NOT a = 7
+a+b+3 > (a-(b*2)) AND d <= 2.5
+a- -5 = - -b
+ NOT  NOT a IN (1,b,'x',-3)
+CASE a WHEN 1 THEN 'one' WHEN 2 THEN s ELSE 'other' END = s
+CASE  WHEN a > 1 THEN b ELSE 0 END
+CAST((a+b) AS double) > 2.5 OR CAST(my_field AS int) = 3
+abs((a-b)) > 3 AND coalesce(a,b,7) < count(DISTINCT a)
+((s+'x') LIKE 'a%' ESCAPE '\') AND (s REGEXP 'a.*')
+a = 1 = b AND a = b < 1
+my_field AS m = 'x' AND a*1e+20 > 5000000000
+((~a&b)|a)^(b mod 2)
+a > currentDate() AND lower(trim(s)) = upper(s)
+case when a=1 then 2 end + a NOT IN (1, 2) <> a % 2
+FILTERS
+
+for target in expressionstream containeropen jsonparser xmllogreader schema filterparser; do
   echo "$target: $(ls "$out/$target" | wc -l) seeds"
 done

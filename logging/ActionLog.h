@@ -164,6 +164,9 @@ protected:
     virtual QDateTime currentDateTime() const;
 
 private:
+    // Takes its first rows and connects under the log's lock.
+    friend class ActionLogModel;
+
     void logLocked(const LogEntry& entry);
     template<typename Operation>
     void signalFailures(Operation operation);

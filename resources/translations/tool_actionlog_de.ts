@@ -112,16 +112,8 @@
         <translation>log finalize: '%1' kann nicht geschrieben werden: %2</translation>
     </message>
     <message>
-        <source>Shows the entries of an action log file, one line each: time, user, category, title and description. Other actions: append, finalize (see commonkit log append --help).</source>
-        <translation>Zeigt die Einträge einer Aktionsprotokolldatei, je eine Zeile: Zeit, Benutzer, Kategorie, Titel und Beschreibung. Weitere Aktionen: append, finalize (siehe commonkit log append --help).</translation>
-    </message>
-    <message>
         <source>Keep printing the entries that are appended to the file, until interrupted (like tail -f).</source>
         <translation>Weiter die Einträge ausgeben, die an die Datei angehängt werden, bis zum Abbruch (wie tail -f).</translation>
-    </message>
-    <message>
-        <source>log: unknown action '%1' (use show, append or finalize)</source>
-        <translation>log: unbekannte Aktion '%1' (show, append oder finalize verwenden)</translation>
     </message>
     <message>
         <source>log: --follow and --xml cannot be combined</source>

@@ -112,16 +112,8 @@
         <translation>log finalize : impossible d'écrire '%1' : %2</translation>
     </message>
     <message>
-        <source>Shows the entries of an action log file, one line each: time, user, category, title and description. Other actions: append, finalize (see commonkit log append --help).</source>
-        <translation>Affiche les entrées d'un fichier journal des actions, une ligne chacune : heure, utilisateur, catégorie, titre et description. Autres actions : append, finalize (voir commonkit log append --help).</translation>
-    </message>
-    <message>
         <source>Keep printing the entries that are appended to the file, until interrupted (like tail -f).</source>
         <translation>Continuer à afficher les entrées ajoutées au fichier, jusqu'à interruption (comme tail -f).</translation>
-    </message>
-    <message>
-        <source>log: unknown action '%1' (use show, append or finalize)</source>
-        <translation>log : action inconnue '%1' (utilisez show, append ou finalize)</translation>
     </message>
     <message>
         <source>log: --follow and --xml cannot be combined</source>

@@ -142,6 +142,110 @@ QVariant asSql(const QVariant& value)
     }
 }
 
+// Random trees over the fixture's columns, typed so that every operand has
+// the kind its parent expects (numbers under arithmetic, booleans under
+// AND/OR/NOT): for such trees the printed SQL names one tree only. With
+// sqlOnly, only constructs the database runs (no " mod ", "^", REGEXP).
+class TreeGenerator
+{
+public:
+    TreeGenerator(quint32 seed, bool sqlOnly) : m_random(seed), m_sqlOnly(sqlOnly) {}
+
+    ExpressionHandle boolean(int depth)
+    {
+        switch (depth <= 0 ? 0 : pick(6)) {
+        case 0:
+        case 1: {
+            const auto op = static_cast<Comparator::CompOp>(pick(6));
+            return pick(3) ? Comparator(number(depth - 1), op, number(depth - 1))
+                           : Comparator(text(depth - 1), op, text(depth - 1));
+        }
+        case 2: return BooleanOperator::join(list(depth, [this](int d) { return boolean(d); }),
+                                             pick(2) ? BooleanOperator::And : BooleanOperator::Or);
+        case 3: return NotOperator(boolean(depth - 1));
+        case 4: {
+            ElementOf membership(number(depth - 1));
+            for (int i = pick(4); i > 0; --i)
+                membership.append(number(depth - 1));
+            return membership;
+        }
+        default:
+            if (!m_sqlOnly && pick(2))
+                return regexp(text(depth - 1), QStringLiteral("[a-g].*"));
+            return like(text(depth - 1), pick(2) ? QStringLiteral("%a%") : QStringLiteral("_e!%"),
+                        QStringLiteral("!"));
+        }
+    }
+
+    ExpressionHandle number(int depth)
+    {
+        static const NumericOperator::NumOp sqlOps[] = {NumericOperator::Add, NumericOperator::Subtract,
+                                                        NumericOperator::Multiply, NumericOperator::Divide,
+                                                        NumericOperator::BitAnd, NumericOperator::BitOr};
+        switch (depth <= 0 ? pick(3) : pick(12)) {
+        case 0: return ValueExpression(QString(QLatin1Char("abd"[pick(3)])));
+        case 1: return c(pick(13) - 6);
+        case 2: return c((pick(2) ? 1 : -1) * (2 * pick(40) + 1) / 8.0); // not a whole number
+        case 3: {
+            const NumericOperator::NumOp op = (!m_sqlOnly && pick(4) == 0)
+                                                  ? (pick(2) ? NumericOperator::Modulo : NumericOperator::BitXor)
+                                                  : sqlOps[pick(6)];
+            return NumericOperator::join(list(depth, [this](int d) { return number(d); }), op);
+        }
+        case 4: return UnaryOperator(pick(3) ? UnaryOperator::Negate : UnaryOperator::BitNot, number(depth - 1));
+        case 5: return pick(2) ? toInt(pick(2) ? number(depth - 1) : text(depth - 1)) : toDouble(number(depth - 1));
+        case 6: return pick(2) ? abs(number(depth - 1)) : length(text(depth - 1));
+        case 7: return pick(2) ? ifnull(number(depth - 1), number(depth - 1)) : nullif(number(depth - 1), c(pick(3)));
+        case 8: {
+            ExpressionList arguments = list(depth, [this](int d) { return number(d); });
+            return FunctionExpression(QLatin1String(pick(2) ? "min" : "max"), arguments, false);
+        }
+        case 9: {
+            SwitchCase switchCase(number(depth - 1));
+            for (int i = pick(3); i >= 0; --i)
+                switchCase.switchCase(c(pick(7) - 3), number(depth - 1));
+            if (pick(2))
+                switchCase.defaultCase(number(depth - 1));
+            return switchCase;
+        }
+        case 10: {
+            SwitchCase chain(ExpressionHandle{});
+            for (int i = pick(2); i >= 0; --i)
+                chain.switchCase(boolean(depth - 1), number(depth - 1));
+            return chain.defaultCase(number(depth - 1));
+        }
+        default: return round(number(depth - 1));
+        }
+    }
+
+    ExpressionHandle text(int depth)
+    {
+        static const char* const words[] = {"alpha", "it's", "Zulu", "", "beta-1"};
+        switch (depth <= 0 ? pick(2) : pick(5)) {
+        case 0: return ValueExpression(QString(QLatin1Char("sn"[pick(2)])));
+        case 1: return c(QString::fromLatin1(words[pick(5)]));
+        case 2: return pick(2) ? lower(text(depth - 1)) : upper(text(depth - 1));
+        case 3: return pick(2) ? trim(text(depth - 1)) : coalesce(ExpressionList(text(depth - 1), text(depth - 1)));
+        default: return toString(number(depth - 1));
+        }
+    }
+
+private:
+    int pick(int n) { return static_cast<int>(m_random.bounded(n)); }
+
+    template<typename Make>
+    ExpressionList list(int depth, Make make)
+    {
+        ExpressionList items;
+        for (int i = 2 + pick(2); i > 0; --i)
+            items.append(make(depth - 1));
+        return items;
+    }
+
+    QRandomGenerator m_random;
+    bool m_sqlOnly;
+};
+
 class SqlDifferential : public ::testing::Test
 {
 protected:
@@ -173,17 +277,22 @@ protected:
         ASSERT_EQ(results.size(), rows.size()) << text;
         for (size_t i = 0; i < rows.size(); ++i) {
             const Row& row = rows[i];
-            record.a->setVariantValue(row.a);
-            record.b->setVariantValue(row.b);
-            record.s->setVariantValue(row.s);
-            n->setVariantValue(row.n);
-            d->setVariantValue(row.d);
+            setRow(row);
             const QVariant memory = asSql(record.eval(e));
             EXPECT_EQ(memory, results[i]) << text << " on row a=" << row.a << " b=" << row.b << " s='"
                                           << row.s.toStdString() << "' n=" << row.n.toStdString() << " d=" << row.d
                                           << ": memory " << memory.toString().toStdString() << ", database "
                                           << results[i].toString().toStdString();
         }
+    }
+
+    void setRow(const Row& row)
+    {
+        record.a->setVariantValue(row.a);
+        record.b->setVariantValue(row.b);
+        record.s->setVariantValue(row.s);
+        n->setVariantValue(row.n);
+        d->setVariantValue(row.d);
     }
 
     Database db;
@@ -226,6 +335,8 @@ TEST_F(SqlDifferential, IntegerArithmeticAgreesRowByRow)
     const std::vector<ExpressionHandle> trees = {
         a + QVariant(3), a - QVariant(7), a * QVariant(-4), av + bv * c(2) - av, (av - bv) * (av + bv),
         -av, -(av * bv), av * bv > av + bv, (av - c(1)) * c(3) == bv,
+        // A minus followed by a negative operand: "--" would start a comment.
+        av - c(-5), -(-av), -c(-3), av - -bv, av - c(2) - c(-7) - -(-bv),
     };
     for (const ExpressionHandle& e : trees)
         compare(e);
@@ -257,6 +368,47 @@ TEST_F(SqlDifferential, MembershipSwitchAndCastsAgreeRowByRow)
     };
     for (const ExpressionHandle& e : trees)
         compare(e);
+}
+
+// Random trees printed as SQL and parsed back: the parsed tree prints the
+// same text, evaluates like the original on every row, and its SQL with
+// bound values gives the database's results for the original text.
+TEST_F(SqlDifferential, ParsedRandomTreesAgreeWithTheirOriginals)
+{
+    int parsed = 0;
+    for (const bool sqlOnly : {true, false}) {
+        TreeGenerator generator(sqlOnly ? 7001 : 7002, sqlOnly);
+        for (int i = 0; i < 1500; ++i) {
+            const ExpressionHandle original = (i % 3) ? generator.boolean(1 + i % 4) : generator.number(1 + i % 4);
+            const QString text = original->toString(Expression::PrintSql);
+            QString error;
+            const ExpressionHandle tree = Expression::parse(text, record.set, &error);
+            ASSERT_TRUE(tree.constData()) << text.toStdString() << ": " << error.toStdString();
+            ++parsed;
+            ASSERT_EQ(tree->toString(Expression::PrintSql), text);
+            for (size_t r = 0; r < rows.size(); r += 10) {
+                setRow(rows[r]);
+                const QVariant expected = record.eval(original);
+                const QVariant actual = record.eval(tree);
+                ASSERT_TRUE(actual == expected && actual.type() == expected.type())
+                    << text.toStdString() << " row " << r << ": " << expected.toString().toStdString() << " ("
+                    << expected.typeName() << "), parsed " << actual.toString().toStdString() << " ("
+                    << actual.typeName() << ")";
+            }
+            if (!sqlOnly)
+                continue;
+            std::vector<QVariant> expected;
+            std::vector<QVariant> actual;
+            ASSERT_EQ(db.query(original, expected), "") << text.toStdString();
+            ASSERT_EQ(db.query(tree, actual), "") << cktest::bound(tree);
+            ASSERT_EQ(actual.size(), expected.size()) << text.toStdString();
+            for (size_t r = 0; r < actual.size(); ++r)
+                ASSERT_EQ(actual[r], expected[r]) << text.toStdString() << " bound as " << cktest::bound(tree)
+                                                  << " row " << r << ": " << actual[r].toString().toStdString()
+                                                  << " against " << expected[r].toString().toStdString();
+        }
+    }
+    EXPECT_EQ(parsed, 3000);
 }
 
 // Where the in-memory meaning deliberately differs from SQL, both results

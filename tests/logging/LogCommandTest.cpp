@@ -9,6 +9,8 @@
 
 #include <QDir>
 #include <QDomDocument>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QFile>
 #include <QProcess>
 #include <QRegularExpression>
@@ -193,3 +195,48 @@ TEST(LogWriteCommands, FollowPrintsWhatAnotherProcessAppends)
 }
 
 } // namespace
+
+TEST(LogReadCommands, WhereFormatsAndStats)
+{
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("s.kol"));
+    const QStringList olds = {"a,b", "say \"hi\"", "plain"};
+    for (const QString& old : olds)
+        ASSERT_EQ(runTool({"log", "append", path, "--kind", "ALog", "--value", "Olif=" + old, "--value", "Nlif=n"}).exitCode, 0);
+
+    // JSON: one object per line with every value by its id.
+    const ToolRun json = runTool({"log", "show", path, "--format", "json", "--where", "oldFile <> 'plain'"});
+    ASSERT_EQ(json.exitCode, 0) << json.err.toStdString();
+    const QStringList lines = json.out.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    ASSERT_EQ(lines.size(), 2);
+    for (int i = 0; i < 2; ++i) {
+        const QJsonObject record = QJsonDocument::fromJson(lines[i].toUtf8()).object();
+        EXPECT_EQ(record.value("type").toString(), QStringLiteral("ALog"));
+        EXPECT_EQ(record.value("category").toString(), QStringLiteral("aLog"));
+        EXPECT_EQ(record.value("values").toObject().value("Olif").toString(), olds[i]);
+    }
+
+    // CSV (RFC 4180): quoted fields where needed, a header row first.
+    const ToolRun csv = runTool({"log", "show", path, "--format", "csv"});
+    ASSERT_EQ(csv.exitCode, 0);
+    const QStringList rows = csv.out.split(QStringLiteral("\r\n"), Qt::SkipEmptyParts);
+    ASSERT_EQ(rows.size(), 4);
+    EXPECT_TRUE(rows[0].startsWith(QStringLiteral("time,user,category,type,title,description,")));
+    EXPECT_TRUE(rows[1].contains(QStringLiteral(",\"a,b\","))) << rows[1].toStdString();
+    EXPECT_TRUE(rows[2].contains(QStringLiteral(",\"say \"\"hi\"\"\","))) << rows[2].toStdString();
+
+    const ToolRun stats = runTool({"log", "stats", path, "--where", "newFile = 'n'"});
+    ASSERT_EQ(stats.exitCode, 0);
+    EXPECT_TRUE(stats.out.startsWith(QStringLiteral("3 entries\nPer category:\n  3\tAction log\n"))) << stats.out.toStdString();
+
+    const std::vector<std::pair<QStringList, const char*>> refusals = {
+        {{"log", "show", path, "--where", "nosuch = 1"}, "commonkit: log: --where: unknown property 'nosuch' at column 1"},
+        {{"log", "show", path, "--format", "yaml"}, "commonkit: log: --format must be text, json, csv or xml, not 'yaml'"},
+        {{"log", "stats", path, "--where", "type = "}, "commonkit: log: --where: unexpected end of text at column 8"},
+    };
+    for (const auto& refusal : refusals) {
+        const ToolRun run = runTool(refusal.first);
+        EXPECT_EQ(run.exitCode, 2);
+        EXPECT_EQ(run.err.trimmed(), QString::fromUtf8(refusal.second));
+    }
+}

@@ -1,4 +1,5 @@
-// commonkit expr: shows an expression stream as SQL or as code text.
+// commonkit expr: shows an expression stream as SQL or as code text;
+// "commonkit expr parse" reads a filter text (ExprParseCommand.cpp).
 
 #include "Command.h"
 #include "CommandLine.h"
@@ -10,6 +11,9 @@
 #include <QTextStream>
 
 namespace cktool {
+
+int runExprParse(const QStringList& arguments);
+
 namespace {
 
 QByteArray readInput(const QString& path)
@@ -28,8 +32,12 @@ QByteArray readInput(const QString& path)
 
 int runExpr(const QStringList& arguments)
 {
+    // A stream file named "parse" is given as ./parse.
+    if (arguments.value(1) == QLatin1String("parse"))
+        return runExprParse(arguments.mid(1));
     CommandLine commandLine(QStringLiteral("expr"),
-                            tr("Reads an expression tree from a data stream file and prints it as SQL."));
+                            tr("Reads an expression tree from a data stream file and prints it as SQL. "
+                               "\"commonkit expr parse --help\" tells how to read a filter text."));
     commandLine.addPositional(QStringLiteral("file"), tr("The stream file, or - for standard input."));
     const QCommandLineOption code(QStringLiteral("code"), tr("Print C-like code text instead of SQL."));
     const QCommandLineOption bind(QStringLiteral("bind"),
@@ -66,7 +74,7 @@ int runExpr(const QStringList& arguments)
 }
 
 const CommandRegistration registration(
-    {"expr", QT_TRANSLATE_NOOP("cktool", "Print an expression stream as SQL or code text"), runExpr});
+    {"expr", QT_TRANSLATE_NOOP("cktool", "Print an expression stream, or parse a filter text, as SQL or code text"), runExpr});
 
 } // namespace
 } // namespace cktool

@@ -8,5 +8,7 @@ namespace cktool {
 int runLogAppend(const QStringList& arguments);
 // commonkit log finalize FILE
 int runLogFinalize(const QStringList& arguments);
+// commonkit log stats FILE [--where FILTER]
+int runLogStats(const QStringList& arguments);
 
 } // namespace cktool

@@ -4,10 +4,11 @@
 #include "Command.h"
 #include "CommandLine.h"
 #include "LogActions.h"
+#include "LogPrinters.h"
 
 #include "logging/LogEntry.h"
 #include "logging/XMLLogReader.h"
-#include "logging/XMLLogWriter.h"
+#include "logview/ActionLogFilter.h"
 
 #include <QDateTime>
 #include <QFile>
@@ -22,72 +23,6 @@
 namespace cktool {
 namespace {
 
-// The header attributes of the "Entries" element, for re-emitting them.
-struct Header
-{
-    QString logFile;
-    QDateTime date;
-    QString appVersion;
-    QString lngVersion;
-};
-
-Header readHeader(const QString& path)
-{
-    Header header;
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return header;
-    QXmlStreamReader reader(&file);
-    while (!reader.atEnd()) {
-        if (reader.readNext() != QXmlStreamReader::StartElement)
-            continue;
-        if (reader.name() == QLatin1String("Entries")) {
-            const QXmlStreamAttributes attributes = reader.attributes();
-            header.logFile = attributes.value(QLatin1String("LogFile")).toString();
-            header.date = QDateTime::fromString(attributes.value(QLatin1String("Date")).toString(), Qt::ISODate);
-            header.appVersion = attributes.value(QLatin1String("ApplicationVersion")).toString();
-            header.lngVersion = attributes.value(QLatin1String("LanguageVersion")).toString();
-        }
-        break;
-    }
-    return header;
-}
-
-// Line breaks and tabs in values would break the one-line form.
-QString oneLine(QString text)
-{
-    for (QChar& c : text) {
-        if (c == QLatin1Char('\n') || c == QLatin1Char('\r') || c == QLatin1Char('\t'))
-            c = QLatin1Char(' ');
-    }
-    return text;
-}
-
-QString entryLine(ko::LogEntry& entry)
-{
-    const QDateTime time = entry.time();
-    const QString timeText = time.isValid() ? time.toString(QStringLiteral("yyyy-MM-dd hh:mm:ss")) : QStringLiteral("-");
-    const QString user = entry.user().isEmpty() ? QStringLiteral("-") : entry.user();
-    QString line = QStringLiteral("%1  %2  [%3]  %4").arg(timeText, oneLine(user), entry.category().name, entry.title());
-    const QString description = oneLine(entry.description());
-    if (!description.trimmed().isEmpty())
-        line += QStringLiteral(": ") + description.trimmed();
-    return line;
-}
-
-void writeXml(QTextStream& out, const QString& path, const std::vector<std::unique_ptr<ko::LogEntry>>& entries)
-{
-    const Header header = readHeader(path);
-    ko::XMLLogWriter writer(&out, QString(), header.date.isValid() ? header.date : QFileInfo(path).lastModified());
-    writer.setStartDocumentName(header.logFile.isEmpty() ? QFileInfo(path).fileName() : header.logFile);
-    writer.setAppVersion(header.appVersion);
-    writer.setLngVersion(header.lngVersion);
-    writer.writeStartDocument();
-    for (const auto& entry : entries)
-        entry->writeTo(writer);
-    writer.writeEndDocument();
-}
-
 // Whether the file at path was replaced or cut since `file` was opened on it
 // (a rollover moves the file away and starts a new one).
 bool replacedSinceOpened(const QFile& file, const QString& path)
@@ -98,13 +33,13 @@ bool replacedSinceOpened(const QFile& file, const QString& path)
 
 // Prints the entries that other processes append, until interrupted.
 [[noreturn]] void follow(const QString& path, QFile& file, std::unique_ptr<ko::XMLLogReader> reader,
-                         QTextStream& out)
+                         const ko::ActionLogFilter& filter, EntryPrinter& printer, QTextStream& out)
 {
     for (;;) {
         while (!reader->atEnd() && !reader->hasFault()) {
             std::unique_ptr<ko::LogEntry> entry(reader->readNextLogEntry());
-            if (entry && !reader->hasFault())
-                out << entryLine(*entry) << "\n";
+            if (entry && !reader->hasFault() && filter.accepts(*entry))
+                printer.print(*entry);
         }
         out.flush();
         QThread::msleep(200);
@@ -124,15 +59,23 @@ int runLog(const QStringList& arguments)
         return runLogAppend(arguments);
     if (requested == QLatin1String("finalize"))
         return runLogFinalize(arguments);
+    if (requested == QLatin1String("stats"))
+        return runLogStats(arguments);
 
     CommandLine commandLine(QStringLiteral("log"),
                             tr("Shows the entries of an action log file, one line each: time, user, "
-                               "category, title and description. Other actions: append, finalize "
+                               "category, title and description. Other actions: append, finalize, stats "
                                "(see commonkit log append --help)."));
     commandLine.addPositional(QStringLiteral("show"), tr("The action: show."));
     commandLine.addPositional(QStringLiteral("file"), tr("The action log file (live or closed)."));
     commandLine.addOption(QCommandLineOption(QStringLiteral("xml"),
                                              tr("Write the entries as a closed action log document instead.")));
+    commandLine.addOption(QCommandLineOption(
+        QStringLiteral("where"), tr("Show only the entries the filter accepts (see docs/filter-language.md)."),
+        QStringLiteral("filter")));
+    commandLine.addOption(QCommandLineOption(QStringLiteral("format"),
+                                             tr("Output: text (default), json (one object per line), csv or xml."),
+                                             QStringLiteral("format"), QStringLiteral("text")));
     commandLine.addOption(QCommandLineOption(
         QStringLiteral("follow"),
         tr("Keep printing the entries that are appended to the file, until interrupted (like tail -f).")));
@@ -141,22 +84,28 @@ int runLog(const QStringList& arguments)
     const QString action = commandLine.positional().at(0);
     const QString path = commandLine.positional().at(1);
     if (action != QLatin1String("show"))
-        throw CommandError(tr("log: unknown action '%1' (use show, append or finalize)").arg(action), 2);
+        throw CommandError(tr("log: unknown action '%1' (use show, append, finalize or stats)").arg(action), 2);
     const bool following = commandLine.isSet(QStringLiteral("follow"));
-    if (following && commandLine.isSet(QStringLiteral("xml")))
+    const QString format = commandLine.isSet(QStringLiteral("xml")) ? QStringLiteral("xml")
+                                                                     : commandLine.value(QStringLiteral("format"));
+    if (following && format == QLatin1String("xml"))
         throw CommandError(tr("log: --follow and --xml cannot be combined"), 2);
+    ko::ActionLogFilter filter;
+    QString filterError;
+    if (!filter.setFilterText(commandLine.value(QStringLiteral("where")), &filterError))
+        throw CommandError(tr("log: --where: %1").arg(filterError), 2);
+
+    QTextStream out(stdout);
+    out.setCodec("UTF-8");
+    const std::unique_ptr<EntryPrinter> printer = makeEntryPrinter(format, out, path);
 
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         throw CommandError(tr("log: cannot open '%1': %2").arg(path, file.errorString()));
 
-    const bool asXml = commandLine.isSet(QStringLiteral("xml"));
-    std::vector<std::unique_ptr<ko::LogEntry>> entries;
     std::unique_ptr<ko::LogEntry> fault;
     int skipped = 0;
-    QTextStream out(stdout);
-    out.setCodec("UTF-8");
-
+    printer->begin();
     auto owned = std::make_unique<ko::XMLLogReader>(&file);
     ko::XMLLogReader& reader = *owned;
     while (!reader.atEnd() && !reader.hasError()) {
@@ -170,16 +119,13 @@ int runLog(const QStringList& arguments)
                 ++skipped;
             continue;
         }
-        if (asXml)
-            entries.push_back(std::move(entry));
-        else
-            out << entryLine(*entry) << "\n";
+        if (filter.accepts(*entry))
+            printer->print(*entry);
     }
-    if (asXml)
-        writeXml(out, path, entries);
+    printer->end();
     out.flush();
     if (following && !reader.hasFault())
-        follow(path, file, std::move(owned), out);
+        follow(path, file, std::move(owned), filter, *printer, out);
 
     if (skipped > 0)
         QTextStream(stderr) << tr("note: %1 entries of kinds unknown to this program were skipped").arg(skipped)

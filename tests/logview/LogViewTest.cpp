@@ -1,0 +1,129 @@
+// The live action log model and its filter model: Qt's model tester while
+// another thread logs (with rollovers, which remove rows), and the filter
+// model against `commonkit log show --where` on the same file.
+
+#include "logging/ActionLog.h"
+#include "logging/ActionLogContextSwitchEntry.h"
+#include "logview/ActionLogFilterModel.h"
+#include "logview/ActionLogModel.h"
+#include "resources/Translations.h"
+#include "support/ToolRunner.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractItemModelTester>
+#include <QCoreApplication>
+#include <QDir>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+
+#include <atomic>
+#include <thread>
+
+namespace {
+
+void logNumbered(ko::ActionLog& log, int count)
+{
+    for (int i = 0; i < count; ++i) {
+        ko::ActionLogContextSwitchEntry entry(QStringLiteral("n%1").arg(i), QString::number(i % 7));
+        log.log(entry);
+    }
+}
+
+// Numbers in column description of the rows of a model, in row order.
+QStringList newFiles(const QAbstractItemModel& model)
+{
+    QStringList values;
+    for (int row = 0; row < model.rowCount(); ++row)
+        values << model.data(model.index(row, 0), ko::ActionLogModel::FieldsRole).toMap().value("newFile").toString();
+    return values;
+}
+
+TEST(ActionLogModel, StaysConsistentWhileAnotherThreadLogsAndRollsOver)
+{
+    QTemporaryDir dir;
+    ko::ActionLog log(dir.filePath(QStringLiteral("live.kol")));
+    log.setSplitPolicy(ko::ActionLog::BySize, 8 * 1024);
+    log.mute(false);
+    logNumbered(log, 5); // rows the model finds when it is made
+
+    ko::ActionLogModel model(&log);
+    ko::ActionLogFilterModel filtered;
+    filtered.setSourceModel(&model);
+    QString error;
+    ASSERT_TRUE(filtered.setFilterText(QStringLiteral("newFile IN ('0', '3') AND type = 'ALog'"), &error))
+        << error.toStdString();
+    QAbstractItemModelTester modelTester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
+    QAbstractItemModelTester filterTester(&filtered, QAbstractItemModelTester::FailureReportingMode::Fatal);
+    EXPECT_EQ(model.rowCount(), 5);
+
+    std::atomic<bool> done{false};
+    std::thread writer([&] {
+        logNumbered(log, 600);
+        done = true;
+    });
+    while (!done)
+        QCoreApplication::processEvents();
+    writer.join();
+    QCoreApplication::processEvents();
+
+    ASSERT_EQ(model.rowCount(), log.count());
+    QStringList inLog;
+    for (int i = 0; i < log.count(); ++i)
+        inLog << static_cast<const ko::ActionLogContextSwitchEntry*>(log.entry(i))->newFile();
+    EXPECT_EQ(newFiles(model), inLog);
+    QStringList expected = inLog.filter(QRegularExpression(QStringLiteral("^[03]$")));
+    EXPECT_EQ(newFiles(filtered), expected);
+    EXPECT_LT(log.count(), 605); // rollovers removed rows on the way
+}
+
+TEST(ActionLogModel, HeadersAreTranslated)
+{
+    ko::ActionLogModel model(nullptr);
+    EXPECT_EQ(model.columnCount(), 5);
+    EXPECT_EQ(model.headerData(0, Qt::Horizontal).toString(), QStringLiteral("Time"));
+    ASSERT_TRUE(ko::installTranslations(QLocale(QLocale::German)));
+    EXPECT_EQ(model.headerData(4, Qt::Horizontal).toString(), QStringLiteral("Beschreibung"));
+    ko::removeTranslations();
+}
+
+TEST(ActionLogFilterModel, ShowsWhatTheToolPrintsForTheSameFilter)
+{
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("same.kol"));
+    {
+        ko::ActionLog log(path);
+        log.setSplitPolicy(ko::ActionLog::NoSplit, 0);
+        log.mute(false);
+        logNumbered(log, 40);
+    }
+    ko::ActionLog log(path);
+    log.readLog();
+    ko::ActionLogModel model(&log);
+    ko::ActionLogFilterModel filtered;
+    filtered.setSourceModel(&model);
+    const QStringList filters = {
+        QStringLiteral("newFile = '2' OR oldFile = 'n13'"),
+        QStringLiteral("NOT (newFile IN ('1', '2', '3'))"),
+        QStringLiteral("category = 'aLog' AND title <> ''"),
+        QStringLiteral("type = 'XmlP'"),
+    };
+    for (const QString& filter : filters) {
+        SCOPED_TRACE(filter.toStdString());
+        QString error;
+        ASSERT_TRUE(filtered.setFilterText(filter, &error)) << error.toStdString() << filter.toStdString();
+        const cktest::ToolRun run = cktest::runTool({"log", "show", path, "--where", filter, "--format", "json"});
+        ASSERT_EQ(run.exitCode, 0) << run.err.toStdString();
+        QStringList printed;
+        for (const QString& line : run.out.split(QLatin1Char('\n'), Qt::SkipEmptyParts))
+            printed << QJsonDocument::fromJson(line.toUtf8()).object().value("values").toObject().value("Nlif").toString();
+        EXPECT_EQ(newFiles(filtered), printed);
+    }
+    QString error;
+    EXPECT_FALSE(filtered.setFilterText(QStringLiteral("nosuchfield = 1"), &error));
+    EXPECT_TRUE(error.contains(QStringLiteral("nosuchfield"))) << error.toStdString();
+}
+
+} // namespace
