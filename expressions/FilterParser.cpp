@@ -281,8 +281,12 @@ private:
     QString shown(const Token& token) const
     {
         QString source = m_text.mid(token.pos, token.length);
-        if (source.size() > kShownTokenLength)
-            source = source.left(kShownTokenLength - 3) + QLatin1String("...");
+        if (source.size() > kShownTokenLength) {
+            int keep = kShownTokenLength - 3;
+            if (source.at(keep - 1).isHighSurrogate())
+                --keep; // never half a character
+            source = source.left(keep) + QLatin1String("...");
+        }
         return source;
     }
 
