@@ -281,8 +281,12 @@ private:
     QString shown(const Token& token) const
     {
         QString source = m_text.mid(token.pos, token.length);
-        if (source.size() > kShownTokenLength)
-            source = source.left(kShownTokenLength - 3) + QLatin1String("...");
+        if (source.size() > kShownTokenLength) {
+            int keep = kShownTokenLength - 3;
+            if (source.at(keep - 1).isHighSurrogate())
+                --keep; // never half a character
+            source = source.left(keep) + QLatin1String("...");
+        }
         return source;
     }
 
@@ -302,8 +306,10 @@ private:
     {
         if (operand.level >= level)
             return;
+        if (operand.groupPos < 0)
+            unexpected(op);
         fail(QT_TRANSLATE_NOOP("FilterParser", "the comparison in parentheses at column %1 cannot be an operand of '%2'"),
-             operand.groupPos >= 0 ? operand.groupPos : op.pos, {shown(op)});
+             operand.groupPos, {shown(op)});
     }
 
     // --- nesting
@@ -347,59 +353,134 @@ private:
 
     // --- grammar
 
-    Operand parseExpression()
+    // A binary operator (or IN) and its level; Chain operators gather a run
+    // of the same operator into one node.
+    enum class Family { Chain, Compare, In, NotIn };
+    struct BinaryOp
+    {
+        int level = 0;
+        int kind = -1;
+        Family family = Family::Chain;
+    };
+
+    BinaryOp binaryOperator() const
+    {
+        const Token& token = peek();
+        if (token.kind == TokenKind::Word) {
+            if (isWord(token, "OR"))
+                return {LevelOr, BooleanOperator::Or, Family::Chain};
+            if (isWord(token, "AND"))
+                return {LevelAnd, BooleanOperator::And, Family::Chain};
+            if (isWord(token, "IN"))
+                return {LevelEquality, -1, Family::In};
+            if (isWord(token, "NOT") && isWord(peek(1), "IN"))
+                return {LevelEquality, -1, Family::NotIn};
+            if (isWord(token, "MOD"))
+                return {LevelMultiplicative, NumericOperator::Modulo, Family::Chain};
+            return {};
+        }
+        if (token.kind != TokenKind::Symbol)
+            return {};
+        struct Entry { const char* symbol; int level; int kind; Family family; };
+        static const Entry kOperators[] = {
+            {"=", LevelEquality, Comparator::Equal, Family::Compare},
+            {"==", LevelEquality, Comparator::Equal, Family::Compare},
+            {"!=", LevelEquality, Comparator::NotEqual, Family::Compare},
+            {"<>", LevelEquality, Comparator::NotEqual, Family::Compare},
+            {"<", LevelRelational, Comparator::Less, Family::Compare},
+            {"<=", LevelRelational, Comparator::LessEqual, Family::Compare},
+            {">", LevelRelational, Comparator::Greater, Family::Compare},
+            {">=", LevelRelational, Comparator::GreaterEqual, Family::Compare},
+            {"&", LevelBitwise, NumericOperator::BitAnd, Family::Chain},
+            {"|", LevelBitwise, NumericOperator::BitOr, Family::Chain},
+            {"^", LevelBitwise, NumericOperator::BitXor, Family::Chain},
+            {"+", LevelAdditive, NumericOperator::Add, Family::Chain},
+            {"-", LevelAdditive, NumericOperator::Subtract, Family::Chain},
+            {"*", LevelMultiplicative, NumericOperator::Multiply, Family::Chain},
+            {"/", LevelMultiplicative, NumericOperator::Divide, Family::Chain},
+            {"%", LevelMultiplicative, NumericOperator::Modulo, Family::Chain},
+        };
+        for (const Entry& entry : kOperators) {
+            if (token.text == QLatin1String(entry.symbol))
+                return {entry.level, entry.kind, entry.family};
+        }
+        return {};
+    }
+
+    Operand parseExpression() { return parseBinary(LevelOr); }
+
+    // Precedence climbing: an operand, then the operators of at least
+    // minLevel, each taking right operands of the levels above its own, so
+    // that operators group from the left. The recursion grows with the
+    // nesting of brackets and levels, not with the length of a chain.
+    Operand parseBinary(int minLevel)
     {
         DepthGuard guard(this, peek());
-        return parseLevel(LevelOr);
-    }
-
-    Operand parseLevel(int level)
-    {
-        switch (level) {
-        case LevelOr:
-        case LevelAnd:
-        case LevelBitwise:
-        case LevelAdditive:
-        case LevelMultiplicative:
-            return parseChain(level);
-        case LevelNot:
-            return parseNot();
-        case LevelEquality:
-            return parseEquality();
-        case LevelRelational:
-            return parseRelational();
-        case LevelUnary:
-            return parseUnary();
-        default:
-            return parsePrimary();
+        Operand left = parsePrefix(minLevel);
+        while (true) {
+            const BinaryOp op = binaryOperator();
+            if (op.kind < 0 && op.family != Family::In && op.family != Family::NotIn)
+                return left;
+            if (op.level < minLevel)
+                return left;
+            const Token& token = take();
+            switch (op.family) {
+            case Family::Chain:
+                left = parseRun(left, op, token);
+                break;
+            case Family::Compare: {
+                require(left, op.level, token);
+                const Operand right = parseBinary(op.level + 1);
+                require(right, op.level + 1, token);
+                left = node(Comparator(left.expression, static_cast<Comparator::CompOp>(op.kind), right.expression),
+                            op.level, qMax(left.height, right.height), token);
+                break;
+            }
+            case Family::In:
+                require(left, LevelEquality, token);
+                left = parseMembers(left, token);
+                break;
+            case Family::NotIn: {
+                // "x NOT IN (...)" is NOT (x IN (...)), which prints as
+                // " NOT x IN (...)": no comparison may follow it.
+                take();
+                require(left, LevelEquality, token);
+                const Operand membership = parseMembers(left, token);
+                left = node(NotOperator(membership.expression), LevelNot, membership.height, token);
+                break;
+            }
+            }
         }
     }
 
-    // The operator kind of the token at a chain level, or -1.
-    static int chainOperator(int level, const Token& token)
+    // The rest of a run of chain operators of one level after its first
+    // operator: "a+b+c" is one node, "a+b-c" is (a+b)-c.
+    Operand parseRun(const Operand& first, const BinaryOp& op, const Token& firstToken)
     {
-        switch (level) {
-        case LevelOr:
-            return isWord(token, "OR") ? BooleanOperator::Or : -1;
-        case LevelAnd:
-            return isWord(token, "AND") ? BooleanOperator::And : -1;
-        case LevelBitwise:
-            if (isSymbol(token, "&"))
-                return NumericOperator::BitAnd;
-            if (isSymbol(token, "|"))
-                return NumericOperator::BitOr;
-            return isSymbol(token, "^") ? NumericOperator::BitXor : -1;
-        case LevelAdditive:
-            if (isSymbol(token, "+"))
-                return NumericOperator::Add;
-            return isSymbol(token, "-") ? NumericOperator::Subtract : -1;
-        default:
-            if (isSymbol(token, "*"))
-                return NumericOperator::Multiply;
-            if (isSymbol(token, "/"))
-                return NumericOperator::Divide;
-            return isSymbol(token, "%") || isWord(token, "MOD") ? NumericOperator::Modulo : -1;
+        // Operands of AND and OR may be anything; arithmetic needs operands
+        // that print bare as they are read.
+        const int operandLevel = op.level <= LevelAnd ? 0 : LevelUnary;
+        require(first, operandLevel, firstToken);
+        QList<Operand> items;
+        items.append(first);
+        int kind = op.kind;
+        const Token* token = &firstToken;
+        while (true) {
+            const Operand operand = parseBinary(op.level + 1);
+            require(operand, operandLevel, *token);
+            items.append(operand);
+            const BinaryOp next = binaryOperator();
+            if (next.family != Family::Chain || next.level != op.level)
+                break;
+            token = &take();
+            if (next.kind != kind) {
+                const Operand chain = makeChain(op.level, kind, items, *token);
+                items.clear();
+                items.append(chain);
+                kind = next.kind;
+            }
         }
+        return makeChain(op.level, kind, items, *token);
     }
 
     Operand makeChain(int level, int kind, const QList<Operand>& items, const Token& at) const
@@ -416,110 +497,18 @@ private:
         return node(joined, LevelPrimary, height, at);
     }
 
-    // A left-associative chain; a run of one operator becomes one node with
-    // all its operands, a change of operator starts a new node over the
-    // chain so far: "a+b-c" is (a+b)-c.
-    Operand parseChain(int level)
+    // NOT where the level allows it, else a unary operand.
+    Operand parsePrefix(int minLevel)
     {
-        // Operands of AND and OR may be anything; arithmetic needs operands
-        // that print bare as they are read.
-        const int operandLevel = level <= LevelAnd ? 0 : LevelUnary;
-        Operand first = parseLevel(level + 1);
-        QList<Operand> items;
-        int kind = -1;
-        Token op;
-        while (true) {
-            const int next = chainOperator(level, peek());
-            if (next < 0)
-                break;
-            const Token token = take();
-            if (items.isEmpty()) {
-                require(first, operandLevel, token);
-                items.append(first);
-            } else if (next != kind) {
-                const Operand chain = makeChain(level, kind, items, op);
-                items.clear();
-                items.append(chain);
-            }
-            kind = next;
-            op = token;
-            const Operand operand = parseLevel(level + 1);
-            require(operand, operandLevel, token);
-            items.append(operand);
-        }
-        if (items.isEmpty())
-            return first;
-        return makeChain(level, kind, items, op);
-    }
-
-    Operand parseNot()
-    {
-        if (!isWord(peek(), "NOT"))
-            return parseEquality();
-        const Token token = take();
-        DepthGuard guard(this, token);
-        const Operand operand = parseNot();
+        if (minLevel > LevelNot || !isWord(peek(), "NOT"))
+            return parseUnary();
+        const Token& token = take();
+        const Operand operand = parseBinary(LevelNot);
         return node(NotOperator(operand.expression), LevelNot, operand.height, token);
     }
 
-    static int comparison(const Token& token)
+    Q_NEVER_INLINE Operand parseMembers(const Operand& value, const Token& at)
     {
-        if (token.kind != TokenKind::Symbol)
-            return -1;
-        if (token.text == QLatin1String("=") || token.text == QLatin1String("=="))
-            return Comparator::Equal;
-        if (token.text == QLatin1String("!=") || token.text == QLatin1String("<>"))
-            return Comparator::NotEqual;
-        if (token.text == QLatin1String("<"))
-            return Comparator::Less;
-        if (token.text == QLatin1String("<="))
-            return Comparator::LessEqual;
-        if (token.text == QLatin1String(">"))
-            return Comparator::Greater;
-        if (token.text == QLatin1String(">="))
-            return Comparator::GreaterEqual;
-        return -1;
-    }
-
-    static bool isRelational(int op)
-    {
-        return op == Comparator::Less || op == Comparator::LessEqual || op == Comparator::Greater ||
-               op == Comparator::GreaterEqual;
-    }
-
-    Operand parseEquality()
-    {
-        Operand left = parseRelational();
-        while (true) {
-            const Token& next = peek();
-            const int op = comparison(next);
-            if (op >= 0 && !isRelational(op)) {
-                const Token token = take();
-                require(left, LevelEquality, token);
-                const Operand right = parseRelational();
-                require(right, LevelRelational, token);
-                left = node(Comparator(left.expression, static_cast<Comparator::CompOp>(op), right.expression),
-                            LevelEquality, qMax(left.height, right.height), token);
-            } else if (isWord(next, "IN")) {
-                const Token token = take();
-                require(left, LevelEquality, token);
-                left = parseMembers(left, token);
-            } else if (isWord(next, "NOT") && isWord(peek(1), "IN")) {
-                // "x NOT IN (...)" is NOT (x IN (...)); it ends the chain.
-                const Token token = take();
-                take();
-                require(left, LevelEquality, token);
-                const Operand members = parseMembers(left, token);
-                return node(NotOperator(members.expression), LevelNot, members.height, token);
-            } else {
-                return left;
-            }
-        }
-    }
-
-    Operand parseMembers(const Operand& value, const Token& at)
-    {
-        const Token open = peek();
         expectSymbol("(");
         Bracket bracket(this, false);
         ElementOf membership(value.expression);
@@ -538,48 +527,16 @@ private:
         return node(membership, LevelEquality, height, at);
     }
 
-    Operand parseRelational()
-    {
-        Operand left = parseChain(LevelBitwise);
-        while (true) {
-            const int op = comparison(peek());
-            if (op < 0 || !isRelational(op))
-                return left;
-            const Token token = take();
-            require(left, LevelRelational, token);
-            const Operand right = parseChain(LevelBitwise);
-            require(right, LevelBitwise, token);
-            left = node(Comparator(left.expression, static_cast<Comparator::CompOp>(op), right.expression),
-                        LevelRelational, qMax(left.height, right.height), token);
-        }
-    }
-
     Operand parseUnary()
     {
         const Token& next = peek();
-        if (isSymbol(next, "-") && peek(1).kind == TokenKind::Number && peek(1).pos == next.pos + 1) {
-            // "-5" is a negative literal, as constants print. Where the
-            // negative value would not print as "-" and the number ("-0",
-            // or -13049021121120120960, which fits no integer type and would
-            // print as a double), the text stays a negation of the number.
-            const Token minus = take();
-            const Token number = take();
-            const QVariant magnitude = numberValue(number.text, number);
-            const QString text = QLatin1Char('-') + number.text;
-            const QVariant value = numberValue(text, minus);
-            if (value.toString() == QLatin1Char('-') + magnitude.toString()) {
-                Operand literal = leaf(ConstExpression(value, m_inline == 0));
-                literal.level = LevelUnary;
-                return literal;
-            }
-            const ExpressionHandle operand = ConstExpression(magnitude, m_inline == 0);
-            return node(UnaryOperator(UnaryOperator::Negate, operand), LevelUnary, 1, minus);
-        }
+        if (isSymbol(next, "-") && peek(1).kind == TokenKind::Number && peek(1).pos == next.pos + 1)
+            return parseNegativeNumber();
         const bool negate = isSymbol(next, "-");
         const bool bitNot = isSymbol(next, "~");
         if (!negate && !bitNot && !isSymbol(next, "+"))
             return parsePrimary();
-        const Token token = take();
+        const Token& token = take();
         DepthGuard guard(this, token);
         const Operand operand = parseUnary();
         require(operand, LevelUnary, token);
@@ -589,7 +546,26 @@ private:
                     LevelUnary, operand.height, token);
     }
 
-    QVariant numberValue(const QString& text, const Token& at) const
+    // "-5" is a negative literal, as constants print. Where the negative
+    // value would not print as "-" and the number ("-0", or
+    // -13049021121120120960, which fits no signed type and would print as a
+    // double), the text stays a negation of the number.
+    Q_NEVER_INLINE Operand parseNegativeNumber()
+    {
+        const Token& minus = take();
+        const Token& number = take();
+        const QVariant magnitude = numberValue(number.text, number);
+        const QVariant value = numberValue(QLatin1Char('-') + number.text, minus);
+        if (value.toString() == QLatin1Char('-') + magnitude.toString()) {
+            Operand literal = leaf(ConstExpression(value, m_inline == 0));
+            literal.level = LevelUnary;
+            return literal;
+        }
+        const ExpressionHandle operand = ConstExpression(magnitude, m_inline == 0);
+        return node(UnaryOperator(UnaryOperator::Negate, operand), LevelUnary, 1, minus);
+    }
+
+    Q_NEVER_INLINE QVariant numberValue(const QString& text, const Token& at) const
     {
         bool ok = false;
         if (!text.contains(QLatin1Char('.')) && !text.contains(QLatin1Char('e')) && !text.contains(QLatin1Char('E'))) {
@@ -613,14 +589,9 @@ private:
     {
         const Token& next = peek();
         switch (next.kind) {
-        case TokenKind::Number: {
-            const Token token = take();
-            return leaf(ConstExpression(numberValue(token.text, token), m_inline == 0));
-        }
-        case TokenKind::String: {
-            const Token token = take();
-            return leaf(ConstExpression(token.text, m_inline == 0));
-        }
+        case TokenKind::Number:
+        case TokenKind::String:
+            return parseLiteral();
         case TokenKind::Word:
             return parseWord();
         default:
@@ -631,11 +602,18 @@ private:
         unexpected(next);
     }
 
+    Q_NEVER_INLINE Operand parseLiteral()
+    {
+        const Token& token = take();
+        const QVariant value = token.kind == TokenKind::Number ? numberValue(token.text, token) : QVariant(token.text);
+        return leaf(ConstExpression(value, m_inline == 0));
+    }
+
     // "( expression )", or "( a LIKE b [ESCAPE c] )" for the functions
     // printed that way.
     Operand parseGroup()
     {
-        const Token open = take();
+        const Token& open = take();
         Bracket bracket(this, false);
         // The arguments of a LIKE are function arguments: their literals are
         // inlined.
@@ -643,31 +621,34 @@ private:
             ++m_inline;
         Operand inner = parseExpression();
         const Token& next = peek();
-        if (next.kind == TokenKind::Word && !isKeyword(next.text) && m_likeNames.contains(next.text.toUpper())) {
-            const Token op = take();
-            ExpressionList arguments(inner.expression);
-            int height = inner.height;
-            const Operand pattern = parseExpression();
-            arguments.append(pattern.expression);
-            height = qMax(height, pattern.height);
-            if (isWord(peek(), "ESCAPE")) {
-                take();
-                const Operand escape = parseExpression();
-                arguments.append(escape.expression);
-                height = qMax(height, escape.height);
-            }
-            expectSymbol(")");
-            if (open.holdsLike)
-                --m_inline;
-            const QString name = m_likeNames.value(op.text.toUpper());
-            checkArguments(name, arguments.size(), op);
-            return node(FunctionExpression(name, arguments, false), LevelPrimary, height, op);
-        }
+        if (next.kind == TokenKind::Word && !isKeyword(next.text) && m_likeNames.contains(next.text.toUpper()))
+            inner = parseLike(inner);
+        else
+            inner.groupPos = open.pos;
         expectSymbol(")");
         if (open.holdsLike)
             --m_inline;
-        inner.groupPos = open.pos;
         return inner;
+    }
+
+    // The rest of "(value NAME pattern [ESCAPE escape])" after the value.
+    Q_NEVER_INLINE Operand parseLike(const Operand& value)
+    {
+        const Token& op = take();
+        ExpressionList arguments(value.expression);
+        int height = value.height;
+        const Operand pattern = parseExpression();
+        arguments.append(pattern.expression);
+        height = qMax(height, pattern.height);
+        if (isWord(peek(), "ESCAPE")) {
+            take();
+            const Operand escape = parseExpression();
+            arguments.append(escape.expression);
+            height = qMax(height, escape.height);
+        }
+        const QString name = m_likeNames.value(op.text.toUpper());
+        checkArguments(name, arguments.size(), op);
+        return node(FunctionExpression(name, arguments, false), LevelPrimary, height, op);
     }
 
     void checkArguments(const QString& name, int count, const Token& at) const
@@ -682,7 +663,7 @@ private:
                  {name, QString::number(entry.maxArgs)});
     }
 
-    Operand parseWord()
+    Q_NEVER_INLINE Operand parseWord()
     {
         const Token& next = peek();
         if (isWord(next, "CASE"))
@@ -711,7 +692,7 @@ private:
         return leaf(ValueExpression(name, alias));
     }
 
-    Operand parseCall()
+    Q_NEVER_INLINE Operand parseCall()
     {
         const Token name = take();
         FunctionExpression::FunctionEntry entry;
@@ -749,7 +730,7 @@ private:
         return node(FunctionExpression(name.text, arguments, distinct), LevelPrimary, height, name);
     }
 
-    Operand parseCast()
+    Q_NEVER_INLINE Operand parseCast()
     {
         const Token cast = take();
         take(); // "("
@@ -780,7 +761,7 @@ private:
     }
 
     // CASE [selector] {WHEN value THEN result} [ELSE default] END
-    Operand parseCase()
+    Q_NEVER_INLINE Operand parseCase()
     {
         const Token token = take();
         Bracket bracket(this, false);

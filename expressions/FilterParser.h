@@ -53,8 +53,9 @@ public:
 
     const PropertySet& schema() const { return m_schema; }
 
-    // Deepest nesting of brackets, prefix operators and tree levels that
-    // parse() accepts.
+    // Deepest nesting that parse() accepts: brackets, prefix operators and
+    // operands of binary operators each count a level, and the tree built
+    // may not be deeper.
     static int maxDepth();
 
 private:
