@@ -122,7 +122,10 @@ TEST_F(ActionLogStress, KilledWriterNeverLosesAReportedEntry)
         QProcess child;
         child.start(QStringLiteral(ACTIONLOG_WRITER_CHILD), {path, QString::number(next)});
         ASSERT_TRUE(child.waitForStarted());
-        QThread::msleep(QRandomGenerator::global()->bounded(15, 60));
+        // Once it logs (a slow start under a sanitizer or load is waited
+        // out), kill it at a random moment.
+        child.waitForReadyRead(30000);
+        QThread::msleep(QRandomGenerator::global()->bounded(0, 30));
         ::kill(static_cast<pid_t>(child.processId()), SIGKILL);
         ASSERT_TRUE(child.waitForFinished());
         kills += child.exitStatus() == QProcess::CrashExit;
