@@ -4,6 +4,26 @@
 <context>
     <name>cktool</name>
     <message>
+        <source>Saved filter: %1</source>
+        <translation>Gespeicherter Filter: %1</translation>
+    </message>
+    <message>
+        <source>  as SQL to bind: %1  with (%2)</source>
+        <translation>  als SQL zum Binden: %1  mit (%2)</translation>
+    </message>
+    <message>
+        <source>Action log filter: %1</source>
+        <translation>Filter für das Aktionsprotokoll: %1</translation>
+    </message>
+    <message>
+        <source>  %1 of %2 entries shown:</source>
+        <translation>  %1 von %2 Einträgen angezeigt:</translation>
+    </message>
+    <message>
+        <source>Filters as text: saved, parsed and applied</source>
+        <translation>Filter als Text: gespeichert, gelesen und angewandt</translation>
+    </message>
+    <message>
         <source>Shows the entries of an action log file, one line each: time, user, category, title and description. Other actions: append, finalize, stats (see commonkit log append --help).</source>
         <translation>Zeigt die Einträge einer Aktionsprotokolldatei, je eine Zeile: Zeit, Benutzer, Kategorie, Titel und Beschreibung. Weitere Aktionen: append, finalize, stats (siehe commonkit log append --help).</translation>
     </message>

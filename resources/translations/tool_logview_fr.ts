@@ -4,6 +4,26 @@
 <context>
     <name>cktool</name>
     <message>
+        <source>Saved filter: %1</source>
+        <translation>Filtre enregistré : %1</translation>
+    </message>
+    <message>
+        <source>  as SQL to bind: %1  with (%2)</source>
+        <translation>  en SQL à lier : %1  avec (%2)</translation>
+    </message>
+    <message>
+        <source>Action log filter: %1</source>
+        <translation>Filtre du journal des actions : %1</translation>
+    </message>
+    <message>
+        <source>  %1 of %2 entries shown:</source>
+        <translation>  %1 entrées affichées sur %2 :</translation>
+    </message>
+    <message>
+        <source>Filters as text: saved, parsed and applied</source>
+        <translation>Filtres en texte : enregistrés, lus et appliqués</translation>
+    </message>
+    <message>
         <source>Shows the entries of an action log file, one line each: time, user, category, title and description. Other actions: append, finalize, stats (see commonkit log append --help).</source>
         <translation>Affiche les entrées d'un fichier journal des actions, une ligne chacune : heure, utilisateur, catégorie, titre et description. Autres actions : append, finalize, stats (voir commonkit log append --help).</translation>
     </message>
