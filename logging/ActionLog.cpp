@@ -24,6 +24,7 @@ ActionLog* g_instance = nullptr;
 
 const char* const k_xmlErrorText = QT_TRANSLATE_NOOP("ActionLog", "Error reading log file '%1'; Line '%2'; Column '%3'");
 const char* const k_openErrorText = QT_TRANSLATE_NOOP("ActionLog", "Could not open file '%1'");
+const char* const k_writeErrorText = QT_TRANSLATE_NOOP("ActionLog", "Could not write file '%1': %2");
 const char* const k_headerErrorText = QT_TRANSLATE_NOOP("ActionLog", "Action log '%1' invalid header version.");
 
 QString translate(const char* text)
@@ -187,6 +188,7 @@ void ActionLog::logLocked(const LogEntry& entry)
     stamped.setTime(currentDateTime());
     stamped.setUser(userName());
 
+    followReplacedFile();
     m_currentEntryTime = entry.time();
     m_previousEntryTime = m_entries.isEmpty() ? entry.time() : m_entries.last()->time();
     split();
@@ -212,13 +214,37 @@ void ActionLog::writeEntry(const LogEntry& entry)
 {
     if (!m_file.isOpen() || !m_writer)
         return;
+    const qint64 before = m_file.pos();
+    m_file.unsetError();
     entry.writeTo(*m_writer);
     // Each entry reaches the operating system before log() returns, so a
     // crash of the process loses no entry that was reported logged.
-    if (!m_file.flush()) {
-        LogLine(Log::Error, "ko::ActionLog::log")
-            << "writing to '" << m_file.fileName() << "' failed: " << m_file.errorString();
-    }
+    if (m_file.flush() && m_file.error() == QFileDevice::NoError)
+        return;
+    // A write that failed part-way (disk full, a file size limit) must not
+    // leave half an entry for the next one to follow: cut the file back to
+    // where the entry began and start again from the file on the next entry.
+    const QString name = m_file.fileName();
+    const QString reason = m_file.errorString();
+    m_file.QFile::close();
+    m_file.unsetError();
+    QFile::resize(name, before);
+    removeAllLogEntries();
+    throw ActionLogFileException(translate(k_writeErrorText).arg(name, reason), name,
+                                 ActionLogFileException::WriteFailed);
+}
+
+// Another process may remove or replace the open file (a cleanup, a
+// rollover of its own); entries written to the old handle would reach no
+// file. Continue with whatever file the path names now.
+void ActionLog::followReplacedFile()
+{
+    if (!m_file.isOpen() || platform::isSameFile(m_file.handle(), QFile::encodeName(m_file.fileName()).toStdString()))
+        return;
+    LogLine(Log::Warning, "ko::ActionLog::log")
+        << "'" << m_file.fileName() << "' was removed or replaced while open; continuing with the file now there";
+    close();
+    removeAllLogEntries();
 }
 
 void ActionLog::readLog()

@@ -171,6 +171,7 @@ private:
     template<typename Operation>
     void signalFailures(Operation operation);
     void writeEntry(const LogEntry& entry);
+    void followReplacedFile();
     void cutPartialEntry(qint64 completeCharacters, qint64 readCharacters);
     QString backupName(const QString& suffix) const;
     void openLogon();

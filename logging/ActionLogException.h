@@ -28,12 +28,12 @@ private:
     QByteArray m_what;
 };
 
-// A file could not be opened (type 1), backed up (3) or has an invalid
-// header (4).
+// A file could not be opened (type 1), written (2), backed up (3) or has an
+// invalid header (4).
 class COMMONKIT_EXPORT ActionLogFileException : public ActionLogException
 {
 public:
-    enum eType { CannotOpen = 1, BackupFailed = 3, InvalidHeader = 4 };
+    enum eType { CannotOpen = 1, WriteFailed = 2, BackupFailed = 3, InvalidHeader = 4 };
 
     ActionLogFileException(const QString& message, const QString& file, int type);
 

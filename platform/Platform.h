@@ -22,6 +22,11 @@ namespace platform {
 COMMONKIT_EXPORT int lockFileRange(int fd, std::uint64_t offset, std::uint64_t length);
 COMMONKIT_EXPORT int unlockFileRange(int fd, std::uint64_t offset, std::uint64_t length);
 
+// Whether the open file fd is still the file at path (not removed or
+// replaced by another file since it was opened). Windows does not let an open
+// file be removed or replaced, so the answer there is always true.
+COMMONKIT_EXPORT bool isSameFile(int fd, const std::string& path);
+
 // The calls of a logon under another account, as a replaceable object so that
 // the logic around them can be tested on every platform. The default provider
 // uses the Windows logon API; on POSIX there is no such logon and logonUser

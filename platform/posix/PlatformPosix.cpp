@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <pwd.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace ko {
@@ -75,6 +76,15 @@ int lockFileRange(int fd, std::uint64_t offset, std::uint64_t length)
 int unlockFileRange(int fd, std::uint64_t offset, std::uint64_t length)
 {
     return setRangeLock(fd, F_UNLCK, offset, length);
+}
+
+bool isSameFile(int fd, const std::string& path)
+{
+    struct stat open = {};
+    struct stat named = {};
+    if (fstat(fd, &open) != 0 || stat(path.c_str(), &named) != 0)
+        return false;
+    return open.st_dev == named.st_dev && open.st_ino == named.st_ino;
 }
 
 LogonProvider& systemLogonProvider()

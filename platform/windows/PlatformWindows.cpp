@@ -66,6 +66,11 @@ std::string toUtf8(const wchar_t* text)
 
 } // namespace
 
+bool isSameFile(int, const std::string&)
+{
+    return true;
+}
+
 int lockFileRange(int fd, std::uint64_t offset, std::uint64_t length)
 {
     const HANDLE handle = osHandle(fd);

@@ -4,6 +4,10 @@
 <context>
     <name>ActionLog</name>
     <message>
+        <source>Could not write file '%1': %2</source>
+        <translation>Datei '%1' konnte nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
         <source>ActionLog</source>
         <translation>Aktionsprotokoll</translation>
     </message>

@@ -4,6 +4,10 @@
 <context>
     <name>ActionLog</name>
     <message>
+        <source>Could not write file '%1': %2</source>
+        <translation>Impossible d'écrire le fichier '%1' : %2</translation>
+    </message>
+    <message>
         <source>ActionLog</source>
         <translation>Journal des actions</translation>
     </message>

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <QDir>
+#include <QFileInfo>
 #include <QFile>
 #include <QProcess>
 #include <QRandomGenerator>
@@ -147,6 +148,58 @@ TEST_F(ActionLogStress, KilledWriterNeverLosesAReportedEntry)
         inFile.insert(entry.value(QStringLiteral("Olif")).toLongLong());
     for (long long number : qAsConst(reported))
         ASSERT_TRUE(inFile.contains(number)) << number;
+}
+
+TEST_F(ActionLogStress, AFileSizeLimitEndsLoggingWithAnErrorAndAWellFormedFile)
+{
+    const QString path = dir.filePath(QStringLiteral("limited.kol"));
+    QProcess child;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("XDG_STATE_HOME"), dir.path()); // the default file it falls back to
+    child.setProcessEnvironment(environment);
+    child.start(QStringLiteral(ACTIONLOG_WRITER_CHILD), {path, QStringLiteral("0"), QStringLiteral("20000")});
+    ASSERT_TRUE(child.waitForFinished(60000));
+    EXPECT_EQ(child.exitCode(), 3);
+    const QList<QByteArray> lines = child.readAllStandardOutput().split('\n');
+    ASSERT_GE(lines.size(), 2);
+    EXPECT_EQ(lines[lines.size() - 2], QByteArray("E2")); // the write error, reported by signal
+    EXPECT_LE(QFileInfo(path).size(), 20000);
+    bool wellFormed = false;
+    const auto entries = cktest::fileEntries(path, &wellFormed);
+    ASSERT_TRUE(wellFormed);
+    ASSERT_EQ(entries.size(), lines.size() - 2); // every reported entry, nothing half written
+    for (int i = 0; i < entries.size(); ++i)
+        EXPECT_EQ(entries[i].value(QStringLiteral("Olif")), QString::fromLatin1(lines[i]));
+}
+
+TEST_F(ActionLogStress, AFileRemovedOrReplacedWhileOpenIsFollowed)
+{
+    const QString path = dir.filePath(QStringLiteral("moved.kol"));
+    const QString other = dir.filePath(QStringLiteral("other.kol"));
+    ko::ActionLog log(path);
+    log.setSplitPolicy(ko::ActionLog::NoSplit, 0);
+    log.mute(false);
+    auto logText = [&log](const char* text) {
+        ko::ActionLogContextSwitchEntry entry(QString::fromLatin1(text), QString());
+        log.log(entry);
+    };
+    logText("first");
+    ASSERT_TRUE(QFile::remove(path));
+    logText("after removal");
+    EXPECT_EQ(oldFileValues(path), QStringList{"after removal"});
+
+    {
+        ko::ActionLog writer(other);
+        writer.setSplitPolicy(ko::ActionLog::NoSplit, 0);
+        writer.mute(false);
+        ko::ActionLogContextSwitchEntry entry(QStringLiteral("from elsewhere"), QString());
+        writer.log(entry);
+    }
+    ASSERT_TRUE(QFile::remove(path));
+    ASSERT_TRUE(QFile::rename(other, path));
+    logText("after replacement");
+    EXPECT_EQ(oldFileValues(path), (QStringList{"from elsewhere", "after replacement"}));
+    EXPECT_EQ(log.count(), 2);
 }
 
 } // namespace
