@@ -126,8 +126,8 @@
     </message>
     <message>
         <location filename="../../tools/commonkit/ContainerCommand.cpp" line="146"/>
-        <source>%1: copying %2 failed</source>
-        <translation>%1: das Kopieren von %2 ist fehlgeschlagen</translation>
+        <source>%1: copying %2 failed: %3</source>
+        <translation>%1: das Kopieren von %2 ist fehlgeschlagen: %3</translation>
     </message>
     <message>
         <location filename="../../tools/commonkit/ContainerCommand.cpp" line="154"/>

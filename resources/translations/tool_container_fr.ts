@@ -126,8 +126,8 @@
     </message>
     <message>
         <location filename="../../tools/commonkit/ContainerCommand.cpp" line="146"/>
-        <source>%1: copying %2 failed</source>
-        <translation>%1 : la copie de %2 a échoué</translation>
+        <source>%1: copying %2 failed: %3</source>
+        <translation>%1 : la copie de %2 a échoué : %3</translation>
     </message>
     <message>
         <location filename="../../tools/commonkit/ContainerCommand.cpp" line="154"/>

@@ -183,8 +183,9 @@ int runCreate(const QStringList& arguments)
     for (;;) {
         const qint64 n = in.read(block.data(), block.size());
         if (n < 0 || (n > 0 && container.write(block.constData(), n) != n)) {
+            const QString reason = n < 0 ? in.errorString() : container.errorString();
             container.close();
-            throw CommandError(tr("%1: copying %2 failed").arg(command, input));
+            throw CommandError(tr("%1: copying %2 failed: %3").arg(command, input, reason));
         }
         if (n == 0)
             break;

@@ -9,6 +9,8 @@
 #include <QCoreApplication>
 #include <QTextStream>
 
+#include <csignal>
+
 #include <exception>
 
 namespace cktool {
@@ -62,6 +64,11 @@ using namespace cktool;
 
 int main(int argc, char** argv)
 {
+#ifdef SIGXFSZ
+    // Past a file size limit a write fails (and is reported) instead of the
+    // signal ending the program half-way.
+    std::signal(SIGXFSZ, SIG_IGN);
+#endif
     QCoreApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("commonkit"));
     QCoreApplication::setApplicationVersion(QStringLiteral(COMMONKIT_TOOL_VERSION));
