@@ -89,7 +89,7 @@ void actionLogs()
         log.setSplitPolicy(ko::ActionLog::NoSplit, 0);
         log.mute(false);
         fuzzsupport::FuzzEntry entry;
-        const char* texts[] = {"first", "K\xc3\xbc" "che & <garden>", ""};
+        const char* texts[] = {"first", "K\303\274che & <garden>", ""};
         for (int i = 0; i < 3; ++i) {
             entry.text.value = QString::fromUtf8(texts[i]);
             entry.number.value = i * 7 - 3;

@@ -1,9 +1,12 @@
 #!/bin/sh
 # Writes a small seed corpus for every fuzz target into OUT/<target>/:
 # files the tool's demo leaves behind, containers sealed by the tool in every
-# mode, and a few hand-written documents.
+# mode, a few hand-written documents, and what the library's own writers make
+# (fuzz_seeds, see SeedWriter.cpp). The committed corpus fuzz/corpus was made
+# with it; the build needs the tool (COMMONKIT_BUILD_TOOLS=ON):
 #
-#   fuzz/make-seeds.sh build/fuzz build/fuzz/corpus
+#   cmake --build build/fuzz --target commonkit fuzz_seeds
+#   rm -rf fuzz/corpus && fuzz/make-seeds.sh build/fuzz fuzz/corpus
 set -eu
 
 build=${1:?usage: make-seeds.sh BUILD_DIR OUT_DIR}
@@ -66,6 +69,11 @@ printf '{"properties":{"o":{"$ref":"other.json#/definitions/t"},"b":{"type":"str
 printf '{"anyOf":[{"type":"number","multipleOf":0.5},{"type":"string","pattern":"^[a-z]+$","maxLength":4}],"not":{"enum":[1,"ab"]}}\0002.5' > "$s/combined"
 printf '{"$ref":"#/definitions/a","definitions":{"a":{"$ref":"#/definitions/b"},"b":{"type":"boolean"}}}\000true' > "$s/chain"
 
-for target in expressionstream containeropen jsonparser xmllogreader schema; do
+# Action logs, stream device output, settings in every form, meta-type
+# images, flat-map documents and saved feature matrices.
+"$build/fuzz/fuzz_seeds" "$out"
+
+for target in "$out"/*/; do
+  target=$(basename "$target")
   echo "$target: $(ls "$out/$target" | wc -l) seeds"
 done
