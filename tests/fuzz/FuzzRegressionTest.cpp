@@ -12,6 +12,7 @@
 #include <QBuffer>
 #include <QFile>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -121,6 +122,37 @@ TEST(FuzzInputs, NamelessTopMemberIsSkippedAndTheRestWritesBack)
     QMap<QString, QVariant> again;
     ASSERT_TRUE(readJsonQSettings(in, again, nullptr)) << written.toStdString();
     EXPECT_EQ(again.keys(), expected);
+}
+
+// jsonsettings_fuzz: a member name "888880000/..." reads as the key of an
+// element of a list at index 888880000 (the separator nests it). Writing
+// the map back grew a list of that length (14 GB) where a fresh path began;
+// now the key is skipped like any index past 1048575, and the rest writes.
+TEST(FuzzInputs, HugeListIndexIsSkippedWhenWriting)
+{
+    QByteArray file = input("jsonsettings", "huge-list-index").mid(1);
+    QBuffer device(&file);
+    device.open(QIODevice::ReadOnly);
+    QMap<QString, QVariant> map;
+    ASSERT_TRUE(readJsonQSettings(device, map, nullptr));
+    const auto huge = std::find_if(map.keyBegin(), map.keyEnd(), [](const QString& key) { return key.startsWith(QLatin1String("888880000/")); });
+    ASSERT_NE(huge, map.keyEnd());
+    const QString hugeKey = *huge;
+
+    LogLines log;
+    QByteArray written;
+    QBuffer out(&written);
+    out.open(QIODevice::WriteOnly);
+    ASSERT_TRUE(writeJsonQSettings(out, map, nullptr));
+    EXPECT_NE(log.lines.find("could not locate 888880000/"), std::string::npos) << log.lines;
+    EXPECT_LT(written.size(), 2 * file.size());
+    out.close();
+    QBuffer in(&written);
+    in.open(QIODevice::ReadOnly);
+    QMap<QString, QVariant> again;
+    ASSERT_TRUE(readJsonQSettings(in, again, nullptr));
+    map.remove(hugeKey);
+    EXPECT_EQ(again, map);
 }
 
 } // namespace
