@@ -10,6 +10,9 @@
 
 #include <QCoreApplication>
 #include <QIODevice>
+#include <QMap>
+#include <QString>
+#include <QVariant>
 
 #include <cstdlib>
 #include <string>
@@ -87,6 +90,24 @@ inline qint64 drain(QIODevice& device, qint64 limit = qint64(64) << 20)
         total += n;
     }
     return total;
+}
+
+// Whether a key of a flat settings map names a list index above 4096 in
+// one of its segments. Nesting such a map makes a list that long (the
+// library allows indices up to 1048575, so a key of a few bytes costs a
+// megabyte list); the targets skip nesting those maps so that every input
+// stays well below the time limit.
+inline bool namesLongList(const QMap<QString, QVariant>& map, char separator)
+{
+    for (auto it = map.keyBegin(); it != map.keyEnd(); ++it) {
+        for (const QStringRef& segment : it->splitRef(QLatin1Char(separator))) {
+            bool number = false;
+            const uint index = segment.toUInt(&number);
+            if (number && index > 4096)
+                return true;
+        }
+    }
+    return false;
 }
 
 // Stops the run: a property that must hold for every input did not.

@@ -22,7 +22,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     QBuffer file(&bytes);
     file.open(QIODevice::ReadOnly);
     QMap<QString, QVariant> map;
-    if (!readJsonQSettings(file, map, schema))
+    if (!readJsonQSettings(file, map, schema) || fuzzsupport::namesLongList(map, '/'))
         return 0;
 
     QByteArray written;
