@@ -58,9 +58,9 @@ bool isBoundedType(quint32 typeId)
     case QMetaType::Float:
     case QMetaType::SChar:
     case QMetaType::QColor:
-    // Fonts and key sequences: a few texts and numbers; Qt reads at most
-    // four keys whatever count the stream gives.
-    case QMetaType::QFont:
+    // Key sequences: Qt reads at most four keys whatever count the stream
+    // gives. (Not fonts: a font carries a QStringList of families, which
+    // Qt's reader reserves room for by its count.)
     case QMetaType::QKeySequence:
     case QMetaType::QTransform:
     case QMetaType::QMatrix4x4:
