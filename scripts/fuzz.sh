@@ -4,7 +4,7 @@
 # time. Fails when a target reports anything: a crash, a leak, a sanitizer
 # report, an input that takes over a second, or memory beyond the limit.
 #
-#   scripts/fuzz.sh            # 15 seconds per target (the test stage)
+#   scripts/fuzz.sh            # 10 seconds per target (the test stage)
 #   scripts/fuzz.sh MINUTES    # MINUTES per target (may be a fraction: 0.5)
 #
 # Inputs found on the way go to build/fuzz/run/corpus/<target> (the committed
@@ -18,7 +18,7 @@ if [ $# -gt 0 ]; then
     exit 2
   }
 else
-  seconds=15
+  seconds=10
 fi
 
 BUILD=${COMMONKIT_FUZZ_BUILD:-$ROOT/build/fuzz}

@@ -41,7 +41,7 @@ bash "$ROOT/scripts/check-windows.sh"
 
 # Fuzz stage: every libFuzzer target briefly on its committed corpus
 # (scripts/fuzz.sh MINUTES runs them longer).
-step "fuzz targets (libFuzzer, 15 seconds each)"
+step "fuzz targets (libFuzzer, 10 seconds each)"
 bash "$ROOT/scripts/fuzz.sh"
 
 echo
