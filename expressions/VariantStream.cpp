@@ -58,6 +58,10 @@ bool isBoundedType(quint32 typeId)
     case QMetaType::Float:
     case QMetaType::SChar:
     case QMetaType::QColor:
+    // Key sequences: Qt reads at most four keys whatever count the stream
+    // gives. (Not fonts: a font carries a QStringList of families, which
+    // Qt's reader reserves room for by its count.)
+    case QMetaType::QKeySequence:
     case QMetaType::QTransform:
     case QMetaType::QMatrix4x4:
     case QMetaType::QVector2D:
@@ -391,5 +395,7 @@ QVariant readValue(QDataStream& in, int nesting)
 void writeVariant(QDataStream& out, const QVariant& value) { out << value; }
 
 QVariant readVariant(QDataStream& in) { return readValue(in, 0); }
+
+QVariantMap readVariantMap(QDataStream& in) { return readMap<QVariantMap, QMultiMap<QString, QVariant>>(in, 0); }
 
 } // namespace kogen

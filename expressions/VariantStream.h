@@ -16,9 +16,14 @@ void writeVariant(QDataStream& out, const QVariant& value);
 // nesting of lists and maps, and accepts only value types whose stream
 // format is bounded by the data: numbers, texts, byte and bit arrays, dates
 // and times, URLs, locales, geometry (polygons included), regular
-// expressions, UUIDs, JSON values, the variant containers, a few fixed-size
-// Gui types and registered user types.
+// expressions, UUIDs, JSON values, the variant containers, key sequences,
+// a few fixed-size Gui types and registered user types.
 // Anything else marks the stream as corrupt and gives an invalid QVariant.
 QVariant readVariant(QDataStream& in);
+
+// Reads a QMap<QString, QVariant> written by QDataStream (a count, then
+// pairs of key and value) with the same bounds; every pair is kept, as by
+// Qt's reader. An empty map when the stream is cut or corrupt.
+QVariantMap readVariantMap(QDataStream& in);
 
 } // namespace kogen

@@ -1,9 +1,12 @@
 #!/bin/sh
 # Writes a small seed corpus for every fuzz target into OUT/<target>/:
 # files the tool's demo leaves behind, containers sealed by the tool in every
-# mode, and a few hand-written documents.
+# mode, a few hand-written documents, and what the library's own writers make
+# (fuzz_seeds, see SeedWriter.cpp). The committed corpus fuzz/corpus was made
+# with it; the build needs the tool (COMMONKIT_BUILD_TOOLS=ON):
 #
-#   fuzz/make-seeds.sh build/fuzz build/fuzz/corpus
+#   cmake --build build/fuzz --target commonkit fuzz_seeds
+#   rm -rf fuzz/corpus && fuzz/make-seeds.sh build/fuzz fuzz/corpus
 set -eu
 
 build=${1:?usage: make-seeds.sh BUILD_DIR OUT_DIR}
@@ -91,6 +94,11 @@ a > currentDate() AND lower(trim(s)) = upper(s)
 case when a=1 then 2 end + a NOT IN (1, 2) <> a % 2
 FILTERS
 
-for target in expressionstream containeropen jsonparser xmllogreader schema filterparser; do
+# Action logs, stream device output, settings in every form, meta-type
+# images, flat-map documents and saved feature matrices.
+"$build/fuzz/fuzz_seeds" "$out"
+
+for target in "$out"/*/; do
+  target=$(basename "$target")
   echo "$target: $(ls "$out/$target" | wc -l) seeds"
 done

@@ -100,6 +100,13 @@ void flatten(QMap<QString, QVariant>& map, const json::Variant& value, const Sch
         const SchemaPtr items = schema && list ? schema->items() : SchemaPtr();
         for (json::VariantIterator it(value); !it.atEnd(); it.next()) {
             const QString key = list ? QString::number(it.index() + 1) : QString::fromStdString(it.key());
+            // The empty key stands for the value itself: a nameless member at
+            // the top has no key of its own, and taking the empty one would
+            // make the rebuilt document that member instead of the object.
+            if (key.isEmpty() && prefix.isEmpty()) {
+                ko::LogLine(ko::Log::Warning, "qVariantMapFlat") << "a member without a name at the top has no key; skipped";
+                continue;
+            }
             const SchemaPtr part = list ? items : schema ? schema->member(it.key()) : SchemaPtr();
             flatten(map, it.value(), part, separator, joined(prefix, separator, key), depth + 1);
         }

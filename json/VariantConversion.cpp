@@ -1,5 +1,6 @@
 #include "json/VariantConversion.h"
 
+#include "expressions/VariantStream.h"
 #include "json/DateTimeForms.h"
 #include "support/core/Log.h"
 
@@ -270,9 +271,12 @@ QVariant qVariantFromMetaType(const json::Object& object)
         return QVariant();
     const QByteArray bytes = QByteArray::fromRawData(data.data(), static_cast<int>(data.size()));
     QDataStream stream(bytes);
+    // Not Qt's own reader: a hostile image could make it reserve memory for
+    // billions of list elements, nest lists until the stack runs out, or
+    // construct types that need a GUI application.
     QVariant result;
     try {
-        stream >> result;
+        result = kogen::readVariant(stream);
     } catch (const std::bad_alloc&) {
         stream.setStatus(QDataStream::ReadCorruptData);
     }

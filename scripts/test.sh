@@ -39,5 +39,10 @@ echo "pkg-config: CommonKit $(PKG_CONFIG_PATH="$PREFIX/lib/pkgconfig" pkg-config
 step "Windows platform sources (MinGW, objects only)"
 bash "$ROOT/scripts/check-windows.sh"
 
+# Fuzz stage: every libFuzzer target briefly on its committed corpus
+# (scripts/fuzz.sh MINUTES runs them longer).
+step "fuzz targets (libFuzzer, 10 seconds each)"
+bash "$ROOT/scripts/fuzz.sh"
+
 echo
 echo "All test stages passed."

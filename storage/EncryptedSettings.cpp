@@ -1,5 +1,6 @@
 #include "storage/EncryptedSettings.h"
 
+#include "expressions/VariantStream.h"
 #include "storage/SettingsDevices.h"
 
 #include <QDataStream>
@@ -52,8 +53,9 @@ secure_string EncryptedSettings::readIni(QIODevice& device, QMap<QString, QVaria
 {
     QMap<QString, QVariant> result;
     secure_string digest = digested(device, QIODevice::ReadOnly, "ko::EncryptedSettings::readIni", [&](QIODevice& in) {
+        // The bounded reader, not Qt's: see kogen::readVariant.
         QDataStream stream(&in);
-        stream >> result;
+        result = kogen::readVariantMap(stream);
         return stream.status() == QDataStream::Ok;
     });
     if (!digest.empty())

@@ -84,9 +84,12 @@ const Node* child(const Path& path, const Node& node, const std::string& segment
 // Whether set() can make a place for segment inside node (which exists).
 bool canEnter(const Path& path, const Node& node, const std::string& segment)
 {
-    if (node.is_null() || node.is_object())
-        return true;
     std::size_t index = 0;
+    // A null place becomes a list as long as the index asks for.
+    if (node.is_null())
+        return !path.autoArrayIndex() || !path.listIndex(segment, &index) || index <= Path::k_maxIndex;
+    if (node.is_object())
+        return true;
     if (!node.is_array() || !path.listIndex(segment, &index) || index > Path::k_maxIndex)
         return false;
     return index < node.size() || path.autoArrayIndex();
@@ -129,14 +132,15 @@ Variant Path::value(const Variant& root) const
 
 bool Path::set(Variant& root, const Variant& value) const
 {
-    // Check along the existing part first, so that a failure changes nothing.
+    // Check the whole way first, so that a failure changes nothing.
+    static const Node fresh;
     const Node* existing = &VariantAccess::node(root);
     for (const std::string& segment : m_segments) {
         if (!canEnter(*this, *existing, segment))
             return false;
         existing = child(*this, *existing, segment);
         if (!existing)
-            break; // everything below is created fresh
+            existing = &fresh; // everything below is created
     }
     Node copy = VariantAccess::node(value); // before root changes: value may share it
     Node* node = &VariantAccess::mutableNode(root);

@@ -1,0 +1,171 @@
+// Inputs on which a fuzz target once crashed, ran out of memory or time, or
+// broke one of its checks. Each row runs its committed file through the
+// library function the target calls and checks the documented outcome.
+
+#include "json/JsonSettings.h"
+#include "json/VariantConversion.h"
+#include "storage/EncryptedSettings.h"
+#include "support/core/Log.h"
+
+#include <gtest/gtest.h>
+
+#include <QBuffer>
+#include <QFile>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+namespace {
+
+QByteArray input(const std::string& target, const std::string& name)
+{
+    QFile file(QStringLiteral(COMMONKIT_FUZZ_DATA "/%1/%2").arg(QString::fromStdString(target), QString::fromStdString(name)));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << file.fileName().toStdString();
+    return file.readAll();
+}
+
+// A file name as a test name.
+std::string rowName(std::string name)
+{
+    for (char& c : name)
+        c = c == '-' ? '_' : c;
+    return name;
+}
+
+// Keeps the log lines written while it lives.
+class LogLines
+{
+public:
+    LogLines() : m_previous(ko::Log::instance().setSink([this](int, const std::string& line) { lines += line + '\n'; })) {}
+    ~LogLines() { ko::Log::instance().setSink(m_previous); }
+    std::string lines;
+
+private:
+    ko::Log::Sink m_previous;
+};
+
+// variantmetatype_fuzz: the bytes as "#qdata" of a tagged object. Qt's own
+// reader reserved room for a list of ~2^31 elements, constructed a QBitmap
+// (which aborts without a GUI application) or took over a second; each image
+// is refused with the documented warning. (A QFont carries such a list of
+// families too.)
+struct MetaTypeRow
+{
+    const char* file;
+};
+
+class TaggedImage : public ::testing::TestWithParam<MetaTypeRow>
+{
+};
+
+TEST_P(TaggedImage, IsRefusedWithAWarning)
+{
+    const QByteArray bytes = input("variantmetatype", GetParam().file);
+    json::Variant tagged = json::Object();
+    tagged.set("#qtype", 127);
+    tagged.set("#alt-type-name", "fuzz");
+    tagged.set("#qdata", json::Variant(bytes.constData(), static_cast<std::size_t>(bytes.size())));
+    LogLines log;
+    EXPECT_FALSE(qVariant(tagged).isValid());
+    EXPECT_NE(log.lines.find("\"#qdata\" holds no readable value of type fuzz"), std::string::npos) << log.lines;
+}
+
+INSTANTIATE_TEST_SUITE_P(Fuzz, TaggedImage,
+                         ::testing::Values(MetaTypeRow{"stringlist-count"}, MetaTypeRow{"variantlist-count"},
+                                           MetaTypeRow{"bitmap-without-gui"}, MetaTypeRow{"timeout-list-image"},
+                                           MetaTypeRow{"font-families-count"}),
+                         [](const ::testing::TestParamInfo<MetaTypeRow>& row) { return rowName(row.param.file); });
+
+// encryptedsettings_fuzz: plain binary maps (selector bits 0 and 1 clear)
+// with which Qt's reader asked for 2^64 - 1 bytes: a map count, and a font
+// whose list of families claims billions of entries. The read fails: empty
+// digest, the caller's map untouched.
+class BinaryMap : public ::testing::TestWithParam<const char*>
+{
+};
+
+TEST_P(BinaryMap, FailsToReadAndLeavesTheMap)
+{
+    const QByteArray bytes = input("encryptedsettings", GetParam());
+    ASSERT_EQ(bytes.at(0) & 3, 0);
+    QByteArray file = bytes.mid(1);
+    QBuffer device(&file);
+    device.open(QIODevice::ReadOnly);
+    QMap<QString, QVariant> map{{QStringLiteral("kept"), 1}};
+    EXPECT_TRUE(ko::EncryptedSettings::readIni(device, map, ko::crypto::secure_string()).empty());
+    EXPECT_EQ(map, (QMap<QString, QVariant>{{QStringLiteral("kept"), 1}}));
+}
+
+INSTANTIATE_TEST_SUITE_P(Fuzz, BinaryMap, ::testing::Values("map-count", "font-in-map"),
+                         [](const ::testing::TestParamInfo<const char*>& row) { return rowName(row.param); });
+
+// jsonsettings_fuzz: a settings file with a nameless member at the top
+// (selector byte 0: no schema). It used to be read as the empty key, which
+// the writer took for the whole document: the file became a bare string
+// that no longer read as settings. Now the member is skipped and the rest
+// survives writing and reading again.
+TEST(FuzzInputs, NamelessTopMemberIsSkippedAndTheRestWritesBack)
+{
+    QByteArray file = input("jsonsettings", "nameless-member").mid(1);
+    QBuffer device(&file);
+    device.open(QIODevice::ReadOnly);
+    QMap<QString, QVariant> map;
+    LogLines log;
+    ASSERT_TRUE(readJsonQSettings(device, map, nullptr));
+    EXPECT_NE(log.lines.find("a member without a name at the top has no key; skipped"), std::string::npos);
+    EXPECT_FALSE(map.contains(QString()));
+    const QStringList expected = {QStringLiteral("888888888888880000011662322688380341817window/ar[a/height"),
+                                  QStringLiteral("888888888888880000011662322688380341817window/ar[a/left"),
+                                  QStringLiteral("888888888888880000011662322688380341817window/ar[a/top"),
+                                  QStringLiteral("888888888888880000011662322688380341817window/ar[a/width"),
+                                  QStringLiteral("888888888888880000011662322688380341817window/pos/x"),
+                                  QStringLiteral("888888888888880000011662322688380341817window/pos/y"),
+                                  QStringLiteral("day"), QStringLiteral("id"), QStringLiteral("n#ames/1"),
+                                  QStringLiteral("n#ames/2"), QStringLiteral("n#ames/size")};
+    EXPECT_EQ(map.keys(), expected);
+
+    QByteArray written;
+    QBuffer out(&written);
+    out.open(QIODevice::WriteOnly);
+    ASSERT_TRUE(writeJsonQSettings(out, map, nullptr));
+    out.close();
+    QBuffer in(&written);
+    in.open(QIODevice::ReadOnly);
+    QMap<QString, QVariant> again;
+    ASSERT_TRUE(readJsonQSettings(in, again, nullptr)) << written.toStdString();
+    EXPECT_EQ(again.keys(), expected);
+}
+
+// jsonsettings_fuzz: a member name "888880000/..." reads as the key of an
+// element of a list at index 888880000 (the separator nests it). Writing
+// the map back grew a list of that length (14 GB) where a fresh path began;
+// now the key is skipped like any index past 1048575, and the rest writes.
+TEST(FuzzInputs, HugeListIndexIsSkippedWhenWriting)
+{
+    QByteArray file = input("jsonsettings", "huge-list-index").mid(1);
+    QBuffer device(&file);
+    device.open(QIODevice::ReadOnly);
+    QMap<QString, QVariant> map;
+    ASSERT_TRUE(readJsonQSettings(device, map, nullptr));
+    const auto huge = std::find_if(map.keyBegin(), map.keyEnd(), [](const QString& key) { return key.startsWith(QLatin1String("888880000/")); });
+    ASSERT_NE(huge, map.keyEnd());
+    const QString hugeKey = *huge;
+
+    LogLines log;
+    QByteArray written;
+    QBuffer out(&written);
+    out.open(QIODevice::WriteOnly);
+    ASSERT_TRUE(writeJsonQSettings(out, map, nullptr));
+    EXPECT_NE(log.lines.find("could not locate 888880000/"), std::string::npos) << log.lines;
+    EXPECT_LT(written.size(), 2 * file.size());
+    out.close();
+    QBuffer in(&written);
+    in.open(QIODevice::ReadOnly);
+    QMap<QString, QVariant> again;
+    ASSERT_TRUE(readJsonQSettings(in, again, nullptr));
+    map.remove(hugeKey);
+    EXPECT_EQ(again, map);
+}
+
+} // namespace
