@@ -210,7 +210,8 @@ TEST_F(SecureMemory, StreamCipherWipesItsDerivedChunkKey)
     const std::string key = keyBytes(24);
     QByteArray stream;
     QBuffer buffer(&stream);
-    alignas(ko::crypto::IODevice) unsigned char storage[sizeof(ko::crypto::IODevice)];
+    // Zeroed first, so that searching the padding reads defined bytes.
+    alignas(ko::crypto::IODevice) unsigned char storage[sizeof(ko::crypto::IODevice)] = {};
     auto* device = new (storage) ko::crypto::IODevice(&buffer, secure_string(key.data(), key.size()));
     ASSERT_TRUE(device->open(QIODevice::WriteOnly));
     ASSERT_EQ(device->write("payload", 7), 7);
