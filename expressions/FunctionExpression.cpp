@@ -325,15 +325,18 @@ QVariant FunctionExpression::like(const QList<QVariant>& arguments)
     const QString escape = arguments.size() > 2 ? arguments.at(2).toString() : QString();
     const QString key = pattern + QLatin1Char('/') + escape;
 
+    // The key joins pattern and escape with "/", so two calls can share a key
+    // ("x/" without escape, "x" with escape "/"). The rewrite is cheap next to
+    // compiling: an entry is used only when it was built from the same text.
+    const QString rewritten = likePattern(pattern, escape);
     QRegExp expression;
     {
         QMutexLocker lock(&gLikeCacheMutex);
         QRegExp* cached = gLikeCache.object(key);
-        if (!cached) {
+        if (!cached || cached->pattern() != rewritten) {
             // The rewrite leaves braces and groups alone, so a pattern can
             // nest counted repetitions that QRegExp cannot compile within
             // bounds; such a pattern gives NULL and is not cached.
-            const QString rewritten = likePattern(pattern, escape);
             if (!isTractable(rewritten, QRegExp::RegExp, "kogen::FunctionExpression::like"))
                 return QVariant();
             cached = new QRegExp(rewritten, Qt::CaseSensitive, QRegExp::RegExp);

@@ -114,6 +114,10 @@ ActionLog::~ActionLog()
     close();
     qDeleteAll(m_entries);
     delete m_mutex;
+    // A short password sits in the string object, where the allocator does
+    // not wipe it.
+    if (!m_password.empty())
+        crypto::zeroOut(&m_password[0], m_password.size());
 }
 
 int ActionLog::count() const

@@ -2,6 +2,7 @@
 
 #include "logging/LogEntry.h"
 #include "support/core/Export.h"
+#include "support/crypto/SecureAllocator.h"
 #include "support/fileutils/FileEncrypt.h"
 
 #include <QDateTime>
@@ -195,7 +196,7 @@ private:
     bool m_muted = true;
     ESplitPolicy m_splitPolicy = BySize;
     int m_splitSize = 1048576;
-    QString m_password;
+    crypto::secure_string m_password; // UTF-8, wiped when released
     QString m_user;
     bool m_lockEnabled = false;
     int m_logonMode = 1;

@@ -33,6 +33,42 @@ ActionLogImpersonateException logonFailure(const QString& user, unsigned long co
     return ActionLogImpersonateException(message, user, static_cast<int>(code));
 }
 
+// Wipes the bytes of a temporary copy of the password before Qt frees them.
+// (A copy still shared with another string is left to that string.)
+void wipe(QByteArray& bytes)
+{
+    if (!bytes.isEmpty() && !bytes.isDetached())
+        bytes.clear();
+    else if (!bytes.isEmpty())
+        crypto::zeroOut(bytes.data(), static_cast<std::size_t>(bytes.size()));
+}
+
+void wipe(QString& text)
+{
+    if (!text.isEmpty() && !text.isDetached())
+        text.clear();
+    else if (!text.isEmpty())
+        crypto::zeroOut(text.data(), static_cast<std::size_t>(text.size()) * sizeof(QChar));
+}
+
+// A short secure string keeps its bytes in the object itself, out of the
+// allocator's reach: wipe them before the string is replaced or destroyed.
+void wipe(crypto::secure_string& secret)
+{
+    if (!secret.empty())
+        crypto::zeroOut(&secret[0], secret.size());
+    secret.clear();
+}
+
+// The UTF-8 bytes of a password, straight into wiped memory.
+crypto::secure_string secureUtf8(const QString& password)
+{
+    QByteArray utf8 = password.toUtf8();
+    crypto::secure_string result(utf8.constData(), static_cast<std::size_t>(utf8.size()));
+    wipe(utf8);
+    return result;
+}
+
 } // namespace
 
 const QString ActionLog::mLocalAppData = QStringLiteral("%LOCALAPPDATA%");
@@ -47,11 +83,16 @@ QFileInfo ActionLog::defaultFileInfo()
 
 void ActionLog::setFileUserPassword(const QString& user, const QString& password)
 {
+    crypto::secure_string given = secureUtf8(password);
     QMutexLocker locker(m_mutex);
-    if (user == m_user && password == m_password)
+    if (user == m_user && given == m_password) {
+        wipe(given);
         return;
+    }
     m_user = user;
-    m_password = password;
+    wipe(m_password);
+    m_password.assign(given.data(), given.size());
+    wipe(given);
     m_credentialsChanged = true;
 }
 
@@ -59,7 +100,7 @@ void ActionLog::fileUserPassword(QString& user, QString& password) const
 {
     QMutexLocker locker(m_mutex);
     user = m_user;
-    password = m_password;
+    password = QString::fromUtf8(m_password.data(), static_cast<int>(m_password.size()));
 }
 
 QString ActionLog::userName() const
@@ -95,8 +136,18 @@ void ActionLog::load(IPersistDestination* destination)
     m_splitPolicy = static_cast<ESplitPolicy>(destination->value(QStringLiteral("SplitState"), 8).toInt());
     m_splitSize = destination->value(QStringLiteral("SplitSize"), 1048576).toInt();
     m_user = destination->value(QStringLiteral("ActionLogUser"), QString()).toString();
-    m_password = QString::fromLocal8Bit(
-        QByteArray::fromBase64(destination->value(QStringLiteral("ActionLogPassword"), QByteArray()).toByteArray()));
+    {
+        QByteArray stored = destination->value(QStringLiteral("ActionLogPassword"), QByteArray()).toByteArray();
+        QByteArray local = QByteArray::fromBase64(stored);
+        QString password = QString::fromLocal8Bit(local);
+        crypto::secure_string given = secureUtf8(password);
+        wipe(m_password);
+        m_password.assign(given.data(), given.size());
+        wipe(given);
+        wipe(stored);
+        wipe(local);
+        wipe(password);
+    }
 
     QString path = destination->value(QStringLiteral("ActionLogPath"), defaultInfo.absoluteFilePath()).toString();
     if (path.startsWith(mLocalAppData))
@@ -128,7 +179,13 @@ void ActionLog::save(IPersistDestination* destination)
     destination->setValue(QStringLiteral("SplitState"), static_cast<int>(m_splitPolicy));
     destination->setValue(QStringLiteral("SplitSize"), m_splitSize);
     destination->setValue(QStringLiteral("ActionLogUser"), m_user);
-    destination->setValue(QStringLiteral("ActionLogPassword"), m_password.toLocal8Bit().toBase64());
+    {
+        QString password = QString::fromUtf8(m_password.data(), static_cast<int>(m_password.size()));
+        QByteArray local = password.toLocal8Bit();
+        destination->setValue(QStringLiteral("ActionLogPassword"), local.toBase64());
+        wipe(password);
+        wipe(local);
+    }
     destination->setValue(QStringLiteral("isDefaultLogPath"), m_defaultActive);
     const QString path = m_customFileInfo.absolutePath() == defaultInfo.absolutePath()
                              ? mLocalAppData + QLatin1Char('/') + m_customFileInfo.fileName()
@@ -161,7 +218,12 @@ void ActionLog::openLogon()
         m_logonMode = 0;
     if (m_user.isEmpty())
         return;
-    if (!provider.logonUser(m_user.toStdWString(), L".", m_password.toStdWString(), logonType(), &m_logonToken))
+    QString password = QString::fromUtf8(m_password.data(), static_cast<int>(m_password.size()));
+    std::wstring widePassword = password.toStdWString();
+    wipe(password);
+    const bool loggedOn = provider.logonUser(m_user.toStdWString(), L".", widePassword, logonType(), &m_logonToken);
+    crypto::zeroOut(&widePassword[0], widePassword.size() * sizeof(wchar_t));
+    if (!loggedOn)
         throw logonFailure(m_user, provider.lastError());
     (void)provider.impersonateLoggedOnUser(m_logonToken);
     const unsigned long code = provider.lastError();

@@ -3,7 +3,8 @@
 #   1. the release build with all tests, the tool and the benchmarks;
 #   2. the same tests under AddressSanitizer and UndefinedBehaviorSanitizer;
 #   3. a consumer project outside the tree, built against the installed package;
-#   4. the Windows platform sources, compiled with MinGW (objects only).
+#   4. the Windows platform sources, compiled with MinGW (objects only);
+#   5. the tests that use threads under ThreadSanitizer.
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
 step() { printf '\n=== %s ===\n' "$*"; }
@@ -38,6 +39,15 @@ echo "pkg-config: CommonKit $(PKG_CONFIG_PATH="$PREFIX/lib/pkgconfig" pkg-config
 
 step "Windows platform sources (MinGW, objects only)"
 bash "$ROOT/scripts/check-windows.sh"
+
+step "ThreadSanitizer build (the tests that use threads)"
+TSAN="$ROOT/build/tsan"
+configure "$TSAN" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCOMMONKIT_TSAN=ON -DCOMMONKIT_BUILD_BENCHMARKS=OFF
+cmake --build "$TSAN" -j "$JOBS" --target core_tests properties_tests expressions_tests logging_tests
+step "ThreadSanitizer tests"
+TSAN_OPTIONS="halt_on_error=1 second_deadlock_stack=1 suppressions=$ROOT/scripts/tsan.supp" \
+  ctest --test-dir "$TSAN" --output-on-failure -j "$JOBS" --timeout 900 \
+  -R '^(LogEntryFactoryThreads|ExpressionThreads|PropertySetThreads|Mutex)\.|^ActionLogStress\.FourThreads|^Log\.LinesFromManyThreads|^IntrusiveString\.CopiesShareOneBufferAcrossThreads'
 
 # Fuzz stage: every libFuzzer target briefly on its committed corpus
 # (scripts/fuzz.sh MINUTES runs them longer).

@@ -1,8 +1,11 @@
 #include "support/crypto/IODevice.h"
 #include "support/crypto/LockedString.h"
 #include "support/crypto/SecureAllocator.h"
+#include "support/ReferenceDecrypt.h"
 
 #include <gtest/gtest.h>
+
+#include <QBuffer>
 
 #include <algorithm>
 #include <new>
@@ -197,6 +200,34 @@ TEST_F(SecureMemory, StreamCipherWipesItsKeyCopyOfAnyLength)
             EXPECT_EQ(find(held)->nonZero, 0u);
         }
     }
+}
+
+// Besides the given key the device holds the chunk key derived from it for
+// the stream's salt; found with libcrypto's own HKDF, it must be gone once the
+// device is destroyed.
+TEST_F(SecureMemory, StreamCipherWipesItsDerivedChunkKey)
+{
+    const std::string key = keyBytes(24);
+    QByteArray stream;
+    QBuffer buffer(&stream);
+    // Zeroed first, so that searching the padding reads defined bytes.
+    alignas(ko::crypto::IODevice) unsigned char storage[sizeof(ko::crypto::IODevice)] = {};
+    auto* device = new (storage) ko::crypto::IODevice(&buffer, secure_string(key.data(), key.size()));
+    ASSERT_TRUE(device->open(QIODevice::WriteOnly));
+    ASSERT_EQ(device->write("payload", 7), 7);
+    ASSERT_GE(stream.size(), 17);
+    unsigned char chunkKey[32];
+    ASSERT_TRUE(cktest::referenceChunkKey(stream.mid(1, 16), key, chunkKey));
+    const auto holdsChunkKey = [&] {
+        return std::search(storage, storage + sizeof storage, chunkKey, chunkKey + sizeof chunkKey)
+               != storage + sizeof storage;
+    };
+    ASSERT_TRUE(holdsChunkKey()) << "the device keeps its chunk key in the object";
+    device->~IODevice();
+    EXPECT_FALSE(holdsChunkKey()) << "chunk key left in the destroyed device";
+    QByteArray plain;
+    EXPECT_TRUE(cktest::referenceDecrypt(stream, key, plain));
+    EXPECT_EQ(plain, QByteArray("payload"));
 }
 
 TEST(ZeroOut, ClearsExactlyTheRange)

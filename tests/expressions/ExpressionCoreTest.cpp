@@ -118,8 +118,20 @@ TEST(ExpressionCore, CastsConvertPrintAndRetypePlaceholders)
     const QDateTime moment(QDate(1970, 1, 2), QTime(0, 0), Qt::UTC);
     EXPECT_EQ(toLongLong(ConstExpression(moment, false)).evaluate(), TypeTool::castDate(moment, QVariant::LongLong));
 
-    // In code text a cast of an operator parenthesises it.
+    // Only the values under the cast take its type: an earlier placeholder
+    // keeps the type it was given.
     Record r;
+    const ExpressionHandle mixed = (*r.s == QVariant(QStringLiteral("7")))
+                                   && (toDouble(ConstExpression(QStringLiteral("2.5"), true)) > ConstExpression(1, false));
+    EXPECT_EQ(bound(mixed), "s = ? AND CAST(? AS double) > 1");
+    const QList<QVariant> mixedValues = mixed->collectPlaceholders();
+    ASSERT_EQ(mixedValues.size(), 2);
+    EXPECT_EQ(mixedValues[0].type(), QVariant::String);
+    EXPECT_EQ(mixedValues[0].toString(), QStringLiteral("7"));
+    EXPECT_EQ(mixedValues[1].type(), QVariant::Double);
+    EXPECT_DOUBLE_EQ(mixedValues[1].toDouble(), 2.5);
+
+    // In code text a cast of an operator parenthesises it.
     EXPECT_EQ(code(toInt(*r.a + QVariant(1))), "(int)(a+1)");
     EXPECT_EQ(sql(toInt(*r.a + QVariant(1))), "CAST(a+1 AS int)");
     EXPECT_FALSE(toInt(ConstExpression(1, false)).equals(&static_cast<const Expression&>(toUInt(ConstExpression(1, false)))));

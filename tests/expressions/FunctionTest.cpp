@@ -92,6 +92,17 @@ TEST(Functions, LikeRewritesPatternsItsOwnWay)
         {QStringLiteral("a_c"), QStringLiteral("a!_c"), QStringLiteral("!"), false},
         {QStringLiteral("abc"), QStringLiteral("a!_c"), QStringLiteral("!"), false},
         {QStringLiteral("a\\b"), QStringLiteral("a\\b"), QStringLiteral("!"), true},
+        // One pattern under two escapes in a row, and without one: each
+        // reading is its own compiled expression.
+        {QStringLiteral("a.#x"), QStringLiteral("a!_#_"), QStringLiteral("!"), true},
+        {QStringLiteral("a.#x"), QStringLiteral("a!_#_"), QStringLiteral("#"), false},
+        {QStringLiteral("a!x."), QStringLiteral("a!_#_"), QStringLiteral("#"), true},
+        {QStringLiteral("a!x."), QStringLiteral("a!_#_"), QStringLiteral("!"), false},
+        {QStringLiteral("a!x#y"), QStringLiteral("a!_#_"), QString(), true},
+        // Pattern and escape are told apart even where "/" joins them alike.
+        {QStringLiteral("x/"), QStringLiteral("x/"), QString(), true},
+        {QStringLiteral("x/"), QStringLiteral("x"), QStringLiteral("/"), false},
+        {QStringLiteral("x"), QStringLiteral("x"), QStringLiteral("/"), true},
     };
     for (const Case& t : cases) {
         const QVariant result = like(c(t.value), t.pattern, t.escape).evaluate();

@@ -7,11 +7,13 @@
 #include "logging/IAccessGroup.h"
 #include "platform/Platform.h"
 #include "storage/Settings.h"
+#include "support/core/Log.h"
 
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QDirIterator>
 #include <QSettings>
 #include <QTemporaryDir>
 
@@ -24,9 +26,10 @@ using cktest::TestLog;
 class ScriptedLogon : public ko::platform::LogonProvider
 {
 public:
-    bool logonUser(const std::wstring& user, const std::wstring& domain, const std::wstring&, int type,
+    bool logonUser(const std::wstring& user, const std::wstring& domain, const std::wstring& password, int type,
                    Token* token) override
     {
+        lastPassword = QString::fromStdWString(password);
         calls << QStringLiteral("logon(%1,%2,%3)").arg(QString::fromStdWString(user), QString::fromStdWString(domain)).arg(type);
         m_last = logonError;
         if (logonError)
@@ -52,6 +55,7 @@ public:
     unsigned long lastError() const override { return m_last; }
 
     QStringList calls;
+    QString lastPassword;
     unsigned long logonError = 0;
     unsigned long impersonateError = 0;
 
@@ -261,6 +265,58 @@ TEST_F(ActionLogSettings, LogonAroundEveryOpeningOfACustomFile)
             EXPECT_TRUE(errors.isEmpty()) << errors.join(' ').toStdString();
             EXPECT_EQ(fileEntries(path).size(), 1);
         }
+    }
+}
+
+// The password reaches the logon and is stored in the settings as Base64 of
+// its local 8-bit form, by design; it never shows in a log line, a signal
+// argument or the log files, and a failed logon reports the user only.
+TEST_F(ActionLogSettings, PasswordStaysOutOfLogLinesSignalsAndLogFiles)
+{
+    const QString password = QStringLiteral("Pw-5e2c90aa-\u00e9t\u00e9");
+    std::string logLines;
+    const bool wasInformation = ko::Log::instance().isEnabled(1);
+    ko::Log::instance().setThreshold(1);
+    const auto previousSink =
+        ko::Log::instance().setSink([&](int, const std::string& line) { logLines += line + "\n"; });
+    QStringList signalTexts;
+    {
+        const QString path = dir.filePath(QStringLiteral("c.kol"));
+        TestLog log(path);
+        log.setDefaultActive(false);
+        ko::Settings settings(settingsFile({{"isDefaultLogPath", false}, {"ActionLogPath", path}}), QSettings::IniFormat);
+        log.load(&settings);
+        log.setFileUserPassword(QStringLiteral("op"), password);
+        QObject::connect(&log, &ko::ActionLog::errorLogon, [&](const QString& user, int) { signalTexts << user; });
+        QObject::connect(&log, &ko::ActionLog::errorFile, [&](const QString& file, int) { signalTexts << file; });
+        QObject::connect(&log, &ko::ActionLog::errorXml, [&](const QString& error, int, int) { signalTexts << error; });
+        QObject::connect(&log, &ko::ActionLog::switchedFileHandle, [&](const QString& name) { signalTexts << name; });
+        logon.logonError = 1326;
+        cktest::TextEntry entry(QStringLiteral("x"), 1);
+        log.log(entry);
+        EXPECT_EQ(logon.lastPassword, password);
+        EXPECT_TRUE(signalTexts.contains(QStringLiteral("op"))) << "the failed logon was signalled";
+        log.save(&settings);
+        QString user, back;
+        log.fileUserPassword(user, back);
+        EXPECT_EQ(back, password);
+    }
+    ko::Log::instance().setSink(previousSink);
+    ko::Log::instance().setThreshold(wasInformation ? 1 : 2);
+
+    QSettings stored(dir.filePath(QStringLiteral("settings.ini")), QSettings::IniFormat);
+    EXPECT_EQ(stored.value(QStringLiteral("ActionLog/ActionLogPassword")).toByteArray(),
+              password.toLocal8Bit().toBase64());
+    const QByteArray clear = password.toUtf8();
+    for (const QByteArray& form : {clear, password.toLocal8Bit().toBase64(), clear.toHex()}) {
+        EXPECT_FALSE(QByteArray::fromStdString(logLines).contains(form)) << logLines;
+        EXPECT_FALSE(signalTexts.join(' ').toUtf8().contains(form)) << signalTexts.join(' ').toStdString();
+    }
+    QDirIterator files(dir.path(), QDir::Files, QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        QFile file(files.next());
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        EXPECT_FALSE(file.readAll().contains(clear)) << file.fileName().toStdString();
     }
 }
 

@@ -138,13 +138,14 @@ struct IdsEntry : TextEntry
 {
     IdsEntry()
     {
-        for (ko::TLogValue<QString>* value : {&to, &src, &accented, &middle, &digit, &dash, &dot, &blanks})
+        for (ko::TLogValue<QString>* value : {&to, &src, &accented, &inner, &middle, &digit, &dash, &dot, &blanks})
             append(value);
     }
     ko::FourChars type() const override { return ko::FourChars("TstI"); }
     ko::TLogValue<QString> to{"to  ", QStringLiteral("to"), QStringLiteral("a&\"b")};
     ko::TLogValue<QString> src{"src ", QStringLiteral("source"), QStringLiteral("<c>")};
     ko::TLogValue<QString> accented{"\xC4nd\xE9", QStringLiteral("accented"), QStringLiteral("w")};
+    ko::TLogValue<QString> inner{"v2.-", QStringLiteral("inner"), QStringLiteral("y")}; // allowed after the first
     ko::TLogValue<QString> middle{"a b ", QStringLiteral("middle"), QStringLiteral("x")};
     ko::TLogValue<QString> digit{"1x  ", QStringLiteral("digit"), QStringLiteral("x")};
     ko::TLogValue<QString> dash{"-x  ", QStringLiteral("dash"), QStringLiteral("x")};
@@ -155,7 +156,7 @@ struct IdsEntry : TextEntry
 ko::LogEntry* createIdsEntry()
 {
     auto* entry = new IdsEntry;
-    for (ko::TLogValue<QString>* value : {&entry->to, &entry->src, &entry->accented, &entry->middle})
+    for (ko::TLogValue<QString>* value : {&entry->to, &entry->src, &entry->accented, &entry->inner, &entry->middle})
         value->value.clear();
     return entry;
 }
@@ -169,7 +170,7 @@ TEST(XMLLogWriter, IdsWithTrailingBlanksAreWrittenAsTheyStandAndReadBack)
     // Two independent parsers see the names without their blanks and only
     // the writable ids.
     const QDomElement element = parse(bytes).documentElement().firstChildElement();
-    const QStringList expected = {"ID", "Time", "to", "src", "\u00C4nd\u00E9"};
+    const QStringList expected = {"ID", "Time", "to", "src", "\u00C4nd\u00E9", "v2.-"};
     EXPECT_EQ(element.attributes().size(), expected.size());
     QXmlStreamReader xml(bytes);
     while (!xml.atEnd() && !(xml.readNext() == QXmlStreamReader::StartElement && xml.name() == "Entry")) {}
@@ -195,6 +196,7 @@ TEST(XMLLogWriter, IdsWithTrailingBlanksAreWrittenAsTheyStandAndReadBack)
     EXPECT_EQ(back.to.value, entry.to.value);
     EXPECT_EQ(back.src.value, entry.src.value);
     EXPECT_EQ(back.accented.value, entry.accented.value);
+    EXPECT_EQ(back.inner.value, entry.inner.value);
     EXPECT_EQ(back.middle.value, QString());
 }
 

@@ -188,6 +188,9 @@ TEST_F(FeatureMatrixStore, LoadStopsAtTheFirstMissingWord)
         {"4294967295+0+", 32, 48, false},               // complete
         {"4294967295+65535+junk+99+", 0, 0, false},     // trailing words are ignored
         {"4294967294+4294901759+", 0, 1, false},        // bit 16 of word two is beyond the grid
+        {"04294967295+065535+", 0, 0, false},           // leading zeros: still decimal, not octal
+        {"0xffffffff+0+", 0, 48, false},                // no hexadecimal: not a number, so 0
+        {"4294967295+0XFFFF+", 32, 48, false},
     };
     for (const Case& c : cases) {
         auto matrix = makeMatrix(3, 16);

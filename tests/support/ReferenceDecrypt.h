@@ -18,6 +18,28 @@ namespace cktest {
 
 constexpr int k_sealedChunk = 65536 + 16;
 
+// The chunk key of a stream with these 16 salt bytes: HKDF-SHA256 with info
+// "CommonKit stream v1", by libcrypto's own HKDF.
+inline bool referenceChunkKey(const QByteArray& salt16, const std::string& key, unsigned char chunkKey[32])
+{
+    EVP_KDF* kdf = EVP_KDF_fetch(nullptr, "HKDF", nullptr);
+    EVP_KDF_CTX* ctx = EVP_KDF_CTX_new(kdf);
+    char digest[] = "SHA256";
+    char info[] = "CommonKit stream v1";
+    std::string keyCopy = key;
+    QByteArray salt = salt16;
+    OSSL_PARAM params[] = {
+        OSSL_PARAM_construct_utf8_string(OSSL_KDF_PARAM_DIGEST, digest, 0),
+        OSSL_PARAM_construct_octet_string(OSSL_KDF_PARAM_KEY, keyCopy.data(), keyCopy.size()),
+        OSSL_PARAM_construct_octet_string(OSSL_KDF_PARAM_SALT, salt.data(), 16),
+        OSSL_PARAM_construct_octet_string(OSSL_KDF_PARAM_INFO, info, sizeof info - 1),
+        OSSL_PARAM_construct_end()};
+    const bool ok = ctx && salt.size() == 16 && EVP_KDF_derive(ctx, chunkKey, 32, params) == 1;
+    EVP_KDF_CTX_free(ctx);
+    EVP_KDF_free(kdf);
+    return ok;
+}
+
 // An independent reader of the documented format, on libcrypto alone:
 // version byte, 16 salt bytes, HKDF-SHA256 key, AES-256-GCM chunks with
 // an 11-byte big-endian counter and a last-chunk flag as nonce.
@@ -26,25 +48,8 @@ inline bool referenceDecrypt(const QByteArray& stream, const std::string& key, Q
     if (stream.size() < 17 + 16 || stream.at(0) != 1)
         return false;
     unsigned char chunkKey[32];
-    {
-        EVP_KDF* kdf = EVP_KDF_fetch(nullptr, "HKDF", nullptr);
-        EVP_KDF_CTX* ctx = EVP_KDF_CTX_new(kdf);
-        char digest[] = "SHA256";
-        char info[] = "CommonKit stream v1";
-        std::string keyCopy = key;
-        QByteArray salt = stream.mid(1, 16);
-        OSSL_PARAM params[] = {
-            OSSL_PARAM_construct_utf8_string(OSSL_KDF_PARAM_DIGEST, digest, 0),
-            OSSL_PARAM_construct_octet_string(OSSL_KDF_PARAM_KEY, keyCopy.data(), keyCopy.size()),
-            OSSL_PARAM_construct_octet_string(OSSL_KDF_PARAM_SALT, salt.data(), 16),
-            OSSL_PARAM_construct_octet_string(OSSL_KDF_PARAM_INFO, info, sizeof info - 1),
-            OSSL_PARAM_construct_end()};
-        const bool ok = ctx && EVP_KDF_derive(ctx, chunkKey, sizeof chunkKey, params) == 1;
-        EVP_KDF_CTX_free(ctx);
-        EVP_KDF_free(kdf);
-        if (!ok)
-            return false;
-    }
+    if (!referenceChunkKey(stream.mid(1, 16), key, chunkKey))
+        return false;
     plain.clear();
     EVP_CIPHER_CTX* ctx = EVP_CIPHER_CTX_new();
     bool ok = true;

@@ -113,6 +113,33 @@ TEST(TypeToolDateScale, DatesCastToNumbersAndBack)
     EXPECT_FALSE(kogen::TypeTool::castDate(QStringLiteral("5"), QVariant::Date).isValid());
 }
 
+TEST(TypeToolDateScale, NegativeNumbersCastToDatesWrapAsUnsignedFrameTimes)
+{
+    // The count is taken as an unsigned frame time, whose seconds wrap as
+    // Qt's 32-bit time_t: the instants below were worked out by hand from
+    // 2^64 - |count| microseconds.
+    const struct
+    {
+        QVariant value;
+        QDateTime expected;
+    } rows[] = {
+        {-1, utc(2101, 8, 26, 13, 4, 45, 550)},                   // -1000 us
+        {-1500, utc(2101, 8, 26, 13, 4, 44, 51)},
+        {kIntMin, utc(2101, 8, 1, 16, 33, 21, 903)},
+        {-1LL, utc(2101, 8, 26, 13, 4, 45, 551)},
+        {std::numeric_limits<qlonglong>::min(), utc(2035, 10, 29, 6, 32, 22, 775)},
+        {-1.0, utc(2101, 8, 25, 13, 4, 45, 551)},                  // days
+        {-0.5, utc(2101, 8, 26, 1, 4, 45, 551)},
+        {4294967295u, utc(1970, 2, 19, 17, 2, 47, 295)},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(::testing::Message() << row.value.typeName() << ' ' << row.value.toString().toStdString());
+        EXPECT_TRUE(sameVariant(kogen::TypeTool::castDate(row.value, QVariant::DateTime), row.expected));
+        EXPECT_TRUE(sameVariant(kogen::TypeTool::castDate(row.value, QVariant::Date), row.expected.date()));
+        EXPECT_TRUE(sameVariant(kogen::TypeTool::castDate(row.value, QVariant::Time), row.expected.time()));
+    }
+}
+
 TEST(TypeToolDateArithmetic, AddingAndSubtractingKeepsTheKindWhenItCan)
 {
     const QDate newYear(2020, 1, 1);

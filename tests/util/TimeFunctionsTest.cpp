@@ -102,6 +102,13 @@ TEST(TimeFunctions, SecondsWrapAsUnsigned32Bit)
     for (const Case& c : cases)
         EXPECT_EQ(ko::fromMilliSeconds(c.ms), epoch.addSecs(c.wrappedSeconds).addMSecs(c.extraMs)) << c.ms;
     EXPECT_EQ(ko::fromSeconds(qint64(-1)), QDateTime::fromMSecsSinceEpoch(0xFFFFFFFFLL * 1000));
+
+    // Frame times are divided as unsigned numbers: the largest one is
+    // 18446744073709551 ms, whose 18446744073709 seconds wrap to 4154504685.
+    EXPECT_EQ(ko::fromFrameTime(std::numeric_limits<quint64>::max()),
+              QDateTime(QDate(2101, 8, 26), QTime(13, 4, 45, 551), Qt::UTC));
+    EXPECT_EQ(ko::fromFrameTime(Q_UINT64_C(9223372036854775808)),
+              QDateTime(QDate(2035, 10, 29), QTime(6, 32, 22, 775), Qt::UTC));
     EXPECT_EQ(ko::fromSeconds(qint64(0x100000005LL)), QDateTime::fromMSecsSinceEpoch(5000));
 }
 
