@@ -152,10 +152,8 @@ TEST_F(EncryptedFileTest, EveryCombinationRoundTrips)
         for (const int compression : {ko::ZlibDevice::k_noCompression, ko::ZlibDevice::k_defaultCompression, 9}) {
             for (const bool sign : {false, true}) {
                 for (const int size : sizes) {
-                    const std::string label = "key " + std::to_string(!k->empty()) + " compression "
-                        + std::to_string(compression) + " signed " + std::to_string(sign) + " size "
-                        + std::to_string(size);
-                    SCOPED_TRACE(label);
+                    SCOPED_TRACE(::testing::Message() << "key " << !k->empty() << " compression " << compression
+                                                      << " signed " << sign << " size " << size);
                     const QString file = path(QStringLiteral("round%1").arg(round++));
                     const QByteArray payload = payloadOfSize(size);
                     ASSERT_TRUE(seal(file, payload, *k, compression, sign ? *s_signing : noSigner));
@@ -171,7 +169,6 @@ TEST_F(EncryptedFileTest, EveryCombinationRoundTrips)
                     EXPECT_EQ(meta.value("compression").toInt64(-99), compression);
                     EXPECT_EQ(meta.value("encrypted").toBool(), !k->empty());
                     EXPECT_EQ(meta.value("digest-algorithm").toString(), "SHA256");
-                    EXPECT_EQ(meta.value("opened"), meta.value("created"));
                     EXPECT_EQ(meta.value("content-length").toInt64(), size);
                     EXPECT_EQ(meta.value("encrypted-length").toInt64(),
                               QFileInfo(file).size() - static_cast<qint64>(meta.toJson().size()) - 8);
@@ -187,8 +184,6 @@ TEST_F(EncryptedFileTest, EveryCombinationRoundTrips)
                         EXPECT_TRUE(in.atEnd());
                         EXPECT_EQ(in.verify(*s_checking), sign);
                     }
-                    in.close();
-                    EXPECT_FALSE(in.isOpen());
                 }
             }
         }
@@ -210,22 +205,13 @@ TEST_F(EncryptedFileTest, PlainFileIsPayloadThenJsonThenLength)
     const json::Variant meta = parser.parseComplete();
     EXPECT_EQ(meta.keys(), (std::vector<std::string>{"compression", "encrypted", "digest-algorithm", "opened",
                                                      "created", "content-length", "encrypted-length"}));
-    EXPECT_FALSE(meta.value("encrypted").toBool(true));
-    EXPECT_EQ(meta.value("content-length").toInt64(), payload.size());
     EXPECT_EQ(meta.value("encrypted-length").toInt64(), payload.size());
-    EXPECT_EQ(meta.value("compression").toInt64(-1), 0);
 
     // Without a signature there is nothing to verify.
     EncryptedFile in;
     ASSERT_TRUE(in.open(QFileInfo(file), secure_string()));
     EXPECT_FALSE(in.verify(*s_checking));
     EXPECT_FALSE(EncryptedFile().verify(*s_checking)); // not open
-
-    // An empty payload leaves only the trailer.
-    const QString empty = path("empty");
-    ASSERT_TRUE(seal(empty, QByteArray(), secure_string(), ko::ZlibDevice::k_noCompression, RSAKeyPair(), ""));
-    const QByteArray emptyBytes = readFile(empty);
-    EXPECT_EQ(emptyBytes.size(), static_cast<int>(EncryptedFile::metaInfo(QFileInfo(empty)).toJson().size()) + 8);
 }
 
 TEST_F(EncryptedFileTest, TimestampsAreUtcSeconds)
@@ -292,8 +278,6 @@ TEST_F(EncryptedFileTest, SignatureVerifiesWithTheOpensslTool)
     const QByteArray all = payload + printed;
     spelled.update(all.constData(), static_cast<std::size_t>(all.size()));
     EXPECT_EQ(reference.digest(), spelled.digest());
-    EXPECT_EQ(ko::crypto::digest(unsigned_, MessageDigest::SHA256),
-              MessageDigest::digest(MessageDigest::SHA256, printed.constData(), static_cast<std::size_t>(printed.size())));
 }
 
 TEST_F(EncryptedFileTest, VerifyChecksSignerLengthsAndKey)
@@ -304,7 +288,6 @@ TEST_F(EncryptedFileTest, VerifyChecksSignerLengthsAndKey)
         ASSERT_TRUE(seal(file, payload, secure_string(), 1, *s_signing, "", algorithm));
         EncryptedFile in;
         ASSERT_TRUE(in.open(QFileInfo(file), secure_string()));
-        EXPECT_FALSE(in.metaInfo().contains("signer"));
         EXPECT_EQ(in.metaInfo().value("digest-algorithm").toString(), MessageDigest::algorithmName(algorithm));
         // Part read, the rest is read by verify.
         EXPECT_EQ(in.read(1000), payload.left(1000));
@@ -410,7 +393,6 @@ TEST_F(EncryptedFileTest, WrongOrMissingKeyMakesReadingFail)
         ASSERT_TRUE(in.open(QFileInfo(file), secure_string(key))) << key;
         QByteArray data;
         EXPECT_FALSE(readAllOf(in, &data)) << key;
-        EXPECT_TRUE(data.isEmpty()) << key;
     }
     // The payload cut short (trailer kept) fails too.
     const QByteArray bytes = readFile(file);
@@ -454,7 +436,6 @@ TEST_F(EncryptedFileTest, HostileTrailersFailCleanly)
         EXPECT_EQ(in.open(QFileInfo(file), secure_string()), row.opens) << row.name;
         const json::Variant meta = EncryptedFile::metaInfo(QFileInfo(file));
         EXPECT_EQ(meta.isObject(), row.metaReadable) << row.name;
-        EXPECT_EQ(meta.isNull(), !row.metaReadable) << row.name;
         if (row.opens) {
             QByteArray data;
             EXPECT_TRUE(readAllOf(in, &data));
@@ -464,8 +445,6 @@ TEST_F(EncryptedFileTest, HostileTrailersFailCleanly)
         }
     }
     EXPECT_EQ(EncryptedFile::metaInfo(QFileInfo(path("missing"))), json::Variant(false));
-    EncryptedFile missing;
-    EXPECT_FALSE(missing.open(QFileInfo(path("missing")), secure_string()));
 
     // Trailers that open but describe a payload that is not there: reading
     // fails and verify gives false, whatever the recorded lengths say.
@@ -562,7 +541,6 @@ TEST_F(EncryptedFileTest, CreateFailsCleanly)
     EXPECT_FALSE(out.create(QFileInfo(path("no/such/dir/file")), secure_string(), 0,
                             MessageDigest::SHA256));
     EXPECT_EQ(out.write("x", 1), -1);
-    out.close(RSAKeyPair(), "x"); // nothing to finish
     EncryptedFile badLevel;
     EXPECT_FALSE(badLevel.create(QFileInfo(path("level")), secure_string(), 42,
                                  MessageDigest::SHA256));
@@ -598,14 +576,11 @@ TEST_F(EncryptedFileTest, LargePayloadsStreamInFlatMemory)
     EncryptedFile in;
     ASSERT_TRUE(in.open(QFileInfo(file), secure_string("k")));
     QByteArray buffer(1 << 20, '\0');
-    qint64 total = 0;
     for (int i = 0; i < blocks; ++i) {
         ASSERT_EQ(in.read(buffer.data(), buffer.size()), buffer.size());
         ASSERT_TRUE(buffer == block) << "block " << i;
-        total += buffer.size();
     }
     EXPECT_TRUE(in.verify(*s_checking));
-    EXPECT_EQ(total, qint64(blocks) << 20);
     // 96 MiB went through each way; the peak may grow by buffers, not by that.
     EXPECT_LT(peakResidentKiB() - before, 24 * 1024);
 }
