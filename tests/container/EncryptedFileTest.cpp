@@ -1,6 +1,7 @@
 // ko::EncryptedFile: round trips, file layout, signatures, tampering and
 // hostile trailers.
 
+#include "support/TestFiles.h"
 #include "storage/EncryptedFile.h"
 #include "storage/MetadataDigest.h"
 #include "support/core/Log.h"
@@ -29,6 +30,9 @@
 
 namespace {
 
+using cktest::readFile;
+using cktest::writeFile;
+
 using ko::EncryptedFile;
 using ko::crypto::MessageDigest;
 using ko::crypto::RSAKeyPair;
@@ -42,19 +46,6 @@ QByteArray payloadOfSize(int size)
     for (int i = 0; i < size; ++i)
         data[i] = static_cast<char>((i / 4096) % 2 ? random.generate() : i % 251);
     return data;
-}
-
-QByteArray readFile(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void writeFile(const QString& path, const QByteArray& data)
-{
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    ASSERT_EQ(file.write(data), data.size());
 }
 
 QByteArray bigEndian64(quint64 value)

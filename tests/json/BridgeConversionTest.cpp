@@ -1,6 +1,7 @@
 // QVariant <-> json::Variant: the conversion tables, tagged meta types, and
 // the flat layout against QSettings' own array layout.
 
+#include "support/LogCapture.h"
 #include "json/VariantConversion.h"
 #include "support/core/Log.h"
 #include "support/json/JsonParser.h"
@@ -25,6 +26,8 @@
 #include <limits>
 
 namespace {
+
+using cktest::LogCapture;
 
 json::Variant parse(const std::string& text)
 {
@@ -169,11 +172,10 @@ TEST(JsonBridge, TypesJsonCannotExpressTravelAsTheirQtStreamImage)
 
 TEST(JsonBridge, NumericFailureGivesZeroAndAWarning)
 {
-    std::vector<std::string> lines;
-    const auto previous = ko::Log::instance().setSink([&](int, const std::string& line) { lines.push_back(line); });
+    LogCapture log;
+    const std::vector<std::string>& lines = log.lines;
     int target = 0;
     const json::Variant converted = jsonVariant(QVariant::fromValue(static_cast<void*>(&target)), true);
-    ko::Log::instance().setSink(previous);
     EXPECT_EQ(converted.toJson(), "0");
     ASSERT_EQ(lines.size(), 1u);
     EXPECT_NE(lines[0].find("[jsonVariant] numeric overflow at: "), std::string::npos) << lines[0];
@@ -222,8 +224,8 @@ TEST(JsonBridge, FlatLayoutIsTheArrayLayoutOfQSettings)
 
 TEST(JsonBridge, FlatMapKeysThatCannotBePlacedAreSkippedWithAWarning)
 {
-    std::vector<std::string> lines;
-    const auto previous = ko::Log::instance().setSink([&](int, const std::string& line) { lines.push_back(line); });
+    LogCapture log;
+    const std::vector<std::string>& lines = log.lines;
     const QMap<QString, QVariant> flat{{QStringLiteral("a"), 1},
                                        {QStringLiteral("a/b"), 2},
                                        {QStringLiteral("font/size"), 12},
@@ -231,7 +233,6 @@ TEST(JsonBridge, FlatMapKeysThatCannotBePlacedAreSkippedWithAWarning)
                                        {QStringLiteral("list/size"), QStringLiteral("many")},
                                        {QStringLiteral("list/9999999"), 1}};
     const json::Variant value = jsonVariantFlat(flat, '/', nullptr, true);
-    ko::Log::instance().setSink(previous);
     EXPECT_EQ(value.toJson(), R"({"a":1,"font":{"size":12},"list":["x"]})");
     ASSERT_EQ(lines.size(), 3u);
     EXPECT_NE(lines[0].find("[jsonVariantFlat] Json - could not locate a/b"), std::string::npos) << lines[0];

@@ -2,6 +2,7 @@
 // shell that starts it) reports the failure and leaves an existing output as
 // it was, with no partial file beside it.
 
+#include "support/TestFiles.h"
 #include <gtest/gtest.h>
 
 #include <QDir>
@@ -10,6 +11,8 @@
 #include <QTemporaryDir>
 
 namespace {
+
+using cktest::writeFile;
 
 struct LimitedRun
 {
@@ -32,13 +35,6 @@ LimitedRun runLimited(int blocks, const QStringList& arguments, const QString& d
     EXPECT_TRUE(process.waitForFinished(60000));
     return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
             QString::fromUtf8(process.readAllStandardError())};
-}
-
-void writeFile(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
 }
 
 TEST(ToolFaults, AFileSizeLimitLeavesTheOldOutputAndReportsWhy)
