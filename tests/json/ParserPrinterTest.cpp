@@ -153,7 +153,6 @@ TEST(JsonPrinter, HandsLongOutputToTheCallbackInPieces)
     printer.print(list);
     EXPECT_GT(collector.calls, 10);
     EXPECT_EQ(collector.text, JsonPrinter::toString(list));
-    EXPECT_EQ(parseText(collector.text), list);
 }
 
 TEST(JsonParser, PrintedValuesReadBackExactlyWhateverThePieces)

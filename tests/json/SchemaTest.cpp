@@ -197,8 +197,9 @@ TEST_F(SchemaTest, ValidatesDocumentsWhoseNamesHaveNoSlashes)
     for (const Row& row : rows)
         expectValidation(Schema::resolve(row.schema), row);
 
-    // Each once overflowed the stack.
-    for (const char* text : {R"({"$ref": "b:c"})", R"({"$ref": "b:c#"})", R"({"items": {"$ref": "mem:nothing#/a"}})"}) {
+    // Each of the first three once overflowed the stack.
+    for (const char* text : {R"({"$ref": "b:c"})", R"({"$ref": "b:c#"})", R"({"items": {"$ref": "mem:nothing#/a"}})",
+                             R"({"$ref": "https://nowhere.example.invalid/x.json"})"}) {
         const Schema::Ptr dangling = Schema::fromVariant(parse(text));
         ASSERT_TRUE(dangling) << text;
         std::string error;
@@ -408,11 +409,6 @@ TEST_F(SchemaTest, LoadsFilesAndResourcesAndFailsCleanly)
     const Schema::Ptr tree = Schema::fromVariant(parse(R"({"type": "object", "properties": {"child": {"$ref": "#"}}})"));
     EXPECT_TRUE(tree->validate(parse(R"({"child": {"child": {}}})")));
     EXPECT_FALSE(tree->validate(parse(R"({"child": {"child": 3}})")));
-    // A schema that refers to nothing validates nothing, and says so.
-    const Schema::Ptr dangling = Schema::fromVariant(parse(R"({"$ref": "https://nowhere.example.invalid/x.json"})"));
-    ASSERT_TRUE(dangling);
-    EXPECT_FALSE(dangling->validate(json::Variant(1), &error));
-    EXPECT_FALSE(error.empty());
 }
 
 } // namespace
