@@ -156,12 +156,7 @@ TEST_F(ContainerTool, TamperingWrongKeysAndBadInputFailWithOneLine)
     ASSERT_EQ(runTool({"keygen", path("other.pem"), path("other.pub"), "--bits", "2048"}).exitCode, 0);
 
     const QString out = path("out");
-    const struct
-    {
-        QStringList arguments;
-        int exitCode;
-        const char* reason;
-    } rows[] = {
+    const struct { QStringList arguments; int exitCode; const char* reason; } rows[] = {
         {{"extract", box, out, "--key-file", path("wrong")}, 1, "wrong key"},
         {{"extract", tampered, out, "--key-file", keyFile}, 1, "damaged"},
         {{"extract", box, out}, 1, "--key-file"},
@@ -196,12 +191,7 @@ TEST_F(ContainerTool, TamperingWrongKeysAndBadInputFailWithOneLine)
 // A key file loses one trailing line break ("\n" or "\r\n") and nothing else.
 TEST_F(ContainerTool, KeyFilesLoseOneLineBreakOnly)
 {
-    const struct
-    {
-        QByteArray sealedWith;
-        QByteArray openedWith;
-        bool sameKey;
-    } rows[] = {
+    const struct { QByteArray sealedWith; QByteArray openedWith; bool sameKey; } rows[] = {
         {"abc\n", "abc", true},   {"abc\r\n", "abc", true},  {"abc\r\r\n", "abc\r", true},
         {"abc\r", "abc", false},  {"abc\n\n", "abc", false}, {"abc\n\r", "abc", false},
     };

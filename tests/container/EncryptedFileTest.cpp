@@ -63,11 +63,7 @@ int payloadEnd(const QString& file)
 }
 
 // The storage setups the damage tests go through.
-struct Storage
-{
-    secure_string key;
-    int compression;
-};
+struct Storage { secure_string key; int compression; };
 const Storage k_setups[] = {{secure_string(), 0}, {secure_string(), 6}, {secure_string("key"), 0}, {secure_string("key"), 9}};
 
 // Reads everything; false when a read fails.
@@ -295,11 +291,7 @@ TEST_F(EncryptedFileTest, VerifyChecksSignerLengthsAndKey)
 TEST_F(EncryptedFileTest, SignerNamesThatAreNotUtf8StillGiveReadableFiles)
 {
     const QString file = path("named");
-    const struct
-    {
-        std::string signer;
-        std::string stored;
-    } rows[] = {
+    const struct { std::string signer; std::string stored; } rows[] = {
         {"Jos\xc3\xa9", "Jos\xc3\xa9"},
         {"Jos\xe9", "Jos\xef\xbf\xbd"},
         {"\xff tab\there", "\xef\xbf\xbd tab\there"},
@@ -398,13 +390,7 @@ TEST_F(EncryptedFileTest, HostileTrailersFailCleanly)
 {
     const QByteArray good = QByteArrayLiteral(R"({"compression":0,"encrypted":false,"digest-algorithm":"SHA256"})");
     const QByteArray deep = QByteArray(100000, '[') + QByteArray(100000, ']');
-    struct Row
-    {
-        const char* name;
-        QByteArray bytes;
-        bool opens;
-        bool metaReadable;
-    };
+    struct Row { const char* name; QByteArray bytes; bool opens; bool metaReadable; };
     auto withTrailer = [](const QByteArray& payload, const QByteArray& meta) {
         return payload + meta + bigEndian64(static_cast<quint64>(meta.size()));
     };
@@ -461,11 +447,8 @@ TEST_F(EncryptedFileTest, HostileTrailersFailCleanly)
 // wrote a file that cannot be opened again.
 TEST_F(EncryptedFileTest, MetadataBeyondTheReadableBoundIsReported)
 {
-    const struct
-    {
-        int noteSize;
-        bool readable;
-    } rows[] = {{1000, true}, {EncryptedFile::k_maxMetaInfoSize - 4096, true}, {EncryptedFile::k_maxMetaInfoSize, false}};
+    const struct { int noteSize; bool readable; } rows[] = {
+        {1000, true}, {EncryptedFile::k_maxMetaInfoSize - 4096, true}, {EncryptedFile::k_maxMetaInfoSize, false}};
     for (const auto& row : rows) {
         SCOPED_TRACE(row.noteSize);
         std::vector<std::string> errors;

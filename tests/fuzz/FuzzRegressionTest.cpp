@@ -41,10 +41,7 @@ std::string rowName(std::string name)
 // (which aborts without a GUI application) or took over a second; each image
 // is refused with the documented warning. (A QFont carries such a list of
 // families too.)
-struct MetaTypeRow
-{
-    const char* file;
-};
+struct MetaTypeRow { const char* file; };
 
 class TaggedImage : public ::testing::TestWithParam<MetaTypeRow>
 {

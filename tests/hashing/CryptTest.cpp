@@ -125,11 +125,7 @@ TEST(Crypt, OnlyTheFirstEightCharactersCountAndLatin1CharactersAreBytes)
 {
     SystemCrypt system;
     const std::string latin1 = "M\xfcller-\xe9t\xe9-\xdf\xff"; // Müller-été-ßÿ
-    const struct
-    {
-        std::string password;
-        std::string salt;
-    } cases[] = {
+    const struct { std::string password; std::string salt; } cases[] = {
         {"password", "ab"},
         {"password1", "ab"},
         {"passwordWithAVeryLongTail", "ab"},
@@ -166,11 +162,7 @@ TEST(Crypt, SaltCharactersOutsideTheAlphabetUseTheTraditionalValues)
     // these hashes were made with it from the alphabet character of the same
     // value ('3' for ':', 'U' for '['), and agree with libcrypto's DES_fcrypt
     // given the salt as it stands.
-    const struct
-    {
-        const char* salt;
-        const char* hash;
-    } known[] = {
+    const struct { const char* salt; const char* hash; } known[] = {
         {":x", ":xUi/T4EQ76kg"}, {"Z:", "Z:jBWi2RrhXKA"},
         {";x", ";xd5yuFLrBSCs"}, {"Z;", "Z;VUajP33QY8o"},
         {"<x", "<xx6dmxrv2v6Q"}, {"Z<", "Z<NXAuPCA/qcg"},
@@ -276,12 +268,7 @@ TEST(Crypt, GeneratedSalts)
 
 TEST(Crypt, To64WritesSixBitsPerCharacterFromTheLowEnd)
 {
-    const struct
-    {
-        long value;
-        int count;
-        const char* expected;
-    } cases[] = {
+    const struct { long value; int count; const char* expected; } cases[] = {
         {0, 2, "aa"},
         {1, 2, "ba"},
         {63, 2, "/a"},

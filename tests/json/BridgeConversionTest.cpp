@@ -52,11 +52,7 @@ QVariant nested(const QVariant& inner)
 TEST(JsonBridge, QtValuesConvertByTheTable)
 {
     const QUuid uuid(QStringLiteral("{0f1e2d3c-4b5a-6978-8796-a5b4c3d2e1f0}"));
-    struct Row
-    {
-        QVariant value;
-        const char* json;
-    };
+    struct Row { QVariant value; const char* json; };
     const Row rows[] = {
         {QVariant(), "null"},
         {true, "true"},
@@ -113,11 +109,7 @@ TEST(JsonBridge, QtValuesConvertByTheTable)
 
 TEST(JsonBridge, JsonValuesConvertByTheTable)
 {
-    struct Row
-    {
-        const char* json;
-        QVariant expected;
-    };
+    struct Row { const char* json; QVariant expected; };
     const Row rows[] = {
         {"null", QVariant()},
         {"true", true},

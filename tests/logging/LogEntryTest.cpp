@@ -21,13 +21,7 @@ using cktest::TextEntry;
 
 TEST(LogValue, SetStateParsingAndTextOfTheThreeTypes)
 {
-    struct IntCase
-    {
-        const char* text;
-        int value;
-        bool set;
-        const char* written;
-    };
+    struct IntCase { const char* text; int value; bool set; const char* written; };
     for (const IntCase& c : {IntCase{"42", 42, true, "42"}, IntCase{"-7", -7, true, "-7"},
                              IntCase{"0", 0, false, "0"}, IntCase{"12abc", 0, false, "0"},
                              IntCase{"0x10", 0, false, "0"}, IntCase{"", 0, false, "0"}}) {
@@ -123,11 +117,7 @@ TEST(LogEntry, DescriptionFillsTheTemplateOrListsTheValues)
         ko::TLogValue<QString> text;
         QString templateText;
     } oneValue;
-    const struct
-    {
-        QString templateText;
-        QString described;
-    } templates[] = {
+    const struct { QString templateText; QString described; } templates[] = {
         {QStringLiteral("%1 and %2"), QStringLiteral("x and %2")},  // the second placeholder stays
         {QStringLiteral("%2 and %1"), QStringLiteral("%2 and x")},  // the lowest number is replaced
         {QStringLiteral("100% %L1"), QStringLiteral("100% x")},
@@ -164,12 +154,7 @@ TEST(LogEntry, DescriptionStaysBoundedWhenValuesAreMadeOfPlaceholders)
     const QString twos = QStringLiteral("%2").repeated(20000);
     const QString threes = QStringLiteral("%3").repeated(20000);
     const QString longPlain = QStringLiteral("x").repeated(3 << 20);
-    const struct
-    {
-        QString source;
-        QString file;
-        QString described;
-    } rows[] = {
+    const struct { QString source; QString file; QString described; } rows[] = {
         // Chains fill as arg() always did: each value fills the one before.
         {QStringLiteral("%2 %2"), QStringLiteral("f%3"), QStringLiteral("Error 'f4 f4") + tail.arg(QStringLiteral("f4"), QStringLiteral("4"), QStringLiteral("5"))},
         // Long values without placeholders are filled whole.
@@ -266,11 +251,7 @@ ko::ELogCategory categoryOf(const char* letters)
 
 TEST(LogCategory, TableHasThirtySevenRowsInOrder)
 {
-    const struct
-    {
-        const char* id;
-        const char* name;
-    } table[] = {
+    const struct { const char* id; const char* name; } table[] = {
         {"    ", "None"}, {"Aces", "Access"}, {"Logn", "Logon & Logoff"}, {"UsGr", "User & Groups"},
         {"Auth", "Authorize"}, {"SoUp", "Software updates"}, {"cSet", "Camera Settings"},
         {"cWeB", "Web browser"}, {"NMsg", "Network messages"}, {"SofB", "Softbuttons"},

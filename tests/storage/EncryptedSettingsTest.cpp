@@ -92,12 +92,7 @@ json::Variant parseJson(const char* text)
     return parser.parseComplete();
 }
 
-struct Form
-{
-    const char* name;
-    QSettings::Format format;
-    const char* extension;
-};
+struct Form { const char* name; QSettings::Format format; const char* extension; };
 
 const Form k_forms[] = {{"binary map", EncryptedSettings::IniFormat, "ini"},
                         {"JSON", EncryptedSettings::JsonFormat, "json"}};

@@ -14,11 +14,7 @@ namespace {
 
 using cktest::writeFile;
 
-struct LimitedRun
-{
-    int exitCode;
-    QString err;
-};
+struct LimitedRun { int exitCode; QString err; };
 
 // `ulimit -f blocks` (1024-byte blocks in bash), then the tool.
 LimitedRun runLimited(int blocks, const QStringList& arguments, const QString& directory)
@@ -44,12 +40,7 @@ TEST(ToolFaults, AFileSizeLimitLeavesTheOldOutputAndReportsWhy)
     writeFile(dir.filePath("key"), "a key of some length\n");
     writeFile(dir.filePath("s.conf"), "[camera]\nname=Gate\nport=554\n");
     const QByteArray old = "the good file that stood here";
-    struct Row
-    {
-        QStringList arguments;
-        const char* output;
-        const char* message;
-    };
+    struct Row { QStringList arguments; const char* output; const char* message; };
     const std::vector<Row> rows = {
         {{"container", "create", "big", "out.ckc", "--key-file", "key"}, "out.ckc",
          "commonkit: container create: copying big failed: "},
