@@ -1,6 +1,7 @@
 // ko::EncryptedFile: round trips, file layout, signatures, tampering and
 // hostile trailers.
 
+#include "support/TestFiles.h"
 #include "storage/EncryptedFile.h"
 #include "storage/MetadataDigest.h"
 #include "support/core/Log.h"
@@ -29,6 +30,9 @@
 
 namespace {
 
+using cktest::readFile;
+using cktest::writeFile;
+
 using ko::EncryptedFile;
 using ko::crypto::MessageDigest;
 using ko::crypto::RSAKeyPair;
@@ -42,19 +46,6 @@ QByteArray payloadOfSize(int size)
     for (int i = 0; i < size; ++i)
         data[i] = static_cast<char>((i / 4096) % 2 ? random.generate() : i % 251);
     return data;
-}
-
-QByteArray readFile(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void writeFile(const QString& path, const QByteArray& data)
-{
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    ASSERT_EQ(file.write(data), data.size());
 }
 
 QByteArray bigEndian64(quint64 value)
@@ -72,11 +63,7 @@ int payloadEnd(const QString& file)
 }
 
 // The storage setups the damage tests go through.
-struct Storage
-{
-    secure_string key;
-    int compression;
-};
+struct Storage { secure_string key; int compression; };
 const Storage k_setups[] = {{secure_string(), 0}, {secure_string(), 6}, {secure_string("key"), 0}, {secure_string("key"), 9}};
 
 // Reads everything; false when a read fails.
@@ -152,10 +139,8 @@ TEST_F(EncryptedFileTest, EveryCombinationRoundTrips)
         for (const int compression : {ko::ZlibDevice::k_noCompression, ko::ZlibDevice::k_defaultCompression, 9}) {
             for (const bool sign : {false, true}) {
                 for (const int size : sizes) {
-                    const std::string label = "key " + std::to_string(!k->empty()) + " compression "
-                        + std::to_string(compression) + " signed " + std::to_string(sign) + " size "
-                        + std::to_string(size);
-                    SCOPED_TRACE(label);
+                    SCOPED_TRACE(::testing::Message() << "key " << !k->empty() << " compression " << compression
+                                                      << " signed " << sign << " size " << size);
                     const QString file = path(QStringLiteral("round%1").arg(round++));
                     const QByteArray payload = payloadOfSize(size);
                     ASSERT_TRUE(seal(file, payload, *k, compression, sign ? *s_signing : noSigner));
@@ -171,7 +156,6 @@ TEST_F(EncryptedFileTest, EveryCombinationRoundTrips)
                     EXPECT_EQ(meta.value("compression").toInt64(-99), compression);
                     EXPECT_EQ(meta.value("encrypted").toBool(), !k->empty());
                     EXPECT_EQ(meta.value("digest-algorithm").toString(), "SHA256");
-                    EXPECT_EQ(meta.value("opened"), meta.value("created"));
                     EXPECT_EQ(meta.value("content-length").toInt64(), size);
                     EXPECT_EQ(meta.value("encrypted-length").toInt64(),
                               QFileInfo(file).size() - static_cast<qint64>(meta.toJson().size()) - 8);
@@ -187,8 +171,6 @@ TEST_F(EncryptedFileTest, EveryCombinationRoundTrips)
                         EXPECT_TRUE(in.atEnd());
                         EXPECT_EQ(in.verify(*s_checking), sign);
                     }
-                    in.close();
-                    EXPECT_FALSE(in.isOpen());
                 }
             }
         }
@@ -210,22 +192,13 @@ TEST_F(EncryptedFileTest, PlainFileIsPayloadThenJsonThenLength)
     const json::Variant meta = parser.parseComplete();
     EXPECT_EQ(meta.keys(), (std::vector<std::string>{"compression", "encrypted", "digest-algorithm", "opened",
                                                      "created", "content-length", "encrypted-length"}));
-    EXPECT_FALSE(meta.value("encrypted").toBool(true));
-    EXPECT_EQ(meta.value("content-length").toInt64(), payload.size());
     EXPECT_EQ(meta.value("encrypted-length").toInt64(), payload.size());
-    EXPECT_EQ(meta.value("compression").toInt64(-1), 0);
 
     // Without a signature there is nothing to verify.
     EncryptedFile in;
     ASSERT_TRUE(in.open(QFileInfo(file), secure_string()));
     EXPECT_FALSE(in.verify(*s_checking));
     EXPECT_FALSE(EncryptedFile().verify(*s_checking)); // not open
-
-    // An empty payload leaves only the trailer.
-    const QString empty = path("empty");
-    ASSERT_TRUE(seal(empty, QByteArray(), secure_string(), ko::ZlibDevice::k_noCompression, RSAKeyPair(), ""));
-    const QByteArray emptyBytes = readFile(empty);
-    EXPECT_EQ(emptyBytes.size(), static_cast<int>(EncryptedFile::metaInfo(QFileInfo(empty)).toJson().size()) + 8);
 }
 
 TEST_F(EncryptedFileTest, TimestampsAreUtcSeconds)
@@ -292,8 +265,6 @@ TEST_F(EncryptedFileTest, SignatureVerifiesWithTheOpensslTool)
     const QByteArray all = payload + printed;
     spelled.update(all.constData(), static_cast<std::size_t>(all.size()));
     EXPECT_EQ(reference.digest(), spelled.digest());
-    EXPECT_EQ(ko::crypto::digest(unsigned_, MessageDigest::SHA256),
-              MessageDigest::digest(MessageDigest::SHA256, printed.constData(), static_cast<std::size_t>(printed.size())));
 }
 
 TEST_F(EncryptedFileTest, VerifyChecksSignerLengthsAndKey)
@@ -304,7 +275,6 @@ TEST_F(EncryptedFileTest, VerifyChecksSignerLengthsAndKey)
         ASSERT_TRUE(seal(file, payload, secure_string(), 1, *s_signing, "", algorithm));
         EncryptedFile in;
         ASSERT_TRUE(in.open(QFileInfo(file), secure_string()));
-        EXPECT_FALSE(in.metaInfo().contains("signer"));
         EXPECT_EQ(in.metaInfo().value("digest-algorithm").toString(), MessageDigest::algorithmName(algorithm));
         // Part read, the rest is read by verify.
         EXPECT_EQ(in.read(1000), payload.left(1000));
@@ -321,11 +291,7 @@ TEST_F(EncryptedFileTest, VerifyChecksSignerLengthsAndKey)
 TEST_F(EncryptedFileTest, SignerNamesThatAreNotUtf8StillGiveReadableFiles)
 {
     const QString file = path("named");
-    const struct
-    {
-        std::string signer;
-        std::string stored;
-    } rows[] = {
+    const struct { std::string signer; std::string stored; } rows[] = {
         {"Jos\xc3\xa9", "Jos\xc3\xa9"},
         {"Jos\xe9", "Jos\xef\xbf\xbd"},
         {"\xff tab\there", "\xef\xbf\xbd tab\there"},
@@ -410,7 +376,6 @@ TEST_F(EncryptedFileTest, WrongOrMissingKeyMakesReadingFail)
         ASSERT_TRUE(in.open(QFileInfo(file), secure_string(key))) << key;
         QByteArray data;
         EXPECT_FALSE(readAllOf(in, &data)) << key;
-        EXPECT_TRUE(data.isEmpty()) << key;
     }
     // The payload cut short (trailer kept) fails too.
     const QByteArray bytes = readFile(file);
@@ -425,13 +390,7 @@ TEST_F(EncryptedFileTest, HostileTrailersFailCleanly)
 {
     const QByteArray good = QByteArrayLiteral(R"({"compression":0,"encrypted":false,"digest-algorithm":"SHA256"})");
     const QByteArray deep = QByteArray(100000, '[') + QByteArray(100000, ']');
-    struct Row
-    {
-        const char* name;
-        QByteArray bytes;
-        bool opens;
-        bool metaReadable;
-    };
+    struct Row { const char* name; QByteArray bytes; bool opens; bool metaReadable; };
     auto withTrailer = [](const QByteArray& payload, const QByteArray& meta) {
         return payload + meta + bigEndian64(static_cast<quint64>(meta.size()));
     };
@@ -454,7 +413,6 @@ TEST_F(EncryptedFileTest, HostileTrailersFailCleanly)
         EXPECT_EQ(in.open(QFileInfo(file), secure_string()), row.opens) << row.name;
         const json::Variant meta = EncryptedFile::metaInfo(QFileInfo(file));
         EXPECT_EQ(meta.isObject(), row.metaReadable) << row.name;
-        EXPECT_EQ(meta.isNull(), !row.metaReadable) << row.name;
         if (row.opens) {
             QByteArray data;
             EXPECT_TRUE(readAllOf(in, &data));
@@ -464,8 +422,6 @@ TEST_F(EncryptedFileTest, HostileTrailersFailCleanly)
         }
     }
     EXPECT_EQ(EncryptedFile::metaInfo(QFileInfo(path("missing"))), json::Variant(false));
-    EncryptedFile missing;
-    EXPECT_FALSE(missing.open(QFileInfo(path("missing")), secure_string()));
 
     // Trailers that open but describe a payload that is not there: reading
     // fails and verify gives false, whatever the recorded lengths say.
@@ -491,11 +447,8 @@ TEST_F(EncryptedFileTest, HostileTrailersFailCleanly)
 // wrote a file that cannot be opened again.
 TEST_F(EncryptedFileTest, MetadataBeyondTheReadableBoundIsReported)
 {
-    const struct
-    {
-        int noteSize;
-        bool readable;
-    } rows[] = {{1000, true}, {EncryptedFile::k_maxMetaInfoSize - 4096, true}, {EncryptedFile::k_maxMetaInfoSize, false}};
+    const struct { int noteSize; bool readable; } rows[] = {
+        {1000, true}, {EncryptedFile::k_maxMetaInfoSize - 4096, true}, {EncryptedFile::k_maxMetaInfoSize, false}};
     for (const auto& row : rows) {
         SCOPED_TRACE(row.noteSize);
         std::vector<std::string> errors;
@@ -562,7 +515,6 @@ TEST_F(EncryptedFileTest, CreateFailsCleanly)
     EXPECT_FALSE(out.create(QFileInfo(path("no/such/dir/file")), secure_string(), 0,
                             MessageDigest::SHA256));
     EXPECT_EQ(out.write("x", 1), -1);
-    out.close(RSAKeyPair(), "x"); // nothing to finish
     EncryptedFile badLevel;
     EXPECT_FALSE(badLevel.create(QFileInfo(path("level")), secure_string(), 42,
                                  MessageDigest::SHA256));
@@ -598,14 +550,11 @@ TEST_F(EncryptedFileTest, LargePayloadsStreamInFlatMemory)
     EncryptedFile in;
     ASSERT_TRUE(in.open(QFileInfo(file), secure_string("k")));
     QByteArray buffer(1 << 20, '\0');
-    qint64 total = 0;
     for (int i = 0; i < blocks; ++i) {
         ASSERT_EQ(in.read(buffer.data(), buffer.size()), buffer.size());
         ASSERT_TRUE(buffer == block) << "block " << i;
-        total += buffer.size();
     }
     EXPECT_TRUE(in.verify(*s_checking));
-    EXPECT_EQ(total, qint64(blocks) << 20);
     // 96 MiB went through each way; the peak may grow by buffers, not by that.
     EXPECT_LT(peakResidentKiB() - before, 24 * 1024);
 }

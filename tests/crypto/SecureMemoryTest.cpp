@@ -56,6 +56,14 @@ protected:
             std::find_if(m_released.begin(), m_released.end(), [&](const Released& r) { return r.data == data; });
         return it == m_released.end() ? nullptr : &*it;
     }
+    // The block at `data` went back through the allocator, every byte zero.
+    void expectWiped(const void* data, std::size_t minSize = 0) const
+    {
+        const Released* released = find(data);
+        ASSERT_NE(released, nullptr) << "the block was not released through the allocator";
+        EXPECT_GE(released->size, minSize);
+        EXPECT_EQ(released->nonZero, 0u);
+    }
 
     static std::string keyBytes(std::size_t size)
     {
@@ -80,26 +88,17 @@ TEST_F(SecureMemory, SecureStringBlocksAreWipedOnDestructionAndGrowth)
         secret.append(keyBytes(5000));
         second = secret.data();
         ASSERT_NE(first, second) << "growing past the capacity must move the bytes";
-        const Released* old = find(first);
-        ASSERT_NE(old, nullptr) << "the outgrown block was not released through the allocator";
-        EXPECT_GE(old->size, key.size());
-        EXPECT_EQ(old->nonZero, 0u);
+        expectWiped(first, key.size());
         EXPECT_EQ(find(second), nullptr);
     }
-    const Released* last = find(second);
-    ASSERT_NE(last, nullptr);
-    EXPECT_GE(last->size, 5200u);
-    EXPECT_EQ(last->nonZero, 0u);
+    expectWiped(second, 5200);
 
     // The allocator itself, as containers other than strings use it.
     {
         std::vector<int, ko::crypto::secure_allocator<int>> numbers(1000, 0x5A5A5A5A);
         first = numbers.data();
     }
-    const Released* vectorBlock = find(first);
-    ASSERT_NE(vectorBlock, nullptr);
-    EXPECT_EQ(vectorBlock->size, 1000 * sizeof(int));
-    EXPECT_EQ(vectorBlock->nonZero, 0u);
+    expectWiped(first, 1000 * sizeof(int));
 }
 
 TEST_F(SecureMemory, LockedStringIsWipedOnClearGrowthAndDestruction)
@@ -114,10 +113,7 @@ TEST_F(SecureMemory, LockedStringIsWipedOnClearGrowthAndDestruction)
         EXPECT_TRUE(secret.empty());
         EXPECT_STREQ(secret.c_str(), "");
     }
-    const Released* cleared = find(block);
-    ASSERT_NE(cleared, nullptr);
-    EXPECT_GE(cleared->size, key.size());
-    EXPECT_EQ(cleared->nonZero, 0u);
+    expectWiped(block, key.size());
 
     m_released.clear();
     {
@@ -128,12 +124,10 @@ TEST_F(SecureMemory, LockedStringIsWipedOnClearGrowthAndDestruction)
         EXPECT_EQ(secret.size(), key.size() + more.size());
         EXPECT_EQ(secret.view(), key + more);
         EXPECT_EQ(secret.c_str()[secret.size()], '\0');
-        ASSERT_NE(find(block), nullptr) << "the outgrown block was not released";
-        EXPECT_EQ(find(block)->nonZero, 0u);
+        expectWiped(block);
         block = secret.data();
     }
-    ASSERT_NE(find(block), nullptr);
-    EXPECT_EQ(find(block)->nonZero, 0u);
+    expectWiped(block);
 }
 
 TEST_F(SecureMemory, LockedStringValueSemantics)
@@ -196,8 +190,7 @@ TEST_F(SecureMemory, StreamCipherWipesItsKeyCopyOfAnyLength)
             EXPECT_NE(std::string(reinterpret_cast<const char*>(held), key.size()), key)
                 << "key bytes left in the destroyed device";
         } else {
-            ASSERT_NE(find(held), nullptr);
-            EXPECT_EQ(find(held)->nonZero, 0u);
+            expectWiped(held);
         }
     }
 }

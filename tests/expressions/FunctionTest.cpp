@@ -1,3 +1,4 @@
+#include "support/LogCapture.h"
 #include "ExpressionTestSupport.h"
 
 #include "support/core/Log.h"
@@ -12,6 +13,8 @@
 #include <vector>
 
 namespace {
+
+using cktest::LogCapture;
 
 using namespace kogen;
 using cktest::bound;
@@ -118,8 +121,8 @@ TEST(Functions, LikeRewritesPatternsItsOwnWay)
 // ordinary counted patterns still match.
 TEST(Functions, PatternsThatWouldExplodeGiveNull)
 {
-    std::vector<std::string> lines;
-    auto previous = ko::Log::instance().setSink([&](int, const std::string& line) { lines.push_back(line); });
+    LogCapture log;
+    const std::vector<std::string>& lines = log.lines;
     const QString aaa = QStringLiteral("aaa");
     struct Case { ExpressionHandle e; QVariant expected; };
     const Case cases[] = {
@@ -137,7 +140,6 @@ TEST(Functions, PatternsThatWouldExplodeGiveNull)
     };
     for (const Case& t : cases)
         EXPECT_EQ(t.e->evaluate(), t.expected) << code(t.e);
-    ko::Log::instance().setSink(previous);
     ASSERT_EQ(lines.size(), 4u);
     EXPECT_NE(lines[0].find("[kogen::FunctionExpression::regexp] Pattern too complex: ((a{100}){100}){100}"),
               std::string::npos);
@@ -228,8 +230,8 @@ void printAnswer(QTextStream& out, Expression::PrintStyle, const QString&, const
 
 TEST(Functions, ApplicationsRegisterFunctionsAndPrinters)
 {
-    std::vector<std::string> lines;
-    auto previous = ko::Log::instance().setSink([&](int, const std::string& line) { lines.push_back(line); });
+    LogCapture log;
+    const std::vector<std::string>& lines = log.lines;
 
     EXPECT_FALSE(F::registerFunction("abs", &answer, nullptr, 0, 0));
     EXPECT_EQ(call("abs", {-1}).evaluate(), QVariant(1)) << "the first routine stays";
@@ -248,7 +250,6 @@ TEST(Functions, ApplicationsRegisterFunctionsAndPrinters)
     ASSERT_EQ(lines.size(), 2u);
     EXPECT_NE(lines[1].find("[kogen::FunctionExpression::registerSqlPrintFunction] Function test_unknown not declared."),
               std::string::npos);
-    ko::Log::instance().setSink(previous);
 
     F::FunctionEntry entry;
     ASSERT_TRUE(F::functionEntry(QStringLiteral("like"), &entry));

@@ -2,6 +2,7 @@
 // broke one of its checks. Each row runs its committed file through the
 // library function the target calls and checks the documented outcome.
 
+#include "support/LogCapture.h"
 #include "json/JsonSettings.h"
 #include "json/VariantConversion.h"
 #include "storage/EncryptedSettings.h"
@@ -18,6 +19,8 @@
 
 namespace {
 
+using cktest::LogCapture;
+
 QByteArray input(const std::string& target, const std::string& name)
 {
     QFile file(QStringLiteral(COMMONKIT_FUZZ_DATA "/%1/%2").arg(QString::fromStdString(target), QString::fromStdString(name)));
@@ -33,27 +36,12 @@ std::string rowName(std::string name)
     return name;
 }
 
-// Keeps the log lines written while it lives.
-class LogLines
-{
-public:
-    LogLines() : m_previous(ko::Log::instance().setSink([this](int, const std::string& line) { lines += line + '\n'; })) {}
-    ~LogLines() { ko::Log::instance().setSink(m_previous); }
-    std::string lines;
-
-private:
-    ko::Log::Sink m_previous;
-};
-
 // variantmetatype_fuzz: the bytes as "#qdata" of a tagged object. Qt's own
 // reader reserved room for a list of ~2^31 elements, constructed a QBitmap
 // (which aborts without a GUI application) or took over a second; each image
 // is refused with the documented warning. (A QFont carries such a list of
 // families too.)
-struct MetaTypeRow
-{
-    const char* file;
-};
+struct MetaTypeRow { const char* file; };
 
 class TaggedImage : public ::testing::TestWithParam<MetaTypeRow>
 {
@@ -66,9 +54,9 @@ TEST_P(TaggedImage, IsRefusedWithAWarning)
     tagged.set("#qtype", 127);
     tagged.set("#alt-type-name", "fuzz");
     tagged.set("#qdata", json::Variant(bytes.constData(), static_cast<std::size_t>(bytes.size())));
-    LogLines log;
+    LogCapture log;
     EXPECT_FALSE(qVariant(tagged).isValid());
-    EXPECT_NE(log.lines.find("\"#qdata\" holds no readable value of type fuzz"), std::string::npos) << log.lines;
+    EXPECT_NE(log.text().find("\"#qdata\" holds no readable value of type fuzz"), std::string::npos) << log.text();
 }
 
 INSTANTIATE_TEST_SUITE_P(Fuzz, TaggedImage,
@@ -111,9 +99,9 @@ TEST(FuzzInputs, NamelessTopMemberIsSkippedAndTheRestWritesBack)
     QBuffer device(&file);
     device.open(QIODevice::ReadOnly);
     QMap<QString, QVariant> map;
-    LogLines log;
+    LogCapture log;
     ASSERT_TRUE(readJsonQSettings(device, map, nullptr));
-    EXPECT_NE(log.lines.find("a member without a name at the top has no key; skipped"), std::string::npos);
+    EXPECT_NE(log.text().find("a member without a name at the top has no key; skipped"), std::string::npos);
     EXPECT_FALSE(map.contains(QString()));
     const QStringList expected = {QStringLiteral("888888888888880000011662322688380341817window/ar[a/height"),
                                   QStringLiteral("888888888888880000011662322688380341817window/ar[a/left"),
@@ -152,12 +140,12 @@ TEST(FuzzInputs, HugeListIndexIsSkippedWhenWriting)
     ASSERT_NE(huge, map.keyEnd());
     const QString hugeKey = *huge;
 
-    LogLines log;
+    LogCapture log;
     QByteArray written;
     QBuffer out(&written);
     out.open(QIODevice::WriteOnly);
     ASSERT_TRUE(writeJsonQSettings(out, map, nullptr));
-    EXPECT_NE(log.lines.find("could not locate 888880000/"), std::string::npos) << log.lines;
+    EXPECT_NE(log.text().find("could not locate 888880000/"), std::string::npos) << log.text();
     EXPECT_LT(written.size(), 2 * file.size());
     out.close();
     QBuffer in(&written);

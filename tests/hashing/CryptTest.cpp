@@ -125,11 +125,7 @@ TEST(Crypt, OnlyTheFirstEightCharactersCountAndLatin1CharactersAreBytes)
 {
     SystemCrypt system;
     const std::string latin1 = "M\xfcller-\xe9t\xe9-\xdf\xff"; // Müller-été-ßÿ
-    const struct
-    {
-        std::string password;
-        std::string salt;
-    } cases[] = {
+    const struct { std::string password; std::string salt; } cases[] = {
         {"password", "ab"},
         {"password1", "ab"},
         {"passwordWithAVeryLongTail", "ab"},
@@ -145,8 +141,6 @@ TEST(Crypt, OnlyTheFirstEightCharactersCountAndLatin1CharactersAreBytes)
         const QString salt = QString::fromLatin1(c.salt.c_str());
         const QString hash = ours(salt, password);
         EXPECT_EQ(hash.toStdString(), expected) << c.password;
-        EXPECT_EQ(hash.size(), 13);
-        EXPECT_TRUE(hash.startsWith(salt));
         EXPECT_EQ(hash, ours(salt, password.left(8)));
     }
     // Only the low seven bits of each character reach the key.
@@ -168,11 +162,7 @@ TEST(Crypt, SaltCharactersOutsideTheAlphabetUseTheTraditionalValues)
     // these hashes were made with it from the alphabet character of the same
     // value ('3' for ':', 'U' for '['), and agree with libcrypto's DES_fcrypt
     // given the salt as it stands.
-    const struct
-    {
-        const char* salt;
-        const char* hash;
-    } known[] = {
+    const struct { const char* salt; const char* hash; } known[] = {
         {":x", ":xUi/T4EQ76kg"}, {"Z:", "Z:jBWi2RrhXKA"},
         {";x", ";xd5yuFLrBSCs"}, {"Z;", "Z;VUajP33QY8o"},
         {"<x", "<xx6dmxrv2v6Q"}, {"Z<", "Z<NXAuPCA/qcg"},
@@ -205,24 +195,15 @@ TEST(Crypt, SaltCharactersOutsideTheAlphabetUseTheTraditionalValues)
 TEST(Crypt, AMissingSaltCharacterCountsAsCodeZero)
 {
     const QString full = ours(QStringLiteral("a."), QStringLiteral("secret"));
-    const QString one = ours(QStringLiteral("a"), QStringLiteral("secret"));
-    ASSERT_EQ(one.size(), 13);
-    EXPECT_EQ(one.at(0), QLatin1Char('a'));
-    EXPECT_EQ(one.at(1), QChar(0));
-    EXPECT_EQ(one.mid(2), full.mid(2));
+    EXPECT_EQ(ours(QStringLiteral("a"), QStringLiteral("secret")), QStringLiteral("a") + QChar(0) + full.mid(2));
 
-    const QString none = ours(QString(), QStringLiteral("secret"));
-    ASSERT_EQ(none.size(), 13);
-    EXPECT_EQ(none.left(2), QString(2, QChar(0)));
-    EXPECT_EQ(none.mid(2), ours(QStringLiteral(".."), QStringLiteral("secret")).mid(2));
+    EXPECT_EQ(ours(QString(), QStringLiteral("secret")),
+              QString(2, QChar(0)) + ours(QStringLiteral(".."), QStringLiteral("secret")).mid(2));
 
     char buffer[14];
     memset(buffer, 'x', sizeof buffer);
     ASSERT_EQ(Crypt::crypt_r("secret", "a", buffer), buffer);
-    EXPECT_EQ(buffer[0], 'a');
-    EXPECT_EQ(buffer[1], '\0');
-    EXPECT_EQ(std::string(buffer + 2), full.mid(2).toStdString());
-    EXPECT_EQ(buffer[13], '\0');
+    EXPECT_EQ(QByteArray(buffer, 14), QByteArray("a\0", 2) + full.mid(2).toLatin1() + '\0');
 
     // Null arguments are refused or count as empty, without a crash.
     EXPECT_EQ(Crypt::crypt_r("secret", "ab", nullptr), nullptr);
@@ -274,8 +255,6 @@ TEST(Crypt, GeneratedSalts)
     EXPECT_EQ(other.left(2), first.left(2));
     EXPECT_NE(other, first);
     EXPECT_EQ(first, Crypt::crypt(first.left(2), QStringLiteral("secret")));
-    EXPECT_NE(kSaltAlphabet.find(static_cast<char>(first.at(0).unicode())), std::string::npos);
-    EXPECT_NE(kSaltAlphabet.find(static_cast<char>(first.at(1).unicode())), std::string::npos);
 
     // The time seed of crypt_sll(key): the salt of one of the seconds the
     // call may have seen.
@@ -289,12 +268,7 @@ TEST(Crypt, GeneratedSalts)
 
 TEST(Crypt, To64WritesSixBitsPerCharacterFromTheLowEnd)
 {
-    const struct
-    {
-        long value;
-        int count;
-        const char* expected;
-    } cases[] = {
+    const struct { long value; int count; const char* expected; } cases[] = {
         {0, 2, "aa"},
         {1, 2, "ba"},
         {63, 2, "/a"},
@@ -321,33 +295,22 @@ TEST(Crypt, To64WritesSixBitsPerCharacterFromTheLowEnd)
 
 TEST(Crypt, Md5Digests)
 {
-    const QList<QByteArray> inputs = {
-        QByteArray(), QByteArray("a"), QByteArray("The quick brown fox jumps over the lazy dog"),
-        QByteArray(1000, '\xa5'), QByteArray("M\xfcller"),
-    };
-    for (const QByteArray& input : inputs) {
-        const QByteArray expected = QCryptographicHash::hash(input, QCryptographicHash::Md5);
-        EXPECT_EQ(Crypt::md5(input), expected) << input.toStdString();
-        unsigned char* digest = Crypt::md5_sql(input.constData(), static_cast<unsigned long>(input.size()));
-        ASSERT_NE(digest, nullptr);
-        EXPECT_EQ(QByteArray(reinterpret_cast<const char*>(digest), 16), expected);
+    const auto sqlDigest = [](const char* data, int size) {
+        unsigned char* digest = Crypt::md5_sql(data, static_cast<unsigned long>(size));
+        const QByteArray result = digest ? QByteArray(reinterpret_cast<const char*>(digest), 16) : QByteArray("null");
         std::free(digest);
-    }
-    // md5 stops at the first zero byte; md5_sql takes the length it is given.
+        return result;
+    };
     const QByteArray withZero("abc\0def", 7);
-    EXPECT_EQ(Crypt::md5(withZero), Crypt::md5("abc"));
-    EXPECT_EQ(Crypt::md5(QByteArray("\0abc", 4)), Crypt::md5(QByteArray()));
-    unsigned char* digest = Crypt::md5_sql(withZero.constData(), 7);
-    ASSERT_NE(digest, nullptr);
-    EXPECT_EQ(QByteArray(reinterpret_cast<const char*>(digest), 16),
-              QCryptographicHash::hash(withZero, QCryptographicHash::Md5));
-    std::free(digest);
-    EXPECT_EQ(Crypt::md5_sql(nullptr, 5), nullptr);
-    digest = Crypt::md5_sql(nullptr, 0);
-    ASSERT_NE(digest, nullptr);
-    EXPECT_EQ(QByteArray(reinterpret_cast<const char*>(digest), 16),
-              QCryptographicHash::hash(QByteArray(), QCryptographicHash::Md5));
-    std::free(digest);
+    for (const QByteArray& input : {QByteArray(), QByteArray("The quick brown fox"), QByteArray(1000, '\xa5'), withZero}) {
+        const QByteArray expected = QCryptographicHash::hash(input, QCryptographicHash::Md5);
+        EXPECT_EQ(sqlDigest(input.constData(), input.size()), expected) << input.toStdString();
+        // md5 stops at the first zero byte; md5_sql takes the length it is given.
+        EXPECT_EQ(Crypt::md5(input), QCryptographicHash::hash(input.left(input.indexOf('\0') < 0 ? input.size() : input.indexOf('\0')),
+                                                               QCryptographicHash::Md5));
+    }
+    EXPECT_EQ(sqlDigest(nullptr, 5), QByteArray("null"));
+    EXPECT_EQ(sqlDigest(nullptr, 0), QCryptographicHash::hash(QByteArray(), QCryptographicHash::Md5));
 }
 
 TEST(Crypt, SessionKeyIsTheDigestHa1)
@@ -362,8 +325,6 @@ TEST(Crypt, SessionKeyIsTheDigestHa1)
                                                 QStringLiteral("R\u00e9alm"));
     EXPECT_EQ(key, QString::fromLatin1(
                        QCryptographicHash::hash("J\xfcrgen:R\xe9" "alm:p\xe4ss", QCryptographicHash::Md5).toHex()));
-    EXPECT_EQ(key.size(), 32);
-    EXPECT_EQ(key, key.toLower());
 }
 
 TEST(Crypt, CameraUserAccessLine)

@@ -65,11 +65,7 @@ TEST(HashingTool, Ha1AndAccessLine)
 
 TEST(HashingTool, BadInputGivesOneLineAndNonZeroExit)
 {
-    const struct
-    {
-        QStringList arguments;
-        QByteArray input;
-    } cases[] = {
+    const struct { QStringList arguments; QByteArray input; } cases[] = {
         {args({"crypt"}), {}},
         {args({"crypt", "--salt", "a", "password"}), {}},
         {args({"crypt", "--salt", "a!", "password"}), {}},

@@ -1,6 +1,7 @@
 // QVariant <-> json::Variant: the conversion tables, tagged meta types, and
 // the flat layout against QSettings' own array layout.
 
+#include "support/LogCapture.h"
 #include "json/VariantConversion.h"
 #include "support/core/Log.h"
 #include "support/json/JsonParser.h"
@@ -26,6 +27,8 @@
 
 namespace {
 
+using cktest::LogCapture;
+
 json::Variant parse(const std::string& text)
 {
     json::JsonParser parser;
@@ -49,11 +52,7 @@ QVariant nested(const QVariant& inner)
 TEST(JsonBridge, QtValuesConvertByTheTable)
 {
     const QUuid uuid(QStringLiteral("{0f1e2d3c-4b5a-6978-8796-a5b4c3d2e1f0}"));
-    struct Row
-    {
-        QVariant value;
-        const char* json;
-    };
+    struct Row { QVariant value; const char* json; };
     const Row rows[] = {
         {QVariant(), "null"},
         {true, "true"},
@@ -110,11 +109,7 @@ TEST(JsonBridge, QtValuesConvertByTheTable)
 
 TEST(JsonBridge, JsonValuesConvertByTheTable)
 {
-    struct Row
-    {
-        const char* json;
-        QVariant expected;
-    };
+    struct Row { const char* json; QVariant expected; };
     const Row rows[] = {
         {"null", QVariant()},
         {"true", true},
@@ -169,11 +164,10 @@ TEST(JsonBridge, TypesJsonCannotExpressTravelAsTheirQtStreamImage)
 
 TEST(JsonBridge, NumericFailureGivesZeroAndAWarning)
 {
-    std::vector<std::string> lines;
-    const auto previous = ko::Log::instance().setSink([&](int, const std::string& line) { lines.push_back(line); });
+    LogCapture log;
+    const std::vector<std::string>& lines = log.lines;
     int target = 0;
     const json::Variant converted = jsonVariant(QVariant::fromValue(static_cast<void*>(&target)), true);
-    ko::Log::instance().setSink(previous);
     EXPECT_EQ(converted.toJson(), "0");
     ASSERT_EQ(lines.size(), 1u);
     EXPECT_NE(lines[0].find("[jsonVariant] numeric overflow at: "), std::string::npos) << lines[0];
@@ -222,8 +216,8 @@ TEST(JsonBridge, FlatLayoutIsTheArrayLayoutOfQSettings)
 
 TEST(JsonBridge, FlatMapKeysThatCannotBePlacedAreSkippedWithAWarning)
 {
-    std::vector<std::string> lines;
-    const auto previous = ko::Log::instance().setSink([&](int, const std::string& line) { lines.push_back(line); });
+    LogCapture log;
+    const std::vector<std::string>& lines = log.lines;
     const QMap<QString, QVariant> flat{{QStringLiteral("a"), 1},
                                        {QStringLiteral("a/b"), 2},
                                        {QStringLiteral("font/size"), 12},
@@ -231,7 +225,6 @@ TEST(JsonBridge, FlatMapKeysThatCannotBePlacedAreSkippedWithAWarning)
                                        {QStringLiteral("list/size"), QStringLiteral("many")},
                                        {QStringLiteral("list/9999999"), 1}};
     const json::Variant value = jsonVariantFlat(flat, '/', nullptr, true);
-    ko::Log::instance().setSink(previous);
     EXPECT_EQ(value.toJson(), R"({"a":1,"font":{"size":12},"list":["x"]})");
     ASSERT_EQ(lines.size(), 3u);
     EXPECT_NE(lines[0].find("[jsonVariantFlat] Json - could not locate a/b"), std::string::npos) << lines[0];

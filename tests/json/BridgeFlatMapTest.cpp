@@ -242,12 +242,7 @@ json::Variant parsed(const std::string& text)
 TEST(JsonBridgeFlatMap, SchemaDecidesWhatStaysWhole)
 {
     const std::string types = std::string(k_dataTypesUrl);
-    struct Row
-    {
-        std::string schema;
-        const char* value;
-        QMap<QString, QVariant> flat;
-    };
+    struct Row { std::string schema; const char* value; QMap<QString, QVariant> flat; };
     const Row rows[] = {
         {R"({"$ref": ")" + types + R"(#point"})", R"({"x": 1.0, "y": -2})", {{"m", QPoint(1, -2)}}},
         {R"({"$ref": ")" + types + R"(#point"})", R"({"x": 1.5, "y": 2})", {{"m/x", 1.5}, {"m/y", qlonglong(2)}}},

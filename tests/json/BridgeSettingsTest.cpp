@@ -1,6 +1,7 @@
 // QSettings in JSON files: what the format writes is checked with
 // QJsonDocument, what it reads with QSettings itself.
 
+#include "support/LogCapture.h"
 #include "json/JsonSettings.h"
 #include "json/VariantConversion.h"
 #include "support/core/Log.h"
@@ -20,6 +21,8 @@
 #include <QUuid>
 
 namespace {
+
+using cktest::LogCapture;
 
 const char* const k_schemaUrl = "https://tests.commonkit.invalid/settings.json";
 
@@ -44,22 +47,6 @@ const char* const k_schema = R"json({
       "since": {"type": "string", "format": "date"}}}}
   }
 })json";
-
-// Collects the log lines written while it lives.
-class LogCapture
-{
-public:
-    LogCapture() : m_previous(ko::Log::instance().setSink([this](int, const std::string& line) { lines.push_back(line); })) {}
-    ~LogCapture() { ko::Log::instance().setSink(m_previous); }
-    bool contains(const std::string& text) const
-    {
-        return std::any_of(lines.begin(), lines.end(), [&](const std::string& line) { return line.find(text) != std::string::npos; });
-    }
-    std::vector<std::string> lines;
-
-private:
-    ko::Log::Sink m_previous;
-};
 
 class JsonSettings : public ::testing::Test
 {

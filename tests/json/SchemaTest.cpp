@@ -22,12 +22,7 @@ json::Variant parse(const std::string& text)
 
 // A schema (a document name or a schema text), a value, and whether the value
 // is valid.
-struct Row
-{
-    const char* schema;
-    std::string value;
-    bool valid;
-};
+struct Row { const char* schema; std::string value; bool valid; };
 
 void expectValidation(const Schema::Ptr& schema, const Row& row)
 {
@@ -82,12 +77,7 @@ TEST_F(SchemaTest, AnswersTheConvertersQuestions)
     const Schema::Ptr root = Schema::resolve("https://schemas.example.invalid/settings.json");
     ASSERT_TRUE(root);
     EXPECT_EQ(root->type(), "object");
-    struct Row
-    {
-        const char* key;
-        bool stringList, flatList, date, time, dateTime, uuid, binary;
-        const char* type;
-    };
+    struct Row { const char* key; bool stringList, flatList, date, time, dateTime, uuid, binary; const char* type; };
     const Row rows[] = {
         {"names", true, true, false, false, false, false, false, "array"},
         {"ports", false, true, false, false, false, false, false, "array"},
@@ -132,11 +122,7 @@ TEST_F(SchemaTest, ValidatesWithReferencesAndFormats)
 {
     const Schema::Ptr root = Schema::resolve("https://schemas.example.invalid/settings.json");
     ASSERT_TRUE(root);
-    const struct
-    {
-        const char* value;
-        bool valid;
-    } rows[] = {
+    const struct { const char* value; bool valid; } rows[] = {
         {R"({"names": ["a", "b"], "ports": [1, 2]})", true}, {R"({"names": ["a", 2]})", false},
         {R"({"cams": [{"name": "front"}, {"name": "back"}]})", true}, {R"({"cams": [{"title": "front"}]})", false},
         {R"({"origin": {"x": 1, "y": 2}})", true}, {R"({"origin": {"x": 1}})", false},
@@ -197,8 +183,9 @@ TEST_F(SchemaTest, ValidatesDocumentsWhoseNamesHaveNoSlashes)
     for (const Row& row : rows)
         expectValidation(Schema::resolve(row.schema), row);
 
-    // Each once overflowed the stack.
-    for (const char* text : {R"({"$ref": "b:c"})", R"({"$ref": "b:c#"})", R"({"items": {"$ref": "mem:nothing#/a"}})"}) {
+    // Each of the first three once overflowed the stack.
+    for (const char* text : {R"({"$ref": "b:c"})", R"({"$ref": "b:c#"})", R"({"items": {"$ref": "mem:nothing#/a"}})",
+                             R"({"$ref": "https://nowhere.example.invalid/x.json"})"}) {
         const Schema::Ptr dangling = Schema::fromVariant(parse(text));
         ASSERT_TRUE(dangling) << text;
         std::string error;
@@ -231,12 +218,7 @@ TEST_F(SchemaTest, ReferencesReachTheNodeTheResolverFinds)
 // plain names; "$ref" inside a plain value is data.
 TEST_F(SchemaTest, ResolvesReferencesAgainstTheirBaseUri)
 {
-    const struct
-    {
-        const char* schema;
-        const char* valid;
-        const char* invalid;
-    } rows[] = {
+    const struct { const char* schema; const char* valid; const char* invalid; } rows[] = {
         {R"({"$id": "https://schemas.example.invalid/sub/a.json", "allOf": [{"$ref": "../types.json#point"}]})",
          R"({"x": 1, "y": 2})", R"({"x": 1})"},
         {R"({"allOf": [{"$ref": "https://other.example.invalid/n.json"}],
@@ -408,11 +390,6 @@ TEST_F(SchemaTest, LoadsFilesAndResourcesAndFailsCleanly)
     const Schema::Ptr tree = Schema::fromVariant(parse(R"({"type": "object", "properties": {"child": {"$ref": "#"}}})"));
     EXPECT_TRUE(tree->validate(parse(R"({"child": {"child": {}}})")));
     EXPECT_FALSE(tree->validate(parse(R"({"child": {"child": 3}})")));
-    // A schema that refers to nothing validates nothing, and says so.
-    const Schema::Ptr dangling = Schema::fromVariant(parse(R"({"$ref": "https://nowhere.example.invalid/x.json"})"));
-    ASSERT_TRUE(dangling);
-    EXPECT_FALSE(dangling->validate(json::Variant(1), &error));
-    EXPECT_FALSE(error.empty());
 }
 
 } // namespace

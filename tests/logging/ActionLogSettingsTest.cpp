@@ -118,11 +118,7 @@ TEST_F(ActionLogSettings, DefaultFileLiesUnderTheUserLogDirectory)
 
 TEST_F(ActionLogSettings, SaveWritesTheGroupAndLoadReadsItBack)
 {
-    struct Row
-    {
-        QString custom;
-        QString storedPath;
-    };
+    struct Row { QString custom; QString storedPath; };
     const std::vector<Row> rows = {
         {defaultDir() + QStringLiteral("/other.kol"), QStringLiteral("%LOCALAPPDATA%/other.kol")},
         {dir.filePath(QStringLiteral("elsewhere/x.kol")), dir.filePath(QStringLiteral("elsewhere/x.kol"))},

@@ -1,6 +1,7 @@
 // The action log's file: creation, appending, rollover, switching and
 // recovery, checked against the files as an independent XML parser sees them.
 
+#include "support/TestFiles.h"
 #include "ActionLogSupport.h"
 #include "TestEntries.h"
 
@@ -16,6 +17,9 @@
 
 namespace {
 
+using cktest::readFile;
+using cktest::writeFile;
+
 using cktest::fileEntries;
 using cktest::SignalRecorder;
 using cktest::TestLog;
@@ -24,19 +28,6 @@ using cktest::TextEntry;
 QDateTime at(const char* text)
 {
     return QDateTime::fromString(QString::fromLatin1(text), Qt::ISODate);
-}
-
-QByteArray readFile(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void writeFile(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    file.write(bytes);
 }
 
 QStringList filesIn(const QTemporaryDir& dir)

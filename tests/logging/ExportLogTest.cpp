@@ -44,13 +44,7 @@ TEST(ExportActionLog, TablesClampToTheirLastRow)
 
 TEST(ExportEntries, KindsAreRegisteredWithTheirValuesInOrder)
 {
-    struct Kind
-    {
-        const char* type;
-        QString title;
-        QStringList ids;
-        QStringList names;
-    };
+    struct Kind { const char* type; QString title; QStringList ids; QStringList names; };
     const QStringList range = {"Time", "User", "Text", "Form", "srcP", "dstP", "from", "to  "};
     const QStringList rangeNames = {"Time", "User", "text", "format", "source", "dest", "from", "to"};
     const QStringList text = {"Time", "User", "Text"};

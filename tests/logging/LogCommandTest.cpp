@@ -113,7 +113,6 @@ TEST_F(LogCommandTest, BadArgumentsAndUnknownKinds)
         EXPECT_TRUE(run.err.startsWith("commonkit: log: ")) << run.err.toStdString();
         EXPECT_EQ(run.err.count(QLatin1Char('\n')), 1) << run.err.toStdString();
     }
-    EXPECT_EQ(log({"--help"}).exitCode, 0);
 }
 
 // append, finalize and show --follow on a file in a scratch directory.

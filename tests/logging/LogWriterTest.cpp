@@ -51,12 +51,7 @@ TEST(XMLLogWriter, HeaderIsOneLineWithItsAttributesInOrder)
     EXPECT_EQ(writeDocument({}, false), k_header);
     EXPECT_EQ(writeDocument({}, true), k_header + "</Entries>") << "closed, still one line, no final line feed";
 
-    struct Case
-    {
-        QString app;
-        QString lng;
-        QByteArray extra;
-    };
+    struct Case { QString app; QString lng; QByteArray extra; };
     for (const Case& c : {Case{"2.1", "", " ApplicationVersion=\"2.1\""}, Case{"", "de", " LanguageVersion=\"de\""},
                           Case{"2.1", "de", " ApplicationVersion=\"2.1\" LanguageVersion=\"de\""}}) {
         QBuffer buffer;

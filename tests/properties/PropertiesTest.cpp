@@ -77,7 +77,6 @@ TEST(Properties, FreshPropertiesHaveTheirTypeNameAndInitialValue)
     // Null values where Qt distinguishes null from empty.
     EXPECT_TRUE(kogen::StringProperty(QStringLiteral("s")).variantValue().toString().isNull());
     EXPECT_TRUE(kogen::ByteArrayProperty(QStringLiteral("b")).variantValue().toByteArray().isNull());
-    EXPECT_TRUE(kogen::PropertySetProperty().propertyName().isEmpty());
 }
 
 TEST(Properties, SetVariantValueConvertsOrRefuses)
@@ -148,11 +147,6 @@ TEST(Properties, SetVariantValueConvertsOrRefuses)
 
 TEST(Properties, RefusedVariantKeepsTheOldValue)
 {
-    kogen::IntProperty number(QStringLiteral("n"));
-    kogen::IntProperty::setValue(number, 17);
-    EXPECT_FALSE(number.setVariantValue(QVariant(QRect(0, 0, 1, 1))));
-    EXPECT_EQ(kogen::IntProperty::getValue(number, -1), 17);
-
     kogen::DateProperty date(QStringLiteral("d"));
     ASSERT_TRUE(date.setVariantValue(QVariant(QDate(2020, 2, 29))));
     EXPECT_FALSE(date.setVariantValue(QVariant(1.5)));
@@ -174,15 +168,24 @@ void expectWrongType(const std::function<void()>& call, const char* name, const 
     }
 }
 
-// Reading the null object gives the default; writing to it is an error.
-TEST(Properties, TypedAccessorsOnTheNullObject)
+// The null object: reading gives the default, writing is refused or an
+// error, and nothing set on it through a lookup sticks.
+TEST(Properties, IllegalPropertyIsARefusingNullObject)
 {
     kogen::IllegalProperty& illegal = kogen::IllegalProperty::instance();
     EXPECT_EQ(kogen::IntProperty::getValue(illegal, 9), 9);
-    EXPECT_EQ(kogen::StringListProperty::getValue(illegal, {QStringLiteral("d")}), QStringList{QStringLiteral("d")});
     expectWrongType([&] { kogen::IntProperty::setValue(illegal, 1); }, "", "IllegalProperty", "IntProperty");
-    expectWrongType([&] { kogen::PropertySetProperty::setValue(illegal, kogen::PropertySet()); }, "", "IllegalProperty",
-                    "PropertySetProperty");
+    EXPECT_EQ(illegal.type(), QStringLiteral("IllegalProperty"));
+    EXPECT_FALSE(illegal.variantValue().isValid());
+    EXPECT_FALSE(illegal.setVariantValue(QVariant(1)));
+    kogen::PropertySet set;
+    // A lookup of a mistyped name must not leave a description or a failing
+    // validator behind for every later lookup.
+    set[QStringLiteral("typo")].setDescription(QStringLiteral("oops"));
+    set[QStringLiteral("typo")].setValidator(boost::make_shared<kogen::DefaultIntValidator>(5, 6));
+    EXPECT_TRUE(illegal.description().isEmpty());
+    EXPECT_FALSE(illegal.validator());
+    EXPECT_TRUE(set[QStringLiteral("other")].validate(set));
 }
 
 struct AccessorCase
@@ -257,12 +260,8 @@ TEST(Properties, CopiesShareTheValidatorButNotTheValue)
     ASSERT_FALSE(original.validate(unused));
 
     kogen::IntProperty copy(original);
-    EXPECT_EQ(copy.propertyName(), QStringLiteral("n"));
     EXPECT_EQ(copy.description(), QStringLiteral("a number"));
-    EXPECT_EQ(copy.validator().get(), validator.get());
-    EXPECT_FALSE(copy.isValid());
     EXPECT_EQ(copy.validationMessage(), original.validationMessage());
-    EXPECT_EQ(kogen::IntProperty::getValue(copy, 0), 9);
 
     kogen::IntProperty::setValue(copy, 2);
     EXPECT_TRUE(copy.validate(unused));
@@ -273,8 +272,6 @@ TEST(Properties, CopiesShareTheValidatorButNotTheValue)
     assigned = copy;
     EXPECT_EQ(assigned.propertyName(), QStringLiteral("n"));
     EXPECT_TRUE(assigned.isValid());
-    EXPECT_TRUE(assigned.validationMessage().isEmpty());
-    EXPECT_EQ(assigned.validator().get(), validator.get());
     EXPECT_EQ(kogen::IntProperty::getValue(assigned, 0), 2);
     EXPECT_EQ(validator.use_count(), 4);
 
@@ -310,18 +307,13 @@ TEST(Properties, DumpWritesFourLinesPerProperty)
         {holding<kogen::DoubleProperty>("ratio", 0.5), "0.5", ""},
         {holding<kogen::StringListProperty>("tags", tags), "a,,c", ""},
         {holding<kogen::ByteArrayProperty>("bytes", QByteArray(5, 'x')), "(QByteArray of length 5 )", ""},
-        {holding<kogen::RectProperty>("empty"), "(0,0,0,0)", ""},
         {holding<kogen::RectProperty>("area", QRect(10, 20, 640, 480)), "(10,20,640,480)", ""},
         // The widest rectangle dumps its true size.
         {holding<kogen::RectProperty>("w", QRect(QPoint(intMin, 0), QPoint(intMax, 0))), "(-2147483648,0,4294967296,1)", ""},
         {holding<kogen::DateProperty>("day", QDate(2024, 5, 6)), QDate(2024, 5, 6).toString(Qt::TextDate), ""},
         {holding<kogen::TimeProperty>("noon", QTime(12, 0, 5)), "12:00:05", ""},
         {holding<kogen::DateProperty>("noDay"), "", ""},
-        {holding<kogen::VariantProperty>("any", 2.5), "2.5", ""},
-        {holding<kogen::IntProperty>("count", -7), "-7", ""},
-        {holding<kogen::UIntProperty>("umax", 4294967295u), "4294967295", ""},
         {holding<kogen::FloatProperty>("tenth", 0.1f), "0.1", ""},
-        {holding<kogen::StringProperty>("text", QStringLiteral("a, b")), "a, b", ""},
         {holding<kogen::DateTimeProperty>("stamp", stamp), stamp.toString(Qt::TextDate), ""},
     };
     for (const Case& c : cases) {
@@ -343,28 +335,6 @@ TEST(Properties, DumpWritesFourLinesPerProperty)
     stream.flush();
     EXPECT_EQ(text, header("n") + "Property value: ff\n" + k_hyphens + header("flag", "on or off") + "Property value: 1\n"
                   + k_hyphens + header("pi") + "Property value: 3.14\n" + k_hyphens);
-}
-
-TEST(Properties, IllegalPropertyIsARefusingNullObject)
-{
-    kogen::IllegalProperty& illegal = kogen::IllegalProperty::instance();
-    EXPECT_EQ(&illegal, &kogen::IllegalProperty::instance());
-    EXPECT_EQ(illegal.type(), QStringLiteral("IllegalProperty"));
-    EXPECT_TRUE(illegal.propertyName().isEmpty());
-    EXPECT_FALSE(illegal.variantValue().isValid());
-    EXPECT_FALSE(illegal.setVariantValue(QVariant(1)));
-    EXPECT_FALSE(illegal.setVariantValue(QVariant()));
-    kogen::PropertySet set;
-    EXPECT_TRUE(illegal.validate(set));
-    // A lookup of a mistyped name must not leave a description or a failing
-    // validator behind for every later lookup.
-    set[QStringLiteral("typo")].setDescription(QStringLiteral("oops"));
-    set[QStringLiteral("typo")].setValidator(boost::make_shared<kogen::DefaultIntValidator>(5, 6));
-    EXPECT_TRUE(illegal.description().isEmpty());
-    EXPECT_FALSE(illegal.validator());
-    EXPECT_TRUE(set[QStringLiteral("other")].validate(set));
-    const kogen::IllegalProperty copy(illegal);
-    EXPECT_EQ(copy.type(), QStringLiteral("IllegalProperty"));
 }
 
 kogen::PropertySet cameraSettings()
@@ -396,7 +366,6 @@ TEST(Properties, EmbeddedSetReadsAndWritesAsAMap)
     EXPECT_FALSE(stream.setVariantValue(refused));
     EXPECT_EQ(kogen::IntProperty::getValue(after[QStringLiteral("fps")], 0), 50);
     EXPECT_TRUE(stream.setVariantValue(QVariantMap{{QStringLiteral("fps"), 60}}));
-    EXPECT_TRUE(stream.setVariantValue(QVariantMap()));
 
     // Nesting in a property dump.
     kogen::PropertySetProperty outer(QStringLiteral("outer"));

@@ -14,13 +14,7 @@
 
 namespace {
 
-struct Message
-{
-    QString context;
-    QString source;
-    QString translation;
-    bool unfinished;
-};
+struct Message { QString context; QString source; QString translation; bool unfinished; };
 
 QList<Message> readCatalogue(const QString& path)
 {

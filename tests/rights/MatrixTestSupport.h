@@ -3,6 +3,7 @@
 // Helpers of the rights tests: log capture, matrices of a given shape and an
 // independent encoder of the "Matrix" text.
 
+#include "support/LogCapture.h"
 #include "rights/FeatureMatrix.h"
 #include "support/core/Log.h"
 
@@ -15,24 +16,11 @@
 
 namespace rightstest {
 
-class CapturedLog
+// The log lines from warnings up.
+class CapturedLog : public cktest::LogCapture
 {
 public:
-    CapturedLog() : m_previousThreshold(ko::Log::instance().threshold())
-    {
-        ko::Log::instance().setThreshold(ko::Log::Warning);
-        m_previous = ko::Log::instance().setSink([this](int, const std::string& line) { lines.push_back(line); });
-    }
-    ~CapturedLog()
-    {
-        ko::Log::instance().setSink(m_previous);
-        ko::Log::instance().setThreshold(m_previousThreshold);
-    }
-    std::vector<std::string> lines;
-
-private:
-    ko::Log::Sink m_previous;
-    int m_previousThreshold;
+    CapturedLog() : cktest::LogCapture(ko::Log::Warning) {}
 };
 
 // A matrix allocated rows x columns with feature groups 0 .. rows - 1 and

@@ -3,6 +3,8 @@
 // and through the tool, with the right key and with a wrong one. Each secret
 // is searched for as it stands, in hexadecimal and in Base64.
 
+#include "support/LogCapture.h"
+#include "support/TestFiles.h"
 #include "storage/EncryptedFile.h"
 #include "storage/EncryptedSettings.h"
 #include "support/core/Log.h"
@@ -21,6 +23,11 @@
 #include <vector>
 
 namespace {
+
+using cktest::LogCapture;
+
+using cktest::readFile;
+using cktest::writeFile;
 
 using ko::EncryptedSettings;
 using ko::crypto::secure_string;
@@ -42,41 +49,6 @@ std::string leaked(const QByteArray& text, const QByteArray& secret)
     return found;
 }
 
-// Every ko::Log line, information included, while it lives.
-class LogCapture
-{
-public:
-    LogCapture() : m_wasInformation(ko::Log::instance().isEnabled(1))
-    {
-        ko::Log::instance().setThreshold(1);
-        m_previous = ko::Log::instance().setSink([this](int, const std::string& line) { m_text += line + "\n"; });
-    }
-    ~LogCapture()
-    {
-        ko::Log::instance().setSink(m_previous);
-        ko::Log::instance().setThreshold(m_wasInformation ? 1 : 2);
-    }
-    QByteArray text() const { return QByteArray::fromStdString(m_text); }
-
-private:
-    bool m_wasInformation;
-    std::string m_text;
-    ko::Log::Sink m_previous;
-};
-
-QByteArray fileBytes(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void put(const QString& path, const QByteArray& data)
-{
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    file.write(data);
-}
-
 // The bytes of every file under `dir` except the key files themselves.
 QByteArray writtenFiles(const QString& dir, const QStringList& keyFiles)
 {
@@ -85,7 +57,7 @@ QByteArray writtenFiles(const QString& dir, const QStringList& keyFiles)
     while (it.hasNext()) {
         const QString path = it.next();
         if (!keyFiles.contains(QFileInfo(path).fileName()))
-            all += fileBytes(path);
+            all += readFile(path);
     }
     return all;
 }
@@ -98,8 +70,8 @@ protected:
         // The tool's own log lines, information included, go to its
         // standard error.
         qputenv("COMMONKIT_LOG_LEVEL", "1");
-        put(path("key"), k_key + "\n");
-        put(path("wrong"), k_wrongKey);
+        writeFile(path("key"), k_key + "\n");
+        writeFile(path("wrong"), k_wrongKey);
     }
     void TearDown() override
     {
@@ -123,7 +95,7 @@ protected:
 TEST_F(Secrets, SettingsKeyStaysOutOfLogsToolOutputAndFiles)
 {
     {
-        LogCapture log;
+        LogCapture log(1); // information included
         for (const QSettings::Format format : {EncryptedSettings::IniFormat, EncryptedSettings::JsonFormat}) {
             const QString file = path(format == EncryptedSettings::IniFormat ? "lib.ini" : "lib.json");
             EncryptedSettings::setEncryptionKey(secure_string(k_key.constData(), static_cast<size_t>(k_key.size())));
@@ -138,8 +110,8 @@ TEST_F(Secrets, SettingsKeyStaysOutOfLogsToolOutputAndFiles)
             EXPECT_EQ(wrong.status(), QSettings::FormatError);
         }
         EncryptedSettings::clearEncryptionKey();
-        EXPECT_TRUE(log.text().contains("[")) << "some lines were logged";
-        expectNoKey(log.text(), "the library's log lines");
+        EXPECT_TRUE(QByteArray::fromStdString(log.text()).contains("[")) << "some lines were logged";
+        expectNoKey(QByteArray::fromStdString(log.text()), "the library's log lines");
     }
 
     const struct { QStringList arguments; int exitCode; } runs[] = {
@@ -154,7 +126,7 @@ TEST_F(Secrets, SettingsKeyStaysOutOfLogsToolOutputAndFiles)
         EXPECT_EQ(result.exitCode != 0, run.exitCode != 0) << command << ": " << result.err.toStdString();
         expectNoKey(result.out.toUtf8() + result.err.toUtf8(), command);
     }
-    EXPECT_TRUE(fileBytes(path("plain.json")).contains("Gate"));
+    EXPECT_TRUE(readFile(path("plain.json")).contains("Gate"));
     expectNoKey(writtenFiles(m_dir.path(), {"key", "wrong"}), "the written files");
 }
 
@@ -162,7 +134,7 @@ TEST_F(Secrets, ContainerKeyStaysOutOfLogsToolOutputAndFiles)
 {
     const QByteArray payload = "payload of the container";
     {
-        LogCapture log;
+        LogCapture log(1); // information included
         ko::EncryptedFile out;
         ASSERT_TRUE(out.create(QFileInfo(path("lib.box")), secure_string(k_key.constData(), static_cast<size_t>(k_key.size())), 6));
         ASSERT_EQ(out.write(payload), payload.size());
@@ -176,10 +148,10 @@ TEST_F(Secrets, ContainerKeyStaysOutOfLogsToolOutputAndFiles)
         EXPECT_FALSE(in.errorString().isEmpty());
         expectNoKey(in.errorString().toUtf8(), "the error text");
         in.close();
-        expectNoKey(log.text(), "the library's log lines");
+        expectNoKey(QByteArray::fromStdString(log.text()), "the library's log lines");
     }
 
-    put(path("input.bin"), payload);
+    writeFile(path("input.bin"), payload);
     const struct { QStringList arguments; int exitCode; } runs[] = {
         {{"create", path("input.bin"), path("tool.box"), "--key-file", path("key"), "--compress", "6"}, 0},
         {{"info", path("tool.box")}, 0},
@@ -193,8 +165,8 @@ TEST_F(Secrets, ContainerKeyStaysOutOfLogsToolOutputAndFiles)
         EXPECT_EQ(result.exitCode != 0, run.exitCode != 0) << command << ": " << result.err.toStdString();
         expectNoKey(result.out.toUtf8() + result.err.toUtf8(), command);
     }
-    EXPECT_EQ(fileBytes(path("out.bin")), payload);
-    EXPECT_EQ(fileBytes(path("lib.bin")), payload);
+    EXPECT_EQ(readFile(path("out.bin")), payload);
+    EXPECT_EQ(readFile(path("lib.bin")), payload);
     expectNoKey(writtenFiles(m_dir.path(), {"key", "wrong"}), "the written files");
 }
 

@@ -1,3 +1,4 @@
+#include "support/TestFiles.h"
 #include "storage/EncryptedSettings.h"
 #include "support/ReferenceDecrypt.h"
 #include "support/json/JsonParser.h"
@@ -23,6 +24,9 @@
 
 namespace {
 
+using cktest::readFile;
+using cktest::writeFile;
+
 using ko::EncryptedSettings;
 using ko::crypto::secure_string;
 using SettingsMap = QMap<QString, QVariant>;
@@ -35,19 +39,6 @@ QByteArray bytesOf(const secure_string& s)
 QByteArray sha256(const QByteArray& data)
 {
     return QCryptographicHash::hash(data, QCryptographicHash::Sha256);
-}
-
-QByteArray fileBytes(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void writeFile(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    ASSERT_EQ(file.write(bytes), bytes.size());
 }
 
 // The settings every test writes: nested keys and values of several types.
@@ -101,12 +92,7 @@ json::Variant parseJson(const char* text)
     return parser.parseComplete();
 }
 
-struct Form
-{
-    const char* name;
-    QSettings::Format format;
-    const char* extension;
-};
+struct Form { const char* name; QSettings::Format format; const char* extension; };
 
 const Form k_forms[] = {{"binary map", EncryptedSettings::IniFormat, "ini"},
                         {"JSON", EncryptedSettings::JsonFormat, "json"}};
@@ -155,13 +141,13 @@ protected:
     QSettings::Status read(const QString& file, QSettings::Format format, SettingsMap* values)
     {
         const QString copy = path(QStringLiteral("read%1.%2").arg(++m_reads).arg(QFileInfo(file).suffix()));
-        writeFile(copy, fileBytes(file));
+        writeFile(copy, readFile(file));
         QSettings settings(copy, format);
         values->clear();
         for (const QString& key : settings.allKeys())
             values->insert(key, settings.value(key));
         const QSettings::Status status = settings.status();
-        EXPECT_EQ(fileBytes(copy), fileBytes(file)) << "reading leaves the file as it was";
+        EXPECT_EQ(readFile(copy), readFile(file)) << "reading leaves the file as it was";
         return status;
     }
 
@@ -175,7 +161,7 @@ TEST_F(EncryptedSettingsTest, PlainFilesAreTheDataStreamImageAndJsonText)
         SCOPED_TRACE(form.name);
         const QString file = path(form, "plain");
         write(file, form.format, sampleSettings());
-        const QByteArray bytes = fileBytes(file);
+        const QByteArray bytes = readFile(file);
         if (form.format == EncryptedSettings::IniFormat)
             EXPECT_EQ(bytes, dataStreamImage(sampleSettings()));
         else
@@ -201,7 +187,7 @@ TEST_F(EncryptedSettingsTest, KeyedFilesHoldThePlainContentInTheStreamCipher)
         const QByteArray digest = bytesOf(EncryptedSettings::getFileDigest());
 
         QByteArray decrypted;
-        ASSERT_TRUE(cktest::referenceDecrypt(fileBytes(file), key, decrypted));
+        ASSERT_TRUE(cktest::referenceDecrypt(readFile(file), key, decrypted));
         const bool json = form.format == EncryptedSettings::JsonFormat;
         const QByteArray plain = json ? inflate(decrypted) : decrypted;
         if (json)
@@ -225,7 +211,7 @@ TEST_F(EncryptedSettingsTest, UnreadableFilesFail)
         const QString file = path(form, "guarded");
         EncryptedSettings::setEncryptionKey(secure_string("right key"));
         write(file, form.format, sampleSettings());
-        const QByteArray original = fileBytes(file);
+        const QByteArray original = readFile(file);
 
         struct Case { const char* name; const char* key; int flipAt; };
         const Case cases[] = {
@@ -336,7 +322,7 @@ TEST_F(EncryptedSettingsTest, FurtherExtensionsAndTheSchemaUrlApplyToTheJsonForm
     const QByteArray blob("stored in base64, \xc3\xbc");
     const QString file = path(QStringLiteral("schema.cfg"));
     write(file, format, {{QStringLiteral("blob"), blob}});
-    const QJsonObject root = QJsonDocument::fromJson(fileBytes(file)).object();
+    const QJsonObject root = QJsonDocument::fromJson(readFile(file)).object();
     EXPECT_EQ(root.value(QStringLiteral("blob")).toString(), QString::fromLatin1(blob.toBase64()));
 
     SettingsMap back;
@@ -370,7 +356,7 @@ TEST_F(EncryptedSettingsTest, DocumentedOpensslCommandsDecryptASmallFile)
         SCOPED_TRACE(form.name);
         const QString file = path(form, "small");
         write(file, form.format, sampleSettings());
-        const QByteArray bytes = fileBytes(file);
+        const QByteArray bytes = readFile(file);
 
         const QByteArray derived = openssl({"kdf", "-keylen", "32", "-kdfopt", "digest:SHA256", "-kdfopt", "key:secret",
                                             "-kdfopt", "hexsalt:" + QString::fromLatin1(bytes.mid(1, 16).toHex()),

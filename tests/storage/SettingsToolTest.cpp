@@ -1,5 +1,6 @@
 // The settings subcommand of the commonkit tool.
 
+#include "support/TestFiles.h"
 #include "support/ReferenceDecrypt.h"
 #include "support/ToolRunner.h"
 
@@ -15,22 +16,12 @@
 
 namespace {
 
+using cktest::readFile;
+using cktest::writeFile;
+
 using cktest::runTool;
 using cktest::ToolRun;
 using SettingsMap = QMap<QString, QVariant>;
-
-QByteArray contents(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void put(const QString& path, const QByteArray& data)
-{
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    file.write(data);
-}
 
 ToolRun settings(const QStringList& arguments)
 {
@@ -50,9 +41,9 @@ class SettingsTool : public ::testing::Test
 protected:
     void SetUp() override
     {
-        put(path("key"), "tool secret\n");
-        put(path("other"), "other secret");
-        put(path("wrong"), "not the key");
+        writeFile(path("key"), "tool secret\n");
+        writeFile(path("other"), "other secret");
+        writeFile(path("wrong"), "not the key");
         // A plain QSettings INI file, written by Qt.
         QSettings ini(path("start.conf"), QSettings::IniFormat);
         ini.setValue(QStringLiteral("camera/name"), QStringLiteral("Gate"));
@@ -94,7 +85,7 @@ TEST_F(SettingsTool, ConvertsThroughEveryFormAndShowsEach)
             options << (option.startsWith(QLatin1String("--")) ? option : path(option.toLatin1().constData()));
         const ToolRun run = settings(QStringList{"convert", path(step.in), path(step.out)} + options);
         ASSERT_EQ(run.exitCode, 0) << run.err.toStdString();
-        EXPECT_EQ(contents(path(step.out)).startsWith('\x01'), step.showOut != nullptr);
+        EXPECT_EQ(readFile(path(step.out)).startsWith('\x01'), step.showOut != nullptr);
 
         QStringList showOptions;
         if (step.showOut)
@@ -103,11 +94,11 @@ TEST_F(SettingsTool, ConvertsThroughEveryFormAndShowsEach)
         ASSERT_EQ(show.exitCode, 0) << show.err.toStdString();
         expectStartValues(parsed(show.out));
     }
-    expectStartValues(parsed(QString::fromUtf8(contents(path("plain.json")))));
+    expectStartValues(parsed(QString::fromUtf8(readFile(path("plain.json")))));
 
     // The encrypted map holds the QDataStream image of the keys.
     QByteArray plain;
-    ASSERT_TRUE(cktest::referenceDecrypt(contents(path("keyed.ini")), "tool secret", plain));
+    ASSERT_TRUE(cktest::referenceDecrypt(readFile(path("keyed.ini")), "tool secret", plain));
     QDataStream stream(plain);
     SettingsMap map;
     stream >> map;
@@ -128,11 +119,11 @@ TEST_F(SettingsTool, ConvertsThroughEveryFormAndShowsEach)
 TEST_F(SettingsTool, UnreadableInputsFailInOneLineAndLeaveTheOutputAlone)
 {
     ASSERT_EQ(settings({"convert", path("start.conf"), path("keyed.json"), "--key-file", path("key")}).exitCode, 0);
-    QByteArray flipped = contents(path("keyed.json"));
+    QByteArray flipped = readFile(path("keyed.json"));
     flipped[flipped.size() / 2] = static_cast<char>(flipped[flipped.size() / 2] ^ 1);
-    put(path("flipped.json"), flipped);
-    put(path("broken.json"), "{\"camera\": ");
-    put(path("out.ini"), "existing output");
+    writeFile(path("flipped.json"), flipped);
+    writeFile(path("broken.json"), "{\"camera\": ");
+    writeFile(path("out.ini"), "existing output");
     const QStringList before = files();
 
     const struct { const char* input; const char* keyFile; const char* message; } cases[] = {
@@ -156,13 +147,13 @@ TEST_F(SettingsTool, UnreadableInputsFailInOneLineAndLeaveTheOutputAlone)
             EXPECT_TRUE(run.err.contains(QLatin1String(c.message))) << run.err.toStdString();
         }
     }
-    EXPECT_EQ(contents(path("out.ini")), QByteArray("existing output"));
+    EXPECT_EQ(readFile(path("out.ini")), QByteArray("existing output"));
     EXPECT_EQ(files(), before);
 }
 
 TEST_F(SettingsTool, ShowWarnsAboutValuesBreakingTheSchema)
 {
-    put(path("schema.json"), R"({"type": "object", "properties": {"camera": {"type": "object",
+    writeFile(path("schema.json"), R"({"type": "object", "properties": {"camera": {"type": "object",
         "properties": {"port": {"type": "integer"}}}}})");
     const ToolRun run = settings({"show", path("start.conf"), "--schema", path("schema.json")});
     EXPECT_EQ(run.exitCode, 0);

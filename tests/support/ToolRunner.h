@@ -11,12 +11,7 @@
 
 namespace cktest {
 
-struct ToolRun
-{
-    int exitCode;
-    QString out;
-    QString err;
-};
+struct ToolRun { int exitCode; QString out; QString err; };
 
 // Runs commonkit with the arguments, in time zone TZ=timeZone, optionally
 // feeding input on standard input.

@@ -2,6 +2,7 @@
 // shell that starts it) reports the failure and leaves an existing output as
 // it was, with no partial file beside it.
 
+#include "support/TestFiles.h"
 #include <gtest/gtest.h>
 
 #include <QDir>
@@ -11,11 +12,9 @@
 
 namespace {
 
-struct LimitedRun
-{
-    int exitCode;
-    QString err;
-};
+using cktest::writeFile;
+
+struct LimitedRun { int exitCode; QString err; };
 
 // `ulimit -f blocks` (1024-byte blocks in bash), then the tool.
 LimitedRun runLimited(int blocks, const QStringList& arguments, const QString& directory)
@@ -34,13 +33,6 @@ LimitedRun runLimited(int blocks, const QStringList& arguments, const QString& d
             QString::fromUtf8(process.readAllStandardError())};
 }
 
-void writeFile(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
-
 TEST(ToolFaults, AFileSizeLimitLeavesTheOldOutputAndReportsWhy)
 {
     QTemporaryDir dir;
@@ -48,12 +40,7 @@ TEST(ToolFaults, AFileSizeLimitLeavesTheOldOutputAndReportsWhy)
     writeFile(dir.filePath("key"), "a key of some length\n");
     writeFile(dir.filePath("s.conf"), "[camera]\nname=Gate\nport=554\n");
     const QByteArray old = "the good file that stood here";
-    struct Row
-    {
-        QStringList arguments;
-        const char* output;
-        const char* message;
-    };
+    struct Row { QStringList arguments; const char* output; const char* message; };
     const std::vector<Row> rows = {
         {{"container", "create", "big", "out.ckc", "--key-file", "key"}, "out.ckc",
          "commonkit: container create: copying big failed: "},

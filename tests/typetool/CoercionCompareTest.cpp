@@ -12,10 +12,7 @@
 #include <cmath>
 
 // A registered value type with no conversions of its own.
-struct Opaque
-{
-    int id;
-};
+struct Opaque { int id; };
 Q_DECLARE_METATYPE(Opaque)
 
 namespace {
@@ -105,12 +102,7 @@ TEST(TypeToolCoercion, NonNumbersHaveNoNumericTypeButMayShareAnother)
     const TypeToolProbe tool(true, true);
     // The same type, or a Double on either side, decides by the types alone;
     // every other pair without two numbers has no common numeric type.
-    const struct
-    {
-        QVariant left;
-        QVariant right;
-        QVariant::Type expected;
-    } numericRows[] = {
+    const struct { QVariant left; QVariant right; QVariant::Type expected; } numericRows[] = {
         {QStringLiteral("1"), 2, X},
         {2, QStringLiteral("1"), X},
         {QDate(2020, 1, 1), 2, X},
@@ -134,14 +126,7 @@ TEST(TypeToolCoercion, NonNumbersHaveNoNumericTypeButMayShareAnother)
     EXPECT_EQ(tool.coerceOtherTypes(true, QDate(2020, 1, 1)), QVariant::String);
 }
 
-struct CompareRow
-{
-    QVariant left;
-    QVariant right;
-    Flags flags;
-    int sign;
-    bool ok;
-};
+struct CompareRow { QVariant left; QVariant right; Flags flags; int sign; bool ok; };
 
 const Flags kNone{false, false};
 const Flags kRight{false, true};

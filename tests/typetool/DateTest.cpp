@@ -22,11 +22,7 @@ QDateTime utc(int y, int mo, int d, int h = 0, int mi = 0, int s = 0, int ms = 0
 TEST(TypeToolDateScale, EveryKindOfValueOnTheMicrosecondScale)
 {
     const QDateTime moment = utc(2024, 5, 6, 7, 8, 9, 123);
-    const struct
-    {
-        QVariant value;
-        qint64 micros;
-    } rows[] = {
+    const struct { QVariant value; qint64 micros; } rows[] = {
         {1500, 1500000},                                  // milliseconds
         {-1500, -1500000},
         {4000000000u, Q_INT64_C(4000000000000)},
@@ -81,11 +77,7 @@ TEST(TypeToolDateScale, DatesCastToNumbersAndBack)
     // Days become the unsigned count a 64-bit number of the same microseconds
     // gives, over the whole unsigned range: below zero they wrap like a
     // qlonglong, above 2^63 they are not cut short.
-    const struct
-    {
-        double days;
-        QVariant sameCount;
-    } dayRows[] = {
+    const struct { double days; QVariant sameCount; } dayRows[] = {
         {-1.0, qlonglong(-kMicrosPerDay)},
         {-0.5, qlonglong(-kMicrosPerDay / 2)},
         {120000000.0, Q_UINT64_C(10368000000000000000)}, // 2^63 < count < 2^64
@@ -118,11 +110,7 @@ TEST(TypeToolDateScale, NegativeNumbersCastToDatesWrapAsUnsignedFrameTimes)
     // The count is taken as an unsigned frame time, whose seconds wrap as
     // Qt's 32-bit time_t: the instants below were worked out by hand from
     // 2^64 - |count| microseconds.
-    const struct
-    {
-        QVariant value;
-        QDateTime expected;
-    } rows[] = {
+    const struct { QVariant value; QDateTime expected; } rows[] = {
         {-1, utc(2101, 8, 26, 13, 4, 45, 550)},                   // -1000 us
         {-1500, utc(2101, 8, 26, 13, 4, 44, 51)},
         {kIntMin, utc(2101, 8, 1, 16, 33, 21, 903)},
@@ -143,13 +131,7 @@ TEST(TypeToolDateScale, NegativeNumbersCastToDatesWrapAsUnsignedFrameTimes)
 TEST(TypeToolDateArithmetic, AddingAndSubtractingKeepsTheKindWhenItCan)
 {
     const QDate newYear(2020, 1, 1);
-    const struct
-    {
-        bool add;
-        QVariant left;
-        QVariant right;
-        QVariant expected;
-    } rows[] = {
+    const struct { bool add; QVariant left; QVariant right; QVariant expected; } rows[] = {
         {true, newYear, kMicrosPerDay, QDate(2020, 1, 2)},
         {true, newYear, 1000LL, utc(2020, 1, 1, 0, 0, 0, 1)},
         {true, newYear, 1.0, QDate(2020, 1, 2)},

@@ -24,11 +24,7 @@ public:
 
 // The four combinations of the constant flags, in the order (left, right):
 // neither, right only, left only, both.
-struct Flags
-{
-    bool left;
-    bool right;
-};
+struct Flags { bool left; bool right; };
 constexpr Flags kFlagCombos[4] = {{false, false}, {false, true}, {true, false}, {true, true}};
 
 constexpr int kIntMin = std::numeric_limits<int>::min();

@@ -19,10 +19,7 @@ qint64 daysFromCivil(qint64 y, unsigned m, unsigned d)
     return era * 146097 + static_cast<qint64>(doe) - 719468;
 }
 
-struct UtcCase
-{
-    int year, month, day, hour, minute, second, msec;
-};
+struct UtcCase { int year, month, day, hour, minute, second, msec; };
 
 // Across the epoch, leap days, the 2038 signed 32-bit limit and the end of the
 // unsigned 32-bit range.

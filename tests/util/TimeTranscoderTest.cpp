@@ -12,10 +12,7 @@ namespace {
 
 // The local calendar fields of a UTC millisecond count, computed with the C
 // library instead of Qt.
-struct LocalFields
-{
-    int year, month, day, hour, minute, second;
-};
+struct LocalFields { int year, month, day, hour, minute, second; };
 
 LocalFields cLocalFields(qint64 ms)
 {
