@@ -3,8 +3,8 @@
 # with all its cases, and the processes it starts (the tool, the action log
 # writer) traced as well. A run fails when memcheck reports an invalid
 # access, a use of uninitialised memory or a definite leak, or when a test
-# fails. It takes far longer than the plain suite: about an hour on two
-# cores for everything.
+# fails. It takes far longer than the plain suite: about half an hour on two
+# cores after the build (the container tests alone take some 14 minutes).
 #
 #   scripts/valgrind.sh                         every test executable
 #   COMMONKIT_VALGRIND_TESTS='crypto|hashing' scripts/valgrind.sh
