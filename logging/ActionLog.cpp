@@ -2,6 +2,7 @@
 
 #include "logging/ActionLogContextSwitchEntry.h"
 #include "logging/ActionLogException.h"
+#include "logging/LocalTime.h"
 #include "logging/XMLLogReader.h"
 #include "logging/XMLLogWriter.h"
 #include "platform/Platform.h"
@@ -672,7 +673,7 @@ QString ActionLog::backupName(const QString& suffix) const
 
 QDateTime ActionLog::currentDateTime() const
 {
-    return QDateTime::currentDateTime();
+    return currentLocalDateTime();
 }
 
 } // namespace ko

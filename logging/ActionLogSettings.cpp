@@ -11,7 +11,6 @@
 #include <QCoreApplication>
 #include <QMutex>
 #include <QMutexLocker>
-#include <QProcess>
 
 namespace ko {
 namespace {
@@ -73,14 +72,11 @@ QString ActionLog::userName() const
                                            + QLatin1Char(')');
     }
     if (result.isEmpty()) {
-        const QString key = QStringLiteral("USERNAME=");
-        const QStringList environment = QProcess::systemEnvironment();
-        for (const QString& variable : environment) {
-            if (variable.startsWith(key)) {
-                result = variable.mid(key.size()) + QStringLiteral(" (System)");
-                break;
-            }
-        }
+        // The one variable, not a copy of the whole environment: this runs
+        // for every entry logged. Set but empty still names " (System)".
+        const QByteArray name = qgetenv("USERNAME");
+        if (!name.isNull())
+            result = QString::fromLocal8Bit(name) + QStringLiteral(" (System)");
     }
     return result;
 }

@@ -1,5 +1,6 @@
 #include "logging/LogEntry.h"
 
+#include "logging/LocalTime.h"
 #include "logging/LogEntryFactory.h"
 #include "logging/LogWriter.h"
 #include "logging/ProsaLogWriter.h"
@@ -56,7 +57,7 @@ bool fillFits(const QString& text, const QString& value, qint64 budget)
 } // namespace
 
 LogEntry::LogEntry()
-    : m_time(FourChars("Time"), QStringLiteral("Time"), QDateTime::currentDateTime()),
+    : m_time(FourChars("Time"), QStringLiteral("Time"), currentLocalDateTime()),
       m_user(FourChars("User"), QStringLiteral("User"))
 {
     m_values.append(&m_time);
