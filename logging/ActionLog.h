@@ -1,6 +1,7 @@
 #pragma once
 
 #include "logging/LogEntry.h"
+#include "platform/Platform.h"
 #include "support/core/Export.h"
 #include "support/fileutils/FileEncrypt.h"
 
@@ -10,6 +11,8 @@
 #include <QList>
 #include <QObject>
 #include <QString>
+
+#include <string>
 
 class QMutex;
 class QTextStream;
@@ -189,6 +192,8 @@ private:
     XMLLogWriter* m_writer = nullptr;
     QTextStream* m_stream = nullptr;
     FileEncrypt m_file;
+    platform::FileIdentity m_openIdentity; // of m_file, as it was opened
+    std::string m_openPath;                // m_file's name, encoded
     QFileInfo m_fileInfo;
     QFileInfo m_customFileInfo;
     QMutex* m_mutex;

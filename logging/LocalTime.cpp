@@ -1,27 +1,40 @@
 #include "logging/LocalTime.h"
 
+#include "logging/ShortDateTimeFormat.h"
 #include "support/core/QtDeprecated.h"
 
 #include <QLocale>
+
+#include <cstdlib>
+#include <memory>
+#include <string>
 
 namespace ko {
 namespace {
 
 // The TZ variable a result was computed under: a change (qputenv("TZ")
-// followed by tzset()) must not hand out results of the old zone.
-struct ZoneKey
+// followed by tzset()) must not hand out results of the old zone. Read as
+// the C library reads it, without copying it for every call.
+class ZoneKey
 {
-    QByteArray tz;
-    bool set = false;
-
-    static ZoneKey current()
+public:
+    bool isCurrent() const
     {
-        ZoneKey key;
-        key.tz = qgetenv("TZ");
-        key.set = !key.tz.isNull();
-        return key;
+        const char* tz = std::getenv("TZ");
+        return m_known && (tz ? m_set && m_tz == tz : !m_set);
     }
-    bool operator==(const ZoneKey& other) const { return set == other.set && tz == other.tz; }
+    void update()
+    {
+        const char* tz = std::getenv("TZ");
+        m_set = tz != nullptr;
+        m_tz = tz ? tz : "";
+        m_known = true;
+    }
+
+private:
+    std::string m_tz;
+    bool m_set = false;
+    bool m_known = false;
 };
 
 #if defined(__GLIBC__)
@@ -49,39 +62,70 @@ QDateTime currentLocalDateTime()
     thread_local ZoneKey lastZone;
     thread_local QDateTime last;
     const qint64 now = QDateTime::currentMSecsSinceEpoch();
-    const ZoneKey zone = ZoneKey::current();
-    if (now != lastMSecs || !(zone == lastZone)) {
+    if (now != lastMSecs || !lastZone.isCurrent()) {
+        lastZone.update();
         last = QDateTime::fromMSecsSinceEpoch(now, Qt::LocalTime);
         lastMSecs = now;
-        lastZone = zone;
     }
     return last;
 }
 
+namespace {
+
+// The system locale's short format, prepared for the thread, again when the
+// locale's format changed.
+const ShortDateTimeFormat& shortFormat(const QString& format)
+{
+    thread_local std::unique_ptr<ShortDateTimeFormat> prepared;
+    if (!prepared || prepared->format() != format)
+        prepared = std::make_unique<ShortDateTimeFormat>();
+    return *prepared;
+}
+
+} // namespace
+
+QString localShortDateTimeToString(const QDateTime& value)
+{
+    QString text;
+    if (shortFormat(QLocale::system().dateTimeFormat(QLocale::ShortFormat)).toString(value, &text))
+        return text;
+    COMMONKIT_DEPRECATED_BEGIN
+    return value.toString(Qt::SystemLocaleShortDate);
+    COMMONKIT_DEPRECATED_END
+}
+
 QDateTime localShortDateTimeFromString(const QString& text)
 {
-    // The short format has minutes, so the entries of a log mostly repeat a
-    // few texts; keep the last few results.
+    // Entries logged in the same second repeat their texts: keep the last
+    // few results. Others mostly take the quick parser.
     struct Parsed
     {
         QString text;
-        QString format;
-        ZoneKey zone;
         QDateTime value;
     };
     constexpr int k_kept = 8;
     thread_local Parsed kept[k_kept];
     thread_local int next = 0;
+    thread_local QString keptFormat;
+    thread_local ZoneKey keptZone;
     const QString format = QLocale::system().dateTimeFormat(QLocale::ShortFormat);
-    const ZoneKey zone = ZoneKey::current();
+    if (format != keptFormat || !keptZone.isCurrent()) {
+        for (Parsed& parsed : kept)
+            parsed = Parsed();
+        keptFormat = format;
+        keptZone.update();
+    }
     for (const Parsed& parsed : kept) {
-        if (!parsed.text.isNull() && parsed.text == text && parsed.format == format && parsed.zone == zone)
+        if (!parsed.text.isNull() && parsed.text == text)
             return parsed.value;
     }
-    COMMONKIT_DEPRECATED_BEGIN
-    const QDateTime value = QDateTime::fromString(text, Qt::SystemLocaleShortDate);
-    COMMONKIT_DEPRECATED_END
-    kept[next] = Parsed{text, format, zone, value};
+    QDateTime value;
+    if (!shortFormat(format).parse(text, &value)) {
+        COMMONKIT_DEPRECATED_BEGIN
+        value = QDateTime::fromString(text, Qt::SystemLocaleShortDate);
+        COMMONKIT_DEPRECATED_END
+    }
+    kept[next] = Parsed{text, value};
     next = (next + 1) % k_kept;
     return value;
 }

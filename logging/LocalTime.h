@@ -11,12 +11,16 @@ namespace ko {
 // time zone again; with no TZ set, glibc then stats /etc/localtime each time,
 // which dominated reading and writing logs. With glibc the library therefore
 // sets TZ to ":/etc/localtime" (the same zone) as it loads, when TZ is unset.
-// Parsing the locale's format stays slow, so these functions give the same
-// values as the plain Qt calls but keep their last results per thread and
-// reuse them while the input and the TZ variable are unchanged.
+// Writing and parsing the locale's format is slow too, so these functions
+// give the same values as the plain Qt calls, through a quick formatter and
+// parser for the usual formats (ShortDateTimeFormat), and keep their last
+// results per thread while the input and the TZ variable are unchanged.
 
 // QDateTime::currentDateTime(): reused within the same millisecond.
 QDateTime currentLocalDateTime();
+
+// value.toString(Qt::SystemLocaleShortDate).
+QString localShortDateTimeToString(const QDateTime& value);
 
 // QDateTime::fromString(text, Qt::SystemLocaleShortDate): reused for a text
 // parsed recently under the same locale format.

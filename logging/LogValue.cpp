@@ -2,10 +2,6 @@
 
 #include "logging/LocalTime.h"
 
-#include "support/core/QtDeprecated.h"
-
-#include <QLocale>
-
 #include <QTextStream>
 
 namespace ko {
@@ -83,9 +79,7 @@ void TLogValue<QDateTime>::fromString(const QString& text)
 template<>
 QTextStream& TLogValue<QDateTime>::write(QTextStream& stream) const
 {
-    COMMONKIT_DEPRECATED_BEGIN
-    return stream << value.toString(Qt::SystemLocaleShortDate);
-    COMMONKIT_DEPRECATED_END
+    return stream << localShortDateTimeToString(value);
 }
 
 template class TLogValue<int>;

@@ -183,6 +183,7 @@ TEST_F(ActionLogSettings, UserNameFromTheAccessGroupOrTheEnvironment)
         {"Ann", "Admins", "bob", "Ann (Admins)"}, {"Ann", "", "bob", "Ann"},
         {"", "Admins", nullptr, " (Admins)"},     {"", "", "bob", "bob (System)"},
         {nullptr, nullptr, "bob", "bob (System)"}, {nullptr, nullptr, nullptr, ""},
+        {nullptr, nullptr, "", " (System)"},      {nullptr, nullptr, "J\xc3\xb6rg", "J\xc3\xb6rg (System)"},
     };
     const QByteArray saved = qgetenv("USERNAME");
     const bool hadUser = qEnvironmentVariableIsSet("USERNAME");
@@ -203,6 +204,11 @@ TEST_F(ActionLogSettings, UserNameFromTheAccessGroupOrTheEnvironment)
         const auto entries = fileEntries(path);
         ASSERT_EQ(entries.size(), 1);
         EXPECT_EQ(entries[0].contains(QStringLiteral("User")), *row.expected != '\0');
+        // The same log follows a change of the variable.
+        if (!row.user) {
+            qputenv("USERNAME", "carl");
+            EXPECT_EQ(log.userName(), QStringLiteral("carl (System)"));
+        }
     }
     if (hadUser)
         qputenv("USERNAME", saved);
