@@ -109,7 +109,8 @@ def table(runs, contexts, log_mb):
         ratio = theirs / mine if mine > 0 else float("nan")
         mark = "" if target is None or ratio >= target else " (below)"
         goal = "—" if target is None else f"≥ {target:g}"
-        lines.append(f"| {row} | {show_time(mine)} | {show_time(theirs)} | {ratio:.2f}{mark} | {goal} | "
+        shown = f"{ratio:.2f}" if ratio >= 0.1 else f"{ratio:.2g}"
+        lines.append(f"| {row} | {show_time(mine)} | {show_time(theirs)} | {shown}{mark} | {goal} | "
                      f"{data_text(data, runs[ours], log_mb)} |")
     date = next((c["date"] for c in contexts if "date" in c), datetime.datetime.now().isoformat())
     try:
