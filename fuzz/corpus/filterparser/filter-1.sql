@@ -1,0 +1,1 @@
+(a > 2 AND s = 'it''s') OR  NOT a = 7

@@ -1,0 +1,1 @@
+my_field AS m = 'x' AND a*1e+20 > 5000000000

@@ -1,0 +1,1 @@
+a > currentDate() AND lower(trim(s)) = upper(s)

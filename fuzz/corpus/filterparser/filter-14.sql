@@ -1,0 +1,1 @@
+case when a=1 then 2 end + a NOT IN (1, 2) <> a % 2

@@ -1,0 +1,1 @@
+ NOT  NOT a IN (1,b,'x',-3)

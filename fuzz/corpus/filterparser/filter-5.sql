@@ -1,0 +1,1 @@
+CASE a WHEN 1 THEN 'one' WHEN 2 THEN s ELSE 'other' END = s

@@ -1,0 +1,1 @@
+CAST((a+b) AS double) > 2.5 OR CAST(my_field AS int) = 3

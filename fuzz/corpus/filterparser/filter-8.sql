@@ -1,0 +1,1 @@
+abs((a-b)) > 3 AND coalesce(a,b,7) < count(DISTINCT a)

@@ -1,0 +1,1 @@
+((s+'x') LIKE 'a%' ESCAPE '\') AND (s REGEXP 'a.*')
