@@ -3,6 +3,7 @@
 // entry read is described and written out again. Nothing may crash, hang or
 // allocate without bound.
 
+#include "fuzz/FuzzEntry.h"
 #include "logging/LogEntry.h"
 #include "logging/LogEntryFactory.h"
 #include "logging/LogValue.h"
@@ -22,38 +23,13 @@
 
 namespace {
 
-// A kind with a value of every type, so that attributes reach each parser.
-class FuzzEntry : public ko::LogEntry
-{
-public:
-    FuzzEntry() : text("Text", QStringLiteral("text")), number("Numb", QStringLiteral("number")), when("When", QStringLiteral("when"))
-    {
-        append(&text);
-        append(&number);
-        append(&when);
-    }
-    ko::FourChars type() const override { return ko::FourChars("FzzE"); }
-    ko::LogCategory category() const override { return ko::LogCategory(ko::CategoryAlarm); }
-    QString format() const override { return QStringLiteral("%1 %2 %3 %4"); }
-    QString title() const override { return QStringLiteral("Fuzz"); }
-
-    ko::TLogValue<QString> text;
-    ko::TLogValue<int> number;
-    ko::TLogValue<QDateTime> when;
-};
-
 // The same values without a template.
-class PlainEntry : public FuzzEntry
+class PlainEntry : public fuzzsupport::FuzzEntry
 {
 public:
     ko::FourChars type() const override { return ko::FourChars("FzzP"); }
     QString format() const override { return QString(); }
 };
-
-ko::LogEntry* createFuzzEntry()
-{
-    return new FuzzEntry;
-}
 
 ko::LogEntry* createPlainEntry()
 {
@@ -65,7 +41,7 @@ struct Fixture
     Fixture()
     {
         ko::Log::instance().setSink([](int, const std::string&) {});
-        ko::logEntryFactory().registerCreator(ko::FourChars("FzzE"), createFuzzEntry, "Fuzz");
+        fuzzsupport::registerFuzzEntry();
         ko::logEntryFactory().registerCreator(ko::FourChars("FzzP"), createPlainEntry, "Plain");
         file.open();
         file.close();

@@ -11,7 +11,6 @@
 #include <QCoreApplication>
 #include <QMutex>
 #include <QMutexLocker>
-#include <QProcess>
 
 namespace ko {
 namespace {
@@ -113,16 +112,10 @@ QString ActionLog::userName() const
                                      : m_accessGroup->userName() + QStringLiteral(" (") + qualifier
                                            + QLatin1Char(')');
     }
-    if (result.isEmpty()) {
-        const QString key = QStringLiteral("USERNAME=");
-        const QStringList environment = QProcess::systemEnvironment();
-        for (const QString& variable : environment) {
-            if (variable.startsWith(key)) {
-                result = variable.mid(key.size()) + QStringLiteral(" (System)");
-                break;
-            }
-        }
-    }
+    // The first "USERNAME=" of the environment, as getenv finds it; reading
+    // the one variable spares copying the whole environment for every entry.
+    if (result.isEmpty() && qEnvironmentVariableIsSet("USERNAME"))
+        result = qEnvironmentVariable("USERNAME") + QStringLiteral(" (System)");
     return result;
 }
 
