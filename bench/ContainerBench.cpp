@@ -4,10 +4,10 @@
 // through a plain QFile; the JSON parser and printer with QJsonDocument on
 // the same text.
 
-#include "storage/EncryptedFile.h"
-#include "support/crypto/RSAKeyPair.h"
-#include "support/json/JsonParser.h"
-#include "support/json/JsonPrinter.h"
+#include <CommonKit/storage/EncryptedFile.h>
+#include <CommonKit/support/crypto/RSAKeyPair.h>
+#include <CommonKit/support/json/JsonParser.h>
+#include <CommonKit/support/json/JsonPrinter.h>
 
 #include <benchmark/benchmark.h>
 

@@ -5,8 +5,8 @@
 // deflate/inflate with zlib through a 64 KiB buffer. The difference is what
 // the QIODevice layer, buffering and framing cost.
 
-#include "support/compression/ZlibDevice.h"
-#include "support/crypto/IODevice.h"
+#include <CommonKit/support/compression/ZlibDevice.h>
+#include <CommonKit/support/crypto/IODevice.h>
 
 #include <benchmark/benchmark.h>
 

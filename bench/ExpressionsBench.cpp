@@ -1,9 +1,9 @@
 // Evaluation of a typical filter over many records, printing it as SQL and
 // as code, and a stream round trip.
 
-#include "expressions/Expressions.h"
-#include "properties/Properties.h"
-#include "properties/PropertySet.h"
+#include <CommonKit/expressions/Expressions.h>
+#include <CommonKit/properties/Properties.h>
+#include <CommonKit/properties/PropertySet.h>
 
 #include <benchmark/benchmark.h>
 

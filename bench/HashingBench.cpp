@@ -3,8 +3,8 @@
 // and the Blowfish obscuring routine. Run with
 //   build/release/bench/hashing_bench
 
-#include "storage/BlowFish.h"
-#include "storage/Crypt.h"
+#include <CommonKit/storage/BlowFish.h>
+#include <CommonKit/storage/Crypt.h>
 
 #include <benchmark/benchmark.h>
 

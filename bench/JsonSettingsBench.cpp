@@ -4,7 +4,7 @@
 // QSettings keeps a file it has read and reads it again only when its time
 // stamp or size changed, so each iteration moves the time stamp on.
 
-#include "json/JsonSettings.h"
+#include <CommonKit/json/JsonSettings.h>
 
 #include <benchmark/benchmark.h>
 

@@ -5,9 +5,9 @@
 // QXmlStreamReader over the same bytes in the same process: the difference to
 // BM_ReadEntries is what creating and filling the entries costs.
 
-#include "logging/LogEntryFactory.h"
-#include "logging/XMLLogReader.h"
-#include "logging/XMLLogWriter.h"
+#include <CommonKit/logging/LogEntryFactory.h>
+#include <CommonKit/logging/XMLLogReader.h>
+#include <CommonKit/logging/XMLLogWriter.h>
 
 #include <benchmark/benchmark.h>
 

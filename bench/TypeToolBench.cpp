@@ -5,7 +5,7 @@
 // conversion to double for ordering and sums), so the ratio of the two shows
 // what the type rules cost on top of QVariant's own conversions.
 
-#include "properties/TypeTool.h"
+#include <CommonKit/properties/TypeTool.h>
 
 #include <benchmark/benchmark.h>
 

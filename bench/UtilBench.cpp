@@ -3,9 +3,9 @@
 // CTimeTranscoder formats through QDateTime::toString, so it is compared here
 // with a plain QDateTime::toString of the same instants to show that cost.
 
-#include "util/FourChars.h"
-#include "util/TimeFunctions.h"
-#include "util/TimeTranscoder.h"
+#include <CommonKit/util/FourChars.h>
+#include <CommonKit/util/TimeFunctions.h>
+#include <CommonKit/util/TimeTranscoder.h>
 
 #include <benchmark/benchmark.h>
 

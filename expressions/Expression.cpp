@@ -1,10 +1,10 @@
-#include "expressions/Expression.h"
+#include <CommonKit/expressions/Expression.h>
 
-#include "expressions/VariantStream.h"
-#include "properties/BaseProperty.h"
-#include "properties/PropertySet.h"
-#include "properties/TypeTool.h"
-#include "support/core/QtDeprecated.h"
+#include "expressions/VariantStream_p.h"
+#include <CommonKit/properties/BaseProperty.h>
+#include <CommonKit/properties/PropertySet.h>
+#include <CommonKit/properties/TypeTool.h>
+#include <CommonKit/support/core/QtDeprecated.h>
 
 #include <QDataStream>
 #include <QDate>

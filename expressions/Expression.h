@@ -1,6 +1,6 @@
 #pragma once
 
-#include "support/core/Export.h"
+#include <CommonKit/support/core/Export.h>
 
 #include <QFlags>
 #include <QList>
@@ -19,16 +19,16 @@ class BaseProperty;
 class PropertySet;
 class ExpressionHandle;
 
-// One node of an expression tree.
-//
-// Nodes are immutable once they are shared: they are built by value, wrapped
-// into ExpressionHandles and then shared by reference count. A node can be
-// evaluated in memory against a PropertySet, printed as SQL or C-like text,
-// asked for the values of its "?" placeholders, and written to and read from
-// a QDataStream.
-//
-// Evaluation never throws: an invalid QVariant stands for SQL NULL, for a
-// missing property and for a failed operation.
+/// One node of an expression tree.
+///
+/// Nodes are immutable once they are shared: they are built by value, wrapped
+/// into ExpressionHandles and then shared by reference count. A node can be
+/// evaluated in memory against a PropertySet, printed as SQL or C-like text,
+/// asked for the values of its "?" placeholders, and written to and read from
+/// a QDataStream.
+///
+/// Evaluation never throws: an invalid QVariant stands for SQL NULL, for a
+/// missing property and for a failed operation.
 class COMMONKIT_EXPORT Expression : public QSharedData
 {
 public:
@@ -47,42 +47,42 @@ public:
     Expression& operator=(const Expression& other);
     virtual ~Expression();
 
-    // The node's value against the set. Where isConstant is not null it is
-    // set to whether the value is independent of the set.
+    /// The node's value against the set. Where isConstant is not null it is
+    /// set to whether the value is independent of the set.
     virtual QVariant evaluate(const PropertySet& set, bool* isConstant) const = 0;
-    // A new heap copy of this node (children are shared).
+    /// A new heap copy of this node (children are shared).
     virtual Expression* clone() const = 0;
     virtual bool equals(const Expression* other) const = 0;
     virtual void print(QTextStream& out, PrintStyle style) const = 0;
-    // Appends the values of the placeholder constants, in print order.
+    /// Appends the values of the placeholder constants, in print order.
     virtual void collectPlaceholders(QList<QVariant>& out) const;
     virtual bool isEmpty() const = 0;
 
-    // Evaluates against an empty set.
+    /// Evaluates against an empty set.
     QVariant evaluate() const;
     QString toString(PrintStyle style) const;
     QList<QVariant> collectPlaceholders() const;
 
-    // True if both are the same node (or both null), false if one is null,
-    // else a->equals(b).
+    /// True if both are the same node (or both null), false if one is null,
+    /// else a->equals(b).
     static bool equals(const Expression* a, const Expression* b);
 
-    // The stream tag of a node: "class " followed by the qualified class
-    // name, e.g. "class kogen::Comparator".
+    /// The stream tag of a node: "class " followed by the qualified class
+    /// name, e.g. "class kogen::Comparator".
     static QByteArray classTag(const Expression& node);
-    // Registers a prototype for reading nodes of its class. False if the tag
-    // is empty or already registered.
+    /// Registers a prototype for reading nodes of its class. False if the tag
+    /// is empty or already registered.
     static bool registerExpressionClass(ExpressionHandle prototype);
-    // Reads one node (and its children). An unregistered tag gives the empty
-    // list and leaves the body unread. Nesting deeper than
-    // maxReadDepth() marks the stream as corrupt.
+    /// Reads one node (and its children). An unregistered tag gives the empty
+    /// list and leaves the body unread. Nesting deeper than
+    /// maxReadDepth() marks the stream as corrupt.
     static ExpressionHandle readExpression(QDataStream& in);
     static void writeExpression(QDataStream& out, ExpressionHandle expression);
     static int maxReadDepth();
 
-    // Reads a filter in the SQL form that toString(PrintSql) writes into a
-    // tree over the properties of the schema (see FilterParser). Returns a
-    // null handle and sets *error on failure; clears *error on success.
+    /// Reads a filter in the SQL form that toString(PrintSql) writes into a
+    /// tree over the properties of the schema (see FilterParser). Returns a
+    /// null handle and sets *error on failure; clears *error on success.
     static ExpressionHandle parse(const QString& text, const PropertySet& schema, QString* error = nullptr);
 
 protected:
@@ -98,7 +98,7 @@ Q_DECLARE_OPERATORS_FOR_FLAGS(Expression::PrintStyle)
 
 } // namespace kogen
 
-// Detaching a handle copies the node through its virtual clone().
+/// Detaching a handle copies the node through its virtual clone().
 template<>
 inline kogen::Expression* QSharedDataPointer<kogen::Expression>::clone()
 {
@@ -107,26 +107,26 @@ inline kogen::Expression* QSharedDataPointer<kogen::Expression>::clone()
 
 namespace kogen {
 
-// A shared, copy-on-write reference to an expression node. A default handle
-// holds the one shared empty ExpressionList, never null.
+/// A shared, copy-on-write reference to an expression node. A default handle
+/// holds the one shared empty ExpressionList, never null.
 class COMMONKIT_EXPORT ExpressionHandle
 {
 public:
     ExpressionHandle();
     ExpressionHandle(const Expression& expression); // NOLINT: stores a clone
-    // Takes ownership of a heap node.
+    /// Takes ownership of a heap node.
     explicit ExpressionHandle(Expression* node);
     ExpressionHandle(const ExpressionHandle& other) = default;
     ExpressionHandle& operator=(const ExpressionHandle& other) = default;
     ~ExpressionHandle();
 
-    // Same node, or the held nodes are equal.
+    /// Same node, or the held nodes are equal.
     bool equals(ExpressionHandle other) const;
 
     const Expression* operator->() const { return m_node.constData(); }
     const Expression& operator*() const { return *m_node.constData(); }
     const Expression* constData() const { return m_node.constData(); }
-    // Mutable access: clones the node first if it is shared.
+    /// Mutable access: clones the node first if it is shared.
     Expression* data() { return m_node.data(); }
     void detach() { m_node.detach(); }
 
@@ -134,8 +134,8 @@ private:
     QSharedDataPointer<Expression> m_node;
 };
 
-// A constant. Constants flagged as placeholders print as "?" under
-// PrintPlaceholders and are collected by collectPlaceholders().
+/// A constant. Constants flagged as placeholders print as "?" under
+/// PrintPlaceholders and are collected by collectPlaceholders().
 class COMMONKIT_EXPORT ConstExpression : public virtual Expression
 {
 public:
@@ -160,7 +160,7 @@ public:
     const QVariant& value() const { return m_value; }
     bool isPlaceholder() const { return m_placeholder; }
 
-    // Prints a value as a constant in the given style.
+    /// Prints a value as a constant in the given style.
     static void printValue(QTextStream& out, const QVariant& value, PrintStyle style);
 
 protected:
@@ -173,7 +173,7 @@ private:
     bool m_placeholder;
 };
 
-// A named value, looked up in the property set (under the alias first).
+/// A named value, looked up in the property set (under the alias first).
 class COMMONKIT_EXPORT ValueExpression : public virtual Expression
 {
 public:
@@ -203,7 +203,7 @@ private:
     QString m_alias;
 };
 
-// A conversion of its operand to a QVariant type.
+/// A conversion of its operand to a QVariant type.
 class COMMONKIT_EXPORT CastExpression : public Expression
 {
 public:
@@ -244,7 +244,7 @@ COMMONKIT_EXPORT CastExpression toDate(ExpressionHandle operand);
 COMMONKIT_EXPORT CastExpression toTime(ExpressionHandle operand);
 COMMONKIT_EXPORT CastExpression toDateTime(ExpressionHandle operand);
 
-// The common base of nodes with an ordered list of children.
+/// The common base of nodes with an ordered list of children.
 class COMMONKIT_EXPORT Operator : public Expression
 {
 public:
@@ -275,7 +275,7 @@ private:
     QList<ExpressionHandle> m_children;
 };
 
-// A comma-separated list of expressions; evaluates to a QVariantList.
+/// A comma-separated list of expressions; evaluates to a QVariantList.
 class COMMONKIT_EXPORT ExpressionList : public Operator
 {
 public:
@@ -289,9 +289,9 @@ public:
 
     ExpressionList& append(ExpressionHandle child);
     ExpressionList& append(const BaseProperty& property);
-    // A placeholder constant, bound rather than inlined.
+    /// A placeholder constant, bound rather than inlined.
     ExpressionList& append(const QVariant& value);
-    // Every child of the list, one by one.
+    /// Every child of the list, one by one.
     ExpressionList& append(const ExpressionList& list);
 
     ExpressionList& operator<<(ExpressionHandle child) { return append(child); }
@@ -306,7 +306,7 @@ public:
     ExpressionHandle operator[](int index) const;
     int size() const;
 
-    // The one shared empty list held by default handles.
+    /// The one shared empty list held by default handles.
     static ExpressionHandle empty();
 
     using Expression::evaluate;
@@ -320,9 +320,9 @@ COMMONKIT_EXPORT ExpressionList operator<<(const BaseProperty& first, Expression
 COMMONKIT_EXPORT ExpressionList operator<<(ExpressionHandle first, const BaseProperty& second);
 COMMONKIT_EXPORT ExpressionList operator<<(ExpressionHandle first, ExpressionHandle second);
 
-// Writes the tree (Expression::writeExpression).
+/// Writes the tree (Expression::writeExpression).
 COMMONKIT_EXPORT QDataStream& operator<<(QDataStream& out, ExpressionHandle expression);
-// Prints the tree with PrintSql.
+/// Prints the tree with PrintSql.
 COMMONKIT_EXPORT QTextStream& operator<<(QTextStream& out, ExpressionHandle expression);
 
 } // namespace kogen

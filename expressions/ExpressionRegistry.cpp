@@ -1,7 +1,7 @@
 // Fills the process-wide registries when the library loads: the prototypes
 // through which streams are read and the built-in functions.
 
-#include "expressions/Expressions.h"
+#include <CommonKit/expressions/Expressions.h>
 
 namespace kogen {
 namespace {

@@ -2,8 +2,8 @@
 
 // Everything needed to build, evaluate, print, stream and parse expression
 // trees.
-#include "expressions/Expression.h"
-#include "expressions/FilterParser.h"
-#include "expressions/FunctionExpression.h"
-#include "expressions/Membership.h"
-#include "expressions/Operators.h"
+#include <CommonKit/expressions/Expression.h>
+#include <CommonKit/expressions/FilterParser.h>
+#include <CommonKit/expressions/FunctionExpression.h>
+#include <CommonKit/expressions/Membership.h>
+#include <CommonKit/expressions/Operators.h>

@@ -1,8 +1,8 @@
-#include "expressions/FilterParser.h"
+#include <CommonKit/expressions/FilterParser.h>
 
-#include "expressions/FunctionExpression.h"
-#include "expressions/Membership.h"
-#include "expressions/Operators.h"
+#include <CommonKit/expressions/FunctionExpression.h>
+#include <CommonKit/expressions/Membership.h>
+#include <CommonKit/expressions/Operators.h>
 
 #include <QCoreApplication>
 #include <QHash>

@@ -1,10 +1,10 @@
-#include "expressions/FunctionExpression.h"
+#include <CommonKit/expressions/FunctionExpression.h>
 
-#include "expressions/RegExpLimit.h"
+#include "expressions/RegExpLimit_p.h"
 
-#include "properties/PropertySet.h"
-#include "properties/TypeTool.h"
-#include "support/core/Log.h"
+#include <CommonKit/properties/PropertySet.h>
+#include <CommonKit/properties/TypeTool.h>
+#include <CommonKit/support/core/Log.h>
 
 #include <QDataStream>
 #include <QDateTime>

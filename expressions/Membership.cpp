@@ -1,8 +1,8 @@
-#include "expressions/Membership.h"
+#include <CommonKit/expressions/Membership.h>
 
-#include "properties/BaseProperty.h"
-#include "properties/PropertySet.h"
-#include "properties/TypeTool.h"
+#include <CommonKit/properties/BaseProperty.h>
+#include <CommonKit/properties/PropertySet.h>
+#include <CommonKit/properties/TypeTool.h>
 
 #include <QTextStream>
 

@@ -1,15 +1,15 @@
 #pragma once
 
-#include "expressions/Expression.h"
+#include <CommonKit/expressions/Expression.h>
 
 #include <QStringList>
 
 namespace kogen {
 
-// Membership test "x IN (a,b,c)". Always a bool, also for a NULL tested
-// value.
-//
-// Children: [0] the tested value, then the members in insertion order.
+/// Membership test "x IN (a,b,c)". Always a bool, also for a NULL tested
+/// value.
+///
+/// Children: [0] the tested value, then the members in insertion order.
 class COMMONKIT_EXPORT ElementOf : public Operator
 {
 public:
@@ -19,7 +19,7 @@ public:
     ElementOf& operator=(const ElementOf& other);
     ~ElementOf() override;
 
-    // A placeholder constant.
+    /// A placeholder constant.
     ElementOf& append(const QVariant& value);
     ElementOf& append(ExpressionHandle member);
     ElementOf& append(const ExpressionList& members);
@@ -41,13 +41,13 @@ protected:
     ElementOf();
 };
 
-// A value switch: "CASE x WHEN v THEN r ... ELSE d END". With an empty
-// selector the case values are conditions (an if/else chain).
-//
-// Children: [0] the selector, [1] the default result (the empty list for
-// none), then pairs of case value and result in insertion order.
-//
-// Nodes of this class can be written to a stream but not read back.
+/// A value switch: "CASE x WHEN v THEN r ... ELSE d END". With an empty
+/// selector the case values are conditions (an if/else chain).
+///
+/// Children: [0] the selector, [1] the default result (the empty list for
+/// none), then pairs of case value and result in insertion order.
+///
+/// Nodes of this class can be written to a stream but not read back.
 class COMMONKIT_EXPORT SwitchCase : public Operator
 {
 public:
@@ -68,7 +68,7 @@ public:
     void print(QTextStream& out, PrintStyle style) const override;
 };
 
-// "if condition then ... else ...": a SwitchCase with an empty selector.
+/// "if condition then ... else ...": a SwitchCase with an empty selector.
 COMMONKIT_EXPORT SwitchCase ifThen(ExpressionHandle condition, ExpressionHandle then, ExpressionHandle otherwise);
 
 } // namespace kogen

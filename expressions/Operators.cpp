@@ -1,9 +1,9 @@
-#include "expressions/Operators.h"
+#include <CommonKit/expressions/Operators.h>
 
-#include "properties/BaseProperty.h"
-#include "properties/PropertySet.h"
-#include "properties/TypeTool.h"
-#include "support/core/QtDeprecated.h"
+#include <CommonKit/properties/BaseProperty.h>
+#include <CommonKit/properties/PropertySet.h>
+#include <CommonKit/properties/TypeTool.h>
+#include <CommonKit/support/core/QtDeprecated.h>
 
 #include <QDataStream>
 #include <QDateTime>

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "expressions/Expression.h"
+#include <CommonKit/expressions/Expression.h>
 
 namespace kogen {
 
 class TypeTool;
 
-// A comparison of two operands through TypeTool. Values that TypeTool cannot
-// compare give NULL.
+/// A comparison of two operands through TypeTool. Values that TypeTool cannot
+/// compare give NULL.
 class COMMONKIT_EXPORT Comparator : public Operator
 {
 public:
@@ -36,8 +36,8 @@ private:
     CompOp m_op;
 };
 
-// AND / OR over any number of operands. AND ends with NULL at the first
-// operand that is not a boolean; OR skips such operands.
+/// AND / OR over any number of operands. AND ends with NULL at the first
+/// operand that is not a boolean; OR skips such operands.
 class COMMONKIT_EXPORT BooleanOperator : public Operator
 {
 public:
@@ -50,11 +50,11 @@ public:
 
     BoolOp op() const { return m_op; }
 
-    // The empty list for no element, the element itself for one, else one
-    // node of the kind over all elements.
+    /// The empty list for no element, the element itself for one, else one
+    /// node of the kind over all elements.
     static ExpressionHandle join(const ExpressionList& list, BoolOp op);
 
-    // Chaining: an operand joins this node when the kinds match.
+    /// Chaining: an operand joins this node when the kinds match.
     BooleanOperator operator&&(ExpressionHandle right) const;
     BooleanOperator operator||(ExpressionHandle right) const;
     BooleanOperator& operator&=(ExpressionHandle right);
@@ -78,7 +78,7 @@ private:
     BoolOp m_op;
 };
 
-// Logical negation; NULL for an operand that is not a boolean.
+/// Logical negation; NULL for an operand that is not a boolean.
 class COMMONKIT_EXPORT NotOperator : public Operator
 {
 public:
@@ -95,8 +95,8 @@ public:
     void print(QTextStream& out, PrintStyle style) const override;
 };
 
-// Arithmetic and bitwise operators, applied left to right over any number of
-// operands.
+/// Arithmetic and bitwise operators, applied left to right over any number of
+/// operands.
 class COMMONKIT_EXPORT NumericOperator : public Operator
 {
 public:
@@ -141,8 +141,8 @@ protected:
     explicit NumericOperator(NumOp op);
     void append(ExpressionHandle child);
     NumericOperator& chain(NumOp op, ExpressionHandle right);
-    // Applies one step to the accumulator; false when TypeTool reports a
-    // failure or the kind is unknown.
+    /// Applies one step to the accumulator; false when TypeTool reports a
+    /// failure or the kind is unknown.
     static bool apply(QVariant& accumulator, bool& accumulatorIsConstant, qint32 op, const QVariant& value,
                       bool valueIsConstant);
     void write(QDataStream& out) const override;
@@ -152,10 +152,10 @@ private:
     NumOp m_op;
 };
 
-// Negation and the bitwise-not operator. On a number, BitNot yields the
-// operand itself (an exclusive or with 0). In a sort list (PrintOrder) a
-// negated operand prints as "x DESC"; negating a string gives a key that
-// sorts in reverse order.
+/// Negation and the bitwise-not operator. On a number, BitNot yields the
+/// operand itself (an exclusive or with 0). In a sort list (PrintOrder) a
+/// negated operand prints as "x DESC"; negating a string gives a key that
+/// sorts in reverse order.
 class COMMONKIT_EXPORT UnaryOperator : public Operator
 {
 public:
@@ -183,8 +183,8 @@ private:
     UnaryOp m_op;
 };
 
-// Builders. A property becomes its ValueExpression, a QVariant a placeholder
-// constant.
+/// Builders. A property becomes its ValueExpression, a QVariant a placeholder
+/// constant.
 COMMONKIT_EXPORT Comparator operator==(const BaseProperty& left, const BaseProperty& right);
 COMMONKIT_EXPORT Comparator operator==(const BaseProperty& left, const QVariant& right);
 COMMONKIT_EXPORT Comparator operator==(const BaseProperty& left, ExpressionHandle right);

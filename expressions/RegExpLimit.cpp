@@ -1,4 +1,4 @@
-#include "expressions/RegExpLimit.h"
+#include "expressions/RegExpLimit_p.h"
 
 #include <QVector>
 

@@ -1,6 +1,6 @@
-#include "expressions/VariantStream.h"
+#include "expressions/VariantStream_p.h"
 
-#include "expressions/RegExpLimit.h"
+#include "expressions/RegExpLimit_p.h"
 
 #include <QByteArray>
 #include <QByteArrayList>

@@ -7,7 +7,7 @@
 
 #include "fuzz/FuzzEntry.h"
 #include "fuzz/FuzzSupport.h"
-#include "logging/ActionLog.h"
+#include <CommonKit/logging/ActionLog.h>
 
 #include <QDir>
 #include <QFile>

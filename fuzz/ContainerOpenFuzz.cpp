@@ -2,9 +2,9 @@
 // metadata read, its payload read to the end and its signature checked.
 // Nothing may crash, hang or allocate without bound.
 
-#include "storage/EncryptedFile.h"
-#include "support/core/Log.h"
-#include "support/crypto/RSAKeyPair.h"
+#include <CommonKit/storage/EncryptedFile.h>
+#include <CommonKit/support/core/Log.h>
+#include <CommonKit/support/crypto/RSAKeyPair.h>
 
 #include <QFile>
 #include <QTemporaryFile>

@@ -5,7 +5,7 @@
 // may crash, hang or allocate without bound.
 
 #include "fuzz/FuzzSupport.h"
-#include "support/crypto/IODevice.h"
+#include <CommonKit/support/crypto/IODevice.h>
 
 #include <QBuffer>
 

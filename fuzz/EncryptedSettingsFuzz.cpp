@@ -6,8 +6,8 @@
 // hang or allocate without bound.
 
 #include "fuzz/FuzzSupport.h"
-#include "json/JsonSettings.h"
-#include "storage/EncryptedSettings.h"
+#include <CommonKit/json/JsonSettings.h>
+#include <CommonKit/storage/EncryptedSettings.h>
 
 #include <QBuffer>
 

@@ -2,7 +2,7 @@
 // neither crash nor hang nor allocate without bound; whatever it returns is
 // printed, asked for its placeholders, compared and written again.
 
-#include "expressions/Expressions.h"
+#include <CommonKit/expressions/Expressions.h>
 
 #include <QByteArray>
 #include <QDataStream>

@@ -6,9 +6,9 @@
 // allocate without bound.
 
 #include "fuzz/FuzzSupport.h"
-#include "rights/FeatureMatrix.h"
-#include "storage/EncryptedSettings.h"
-#include "storage/Settings.h"
+#include <CommonKit/rights/FeatureMatrix.h>
+#include <CommonKit/storage/EncryptedSettings.h>
+#include <CommonKit/storage/Settings.h>
 
 #include <QFile>
 #include <QTemporaryDir>

@@ -6,8 +6,8 @@
 // - the SQL printed with placeholders holds another number of "?" marks
 //   (outside string literals) than the tree collects values for.
 
-#include "expressions/Expressions.h"
-#include "properties/Properties.h"
+#include <CommonKit/expressions/Expressions.h>
+#include <CommonKit/properties/Properties.h>
 
 #include <QByteArray>
 #include <QString>

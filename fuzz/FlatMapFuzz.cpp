@@ -5,8 +5,8 @@
 // may crash, hang or allocate without bound.
 
 #include "fuzz/FuzzSupport.h"
-#include "json/VariantConversion.h"
-#include "support/json/JsonParser.h"
+#include <CommonKit/json/VariantConversion.h>
+#include <CommonKit/support/json/JsonParser.h>
 
 #include <cstddef>
 #include <cstdint>

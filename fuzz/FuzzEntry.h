@@ -4,9 +4,9 @@
 // value of every type so that the attributes of fuzzed entries reach each
 // value parser.
 
-#include "logging/LogEntry.h"
-#include "logging/LogEntryFactory.h"
-#include "logging/LogValue.h"
+#include <CommonKit/logging/LogEntry.h>
+#include <CommonKit/logging/LogEntryFactory.h>
+#include <CommonKit/logging/LogValue.h>
 
 namespace fuzzsupport {
 

@@ -4,9 +4,9 @@
 // QCoreApplication, the settings schema the JSON targets read with, and a
 // bounded way to drain a device.
 
-#include "support/core/Log.h"
-#include "support/json/JsonParser.h"
-#include "support/json/Schema.h"
+#include <CommonKit/support/core/Log.h>
+#include <CommonKit/support/json/JsonParser.h>
+#include <CommonKit/support/json/Schema.h>
 
 #include <QCoreApplication>
 #include <QIODevice>

@@ -1,8 +1,8 @@
 // libFuzzer target: arbitrary text through the JSON parser, whole and in two
 // pieces; whatever parses must print and parse back to the same value.
 
-#include "support/json/JsonParser.h"
-#include "support/json/JsonPrinter.h"
+#include <CommonKit/support/json/JsonParser.h>
+#include <CommonKit/support/json/JsonPrinter.h>
 
 #include <cstddef>
 #include <cstdint>

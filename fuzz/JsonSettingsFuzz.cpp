@@ -5,7 +5,7 @@
 // must read back. Nothing may crash, hang or allocate without bound.
 
 #include "fuzz/FuzzSupport.h"
-#include "json/JsonSettings.h"
+#include <CommonKit/json/JsonSettings.h>
 
 #include <QBuffer>
 

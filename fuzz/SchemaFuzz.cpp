@@ -7,10 +7,10 @@
 // Schemas whose "$ref"s would load local files are skipped: reading devices
 // such as /dev/stdin is the caller's business, not the parser's.
 
-#include "support/core/Log.h"
-#include "support/json/JsonParser.h"
-#include "support/json/Schema.h"
-#include "support/json/Variant.h"
+#include <CommonKit/support/core/Log.h>
+#include <CommonKit/support/json/JsonParser.h>
+#include <CommonKit/support/json/Schema.h>
+#include <CommonKit/support/json/Variant.h>
 
 #include <cstddef>
 #include <cstdint>

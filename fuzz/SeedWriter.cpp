@@ -11,14 +11,14 @@
 
 #include "fuzz/FuzzEntry.h"
 #include "fuzz/FuzzSupport.h"
-#include "json/JsonSettings.h"
-#include "json/VariantConversion.h"
-#include "logging/ActionLog.h"
-#include "rights/FeatureMatrix.h"
-#include "storage/EncryptedSettings.h"
-#include "storage/Settings.h"
-#include "support/compression/ZlibDevice.h"
-#include "support/crypto/IODevice.h"
+#include <CommonKit/json/JsonSettings.h>
+#include <CommonKit/json/VariantConversion.h>
+#include <CommonKit/logging/ActionLog.h>
+#include <CommonKit/rights/FeatureMatrix.h>
+#include <CommonKit/storage/EncryptedSettings.h>
+#include <CommonKit/storage/Settings.h>
+#include <CommonKit/support/compression/ZlibDevice.h>
+#include <CommonKit/support/crypto/IODevice.h>
 
 #include <QBitArray>
 #include <QBuffer>

@@ -4,7 +4,7 @@
 // may crash, hang or allocate without bound.
 
 #include "fuzz/FuzzSupport.h"
-#include "json/VariantConversion.h"
+#include <CommonKit/json/VariantConversion.h>
 
 #include <cstddef>
 #include <cstdint>

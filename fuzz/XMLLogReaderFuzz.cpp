@@ -4,12 +4,12 @@
 // allocate without bound.
 
 #include "fuzz/FuzzEntry.h"
-#include "logging/LogEntry.h"
-#include "logging/LogEntryFactory.h"
-#include "logging/LogValue.h"
-#include "logging/XMLLogReader.h"
-#include "logging/XMLLogWriter.h"
-#include "support/core/Log.h"
+#include <CommonKit/logging/LogEntry.h>
+#include <CommonKit/logging/LogEntryFactory.h>
+#include <CommonKit/logging/LogValue.h>
+#include <CommonKit/logging/XMLLogReader.h>
+#include <CommonKit/logging/XMLLogWriter.h>
+#include <CommonKit/support/core/Log.h>
 
 #include <QCoreApplication>
 #include <QFile>

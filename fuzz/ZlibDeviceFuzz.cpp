@@ -4,7 +4,7 @@
 // Nothing may crash, hang or allocate without bound.
 
 #include "fuzz/FuzzSupport.h"
-#include "support/compression/ZlibDevice.h"
+#include <CommonKit/support/compression/ZlibDevice.h>
 
 #include <QBuffer>
 

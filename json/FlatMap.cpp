@@ -1,10 +1,10 @@
 // Flat key maps (as QSettings holds them) to and from nested JSON values.
 
-#include "json/VariantConversion.h"
+#include <CommonKit/json/VariantConversion.h>
 
-#include "json/DateTimeForms.h"
-#include "support/core/Log.h"
-#include "support/json/Path.h"
+#include "json/DateTimeForms_p.h"
+#include <CommonKit/support/core/Log.h>
+#include <CommonKit/support/json/Path.h>
 
 #include <QUuid>
 

@@ -1,10 +1,10 @@
-#include "json/JsonSettings.h"
+#include <CommonKit/json/JsonSettings.h>
 
-#include "json/VariantConversion.h"
-#include "support/core/Log.h"
-#include "support/json/Base64.h"
-#include "support/json/JsonParser.h"
-#include "support/json/JsonPrinter.h"
+#include <CommonKit/json/VariantConversion.h>
+#include <CommonKit/support/core/Log.h>
+#include <CommonKit/support/json/Base64.h>
+#include <CommonKit/support/json/JsonParser.h>
+#include <CommonKit/support/json/JsonPrinter.h>
 
 #include <QDebug>
 #include <QFile>

@@ -1,10 +1,10 @@
 // The Qt geometry types as application data types of the JSON library.
 
-#include "json/VariantConversion.h"
+#include <CommonKit/json/VariantConversion.h>
 
-#include "support/core/Log.h"
-#include "support/json/ApplicationDataType.h"
-#include "support/json/JsonParser.h"
+#include <CommonKit/support/core/Log.h>
+#include <CommonKit/support/json/ApplicationDataType.h>
+#include <CommonKit/support/json/JsonParser.h>
 
 #include <QFile>
 #include <QPoint>

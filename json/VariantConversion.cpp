@@ -1,8 +1,8 @@
-#include "json/VariantConversion.h"
+#include <CommonKit/json/VariantConversion.h>
 
-#include "expressions/VariantStream.h"
-#include "json/DateTimeForms.h"
-#include "support/core/Log.h"
+#include "expressions/VariantStream_p.h"
+#include "json/DateTimeForms_p.h"
+#include <CommonKit/support/core/Log.h>
 
 #include <QDataStream>
 #include <QJsonArray>

@@ -1,11 +1,11 @@
-#include "logging/ActionLog.h"
+#include <CommonKit/logging/ActionLog.h>
 
-#include "logging/ActionLogContextSwitchEntry.h"
-#include "logging/ActionLogException.h"
-#include "logging/XMLLogReader.h"
-#include "logging/XMLLogWriter.h"
-#include "platform/Platform.h"
-#include "support/core/Log.h"
+#include <CommonKit/logging/ActionLogContextSwitchEntry.h>
+#include <CommonKit/logging/ActionLogException.h>
+#include <CommonKit/logging/XMLLogReader.h>
+#include <CommonKit/logging/XMLLogWriter.h>
+#include <CommonKit/platform/Platform.h>
+#include <CommonKit/support/core/Log.h>
 
 #include <QCoreApplication>
 #include <QDir>

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "logging/LogEntry.h"
-#include "support/core/Export.h"
-#include "support/crypto/SecureAllocator.h"
-#include "support/fileutils/FileEncrypt.h"
+#include <CommonKit/logging/LogEntry.h>
+#include <CommonKit/support/core/Export.h>
+#include <CommonKit/support/crypto/SecureAllocator.h>
+#include <CommonKit/support/fileutils/FileEncrypt.h>
 
 #include <QDateTime>
 #include <QFileInfo>
@@ -21,68 +21,68 @@ class IAccessGroup;
 class IPersistDestination;
 class XMLLogWriter;
 
-// The process-wide action log: keeps the entries of the current log file in
-// memory for display, appends new entries to the file (see
-// docs/action-log.md for the file's life and docs/action-log-format.md for its
-// bytes), rolls the file over by day, week, month or size, switches to another
-// file on request and reports every failure by signal; no exception reaches
-// the caller.
-//
-// The log starts muted: log() does nothing until mute(false). Every public
-// operation is guarded by one recursive mutex; signals are emitted on the
-// calling thread with that mutex held.
-//
-//     ko::ActionLog* log = ko::ActionLog::getInstance();
-//     log->mute(false);
-//     MyEntry entry;              // a registered LogEntry kind
-//     log->log(entry);            // time and user are stamped into `entry`
+/// The process-wide action log: keeps the entries of the current log file in
+/// memory for display, appends new entries to the file (see
+/// docs/action-log.md for the file's life and docs/action-log-format.md for its
+/// bytes), rolls the file over by day, week, month or size, switches to another
+/// file on request and reports every failure by signal; no exception reaches
+/// the caller.
+///
+/// The log starts muted: log() does nothing until mute(false). Every public
+/// operation is guarded by one recursive mutex; signals are emitted on the
+/// calling thread with that mutex held.
+///
+///     ko::ActionLog* log = ko::ActionLog::getInstance();
+///     log->mute(false);
+///     MyEntry entry;              // a registered LogEntry kind
+///     log->log(entry);            // time and user are stamped into `entry`
 class COMMONKIT_EXPORT ActionLog : public QObject
 {
     Q_OBJECT
 
 public:
-    // Values of splitPolicy(); any other value behaves like NoSplit.
+    /// Values of splitPolicy(); any other value behaves like NoSplit.
     enum ESplitPolicy : int { NoSplit = 0, Daily = 1, Weekly = 2, Monthly = 4, BySize = 8 };
     Q_ENUM(ESplitPolicy)
 
-    // The single instance, created on first call on the default file (whose
-    // directory is created if missing). Safe to call from several threads.
+    /// The single instance, created on first call on the default file (whose
+    /// directory is created if missing). Safe to call from several threads.
     static ActionLog* getInstance();
-    // Destroys the single instance; the next getInstance() makes a new one.
+    /// Destroys the single instance; the next getInstance() makes a new one.
     static void deleteActionLog();
 
-    // A log on the file at path. Nothing is read or opened yet.
+    /// A log on the file at path. Nothing is read or opened yet.
     explicit ActionLog(const QString& path);
     ~ActionLog() override;
     ActionLog(const ActionLog&) = delete;
     ActionLog& operator=(const ActionLog&) = delete;
 
-    // The entries of the current file in file order (owned by the log).
+    /// The entries of the current file in file order (owned by the log).
     int count() const;
-    // The entry at index, or null when out of range.
+    /// The entry at index, or null when out of range.
     LogEntry* entry(int index);
     const LogEntry* entry(int index) const;
 
-    // The translated name "ActionLog".
+    /// The translated name "ActionLog".
     QString name() const;
 
-    // Appends the entry to the file and to the in-memory list. Overwrites the
-    // time and the user of the caller's entry (it is stamped in place).
-    // Failures are reported by the error signals; the entry is then lost.
+    /// Appends the entry to the file and to the in-memory list. Overwrites the
+    /// time and the user of the caller's entry (it is stamped in place).
+    /// Failures are reported by the error signals; the entry is then lost.
     void log(const LogEntry& entry);
-    // Reads the current file into memory, if it exists.
+    /// Reads the current file into memory, if it exists.
     void readLog();
-    // Reads the current file and opens it for appending, if not open yet.
+    /// Reads the current file and opens it for appending, if not open yet.
     void activate();
-    // Logs a context-switch entry into the old and the new file and
-    // continues on newPath.
+    /// Logs a context-switch entry into the old and the new file and
+    /// continues on newPath.
     void switchFileHandle(const QString& newPath);
-    // Continues on another file: clears the in-memory entries and switches,
-    // when info names another file or the credentials changed.
+    /// Continues on another file: clears the in-memory entries and switches,
+    /// when info names another file or the credentials changed.
     void setFileInfo(const QFileInfo& info);
-    // Copies the current file to name (a file name in the current file's
-    // directory; the full path is written back), then removes the current
-    // file. Fails when the current file is not writable or the target exists.
+    /// Copies the current file to name (a file name in the current file's
+    /// directory; the full path is written back), then removes the current
+    /// file. Fails when the current file is not writable or the target exists.
     bool backupFile(QString& name);
 
     void mute(bool muted);
@@ -102,30 +102,30 @@ public:
     void setAppVersion(const QString& version);
     void setLngVersion(const QString& version);
 
-    // Holds a one-byte lock on the open file from the next opening on, so
-    // that a second process cannot use the same file.
+    /// Holds a one-byte lock on the open file from the next opening on, so
+    /// that a second process cannot use the same file.
     void lock();
 
     // --- location, settings and logon (ActionLogSettings.cpp) ---
 
-    // The placeholder that stands for the default file's directory in the
-    // stored path: "%LOCALAPPDATA%".
+    /// The placeholder that stands for the default file's directory in the
+    /// stored path: "%LOCALAPPDATA%".
     static const QString mLocalAppData;
 
-    // <user log dir>/<organization>/<application>/<application>.kol
+    /// <user log dir>/<organization>/<application>/<application>.kol
     static QFileInfo defaultFileInfo();
 
-    // Stores the logon credentials for a custom file; a change makes the next
-    // setFileInfo() reopen the file even on the same path.
+    /// Stores the logon credentials for a custom file; a change makes the next
+    /// setFileInfo() reopen the file even on the same path.
     void setFileUserPassword(const QString& user, const QString& password);
     void fileUserPassword(QString& user, QString& password) const;
 
-    // The user written into every entry: from the access group if set
-    // ("name (qualifier)" or "name"), else "$USERNAME (System)", else empty.
+    /// The user written into every entry: from the access group if set
+    /// ("name (qualifier)" or "name"), else "$USERNAME (System)", else empty.
     QString userName() const;
 
-    // The group "ActionLog" of the destination; a null destination is
-    // ignored.
+    /// The group "ActionLog" of the destination; a null destination is
+    /// ignored.
     void load(IPersistDestination* destination);
     void save(IPersistDestination* destination);
 
@@ -141,31 +141,31 @@ signals:
     void incompatibleHeader();
 
 protected:
-    // Adds an owned entry at the end.
+    /// Adds an owned entry at the end.
     void append(LogEntry* entry);
-    // Writes list as a complete document to path, unless a file exists there.
+    /// Writes list as a complete document to path, unless a file exists there.
     bool backupEntries(QList<LogEntry*>& list, const QString& path);
-    // Removes and deletes the in-memory entries that are in list.
+    /// Removes and deletes the in-memory entries that are in list.
     bool deleteEntries(QList<LogEntry*>& list);
     void removeAllLogEntries();
-    // Reads the file into memory; with a writable mode the file stays open,
-    // positioned after the last complete entry (a partly written entry at
-    // the end is cut off).
+    /// Reads the file into memory; with a writable mode the file stays open,
+    /// positioned after the last complete entry (a partly written entry at
+    /// the end is cut off).
     bool readEntries(QIODevice::OpenMode mode);
     bool open(QFile& file, QIODevice::OpenMode mode);
     bool openForReading(QIODevice::OpenMode mode);
     bool openForWriting();
     void initWriting();
     void close();
-    // Closes a log document for good by appending "</Entries>".
+    /// Closes a log document for good by appending "</Entries>".
     bool finalize(QFile& file);
     bool split();
 
-    // The time stamped into logged entries; the current local date-time.
+    /// The time stamped into logged entries; the current local date-time.
     virtual QDateTime currentDateTime() const;
 
 private:
-    // Takes its first rows and connects under the log's lock.
+    /// Takes its first rows and connects under the log's lock.
     friend class ActionLogModel;
 
     void logLocked(const LogEntry& entry);
@@ -205,7 +205,7 @@ private:
     quint64 m_lockOffset = 1;
 };
 
-// The split policies under the namespace as well: ko::ESplitPolicy.
+/// The split policies under the namespace as well: ko::ESplitPolicy.
 using ESplitPolicy = ActionLog::ESplitPolicy;
 
 } // namespace ko

@@ -1,6 +1,6 @@
-#include "logging/ActionLogContextSwitchEntry.h"
+#include <CommonKit/logging/ActionLogContextSwitchEntry.h>
 
-#include "logging/LogEntryFactory.h"
+#include <CommonKit/logging/LogEntryFactory.h>
 
 namespace ko {
 namespace {

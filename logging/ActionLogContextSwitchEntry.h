@@ -1,14 +1,14 @@
 #pragma once
 
-#include "logging/LogEntry.h"
-#include "support/core/Export.h"
+#include <CommonKit/logging/LogEntry.h>
+#include <CommonKit/support/core/Export.h>
 
 namespace ko {
 
-// The entry the action log writes into both files when it switches from one
-// log file to another (kind "ALog", category "Action log"): "Olif" (named
-// "oldFile") the absolute path of the old file, "Nlif" ("newFile") the new
-// path as given.
+/// The entry the action log writes into both files when it switches from one
+/// log file to another (kind "ALog", category "Action log"): "Olif" (named
+/// "oldFile") the absolute path of the old file, "Nlif" ("newFile") the new
+/// path as given.
 class COMMONKIT_EXPORT ActionLogContextSwitchEntry : public LogEntry
 {
 public:

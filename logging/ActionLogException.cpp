@@ -1,4 +1,4 @@
-#include "logging/ActionLogException.h"
+#include <CommonKit/logging/ActionLogException.h>
 
 namespace ko {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "support/core/Export.h"
+#include <CommonKit/support/core/Export.h>
 
 #include <QByteArray>
 #include <QString>
@@ -9,8 +9,8 @@
 
 namespace ko {
 
-// The failures the action log raises internally and turns into signals at
-// its public entry points. All are copyable and assignable.
+/// The failures the action log raises internally and turns into signals at
+/// its public entry points. All are copyable and assignable.
 class COMMONKIT_EXPORT ActionLogException : public std::exception
 {
 public:
@@ -20,7 +20,7 @@ public:
     ActionLogException& operator=(const ActionLogException&) = default;
 
     QString message() const { return m_message; }
-    // The message in the local 8-bit encoding.
+    /// The message in the local 8-bit encoding.
     const char* what() const noexcept override;
 
 private:
@@ -28,8 +28,8 @@ private:
     QByteArray m_what;
 };
 
-// A file could not be opened (type 1), written (2), backed up (3) or has an
-// invalid header (4).
+/// A file could not be opened (type 1), written (2), backed up (3) or has an
+/// invalid header (4).
 class COMMONKIT_EXPORT ActionLogFileException : public ActionLogException
 {
 public:
@@ -45,7 +45,7 @@ private:
     int m_type;
 };
 
-// The logon under the configured account failed with a system error code.
+/// The logon under the configured account failed with a system error code.
 class COMMONKIT_EXPORT ActionLogImpersonateException : public ActionLogException
 {
 public:
@@ -59,7 +59,7 @@ private:
     int m_error;
 };
 
-// The log file is not well-formed XML at line and column.
+/// The log file is not well-formed XML at line and column.
 class COMMONKIT_EXPORT ActionLogXmlException : public ActionLogException
 {
 public:

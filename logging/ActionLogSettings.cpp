@@ -1,12 +1,12 @@
 // The action log's location, persisted settings, user name and logon.
 
-#include "logging/ActionLog.h"
+#include <CommonKit/logging/ActionLog.h>
 
-#include "logging/ActionLogException.h"
-#include "logging/IAccessGroup.h"
-#include "platform/Platform.h"
-#include "storage/IPersistDestination.h"
-#include "support/fileutils/FileUtils.h"
+#include <CommonKit/logging/ActionLogException.h>
+#include <CommonKit/logging/IAccessGroup.h>
+#include <CommonKit/platform/Platform.h>
+#include <CommonKit/storage/IPersistDestination.h>
+#include <CommonKit/support/fileutils/FileUtils.h>
 
 #include <QCoreApplication>
 #include <QMutex>

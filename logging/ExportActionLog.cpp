@@ -1,8 +1,8 @@
-#include "logging/ExportActionLog.h"
+#include <CommonKit/logging/ExportActionLog.h>
 
-#include "logging/ActionLog.h"
-#include "logging/ExportEntries.h"
-#include "support/core/QtDeprecated.h"
+#include <CommonKit/logging/ActionLog.h>
+#include <CommonKit/logging/ExportEntries.h>
+#include <CommonKit/support/core/QtDeprecated.h>
 
 #include <QCoreApplication>
 #include <QDateTime>

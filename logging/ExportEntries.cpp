@@ -1,6 +1,6 @@
-#include "logging/ExportEntries.h"
+#include <CommonKit/logging/ExportEntries.h>
 
-#include "logging/LogEntryFactory.h"
+#include <CommonKit/logging/LogEntryFactory.h>
 
 namespace ko {
 namespace {

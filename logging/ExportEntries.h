@@ -1,29 +1,29 @@
 #pragma once
 
-#include "logging/LogEntry.h"
-#include "logging/LogValue.h"
-#include "support/core/Export.h"
+#include <CommonKit/logging/LogEntry.h>
+#include <CommonKit/logging/LogValue.h>
+#include <CommonKit/support/core/Export.h>
 
 #include <QDateTime>
 #include <QString>
 
 namespace ko {
 
-// The action log entries that record exports (see docs/export-log.md). All
-// belong to the category "Export" and have the template "%1", which the
-// first own value, the text, fills. The text of a start, written and rename
-// entry is itself a template whose placeholders the further values fill in
-// their order, so the description reads in full.
-//
-// The six kinds are registered in logEntryFactory() when the library is
-// loaded. ExportActionLog::send() makes and logs them.
+/// The action log entries that record exports (see docs/export-log.md). All
+/// belong to the category "Export" and have the template "%1", which the
+/// first own value, the text, fills. The text of a start, written and rename
+/// entry is itself a template whose placeholders the further values fill in
+/// their order, so the description reads in full.
+///
+/// The six kinds are registered in logEntryFactory() when the library is
+/// loaded. ExportActionLog::send() makes and logs them.
 class COMMONKIT_EXPORT ExportEntry : public LogEntry
 {
 public:
     explicit ExportEntry(const QString& text = QString());
 
     LogCategory category() const override;
-    // "%1".
+    /// "%1".
     QString format() const override;
 
     QString text() const { return m_text.value; }
@@ -32,10 +32,10 @@ private:
     TLogValue<QString> m_text; // "Text", "text"
 };
 
-// An export of a format from a source to a destination, over a time span
-// (from and to) or at one time (from only) or without time. The values after
-// the text, in this order: "Form" the untranslated format name, "srcP" the
-// source, "dstP" the destination, "from" and "to  " (t, o and two blanks).
+/// An export of a format from a source to a destination, over a time span
+/// (from and to) or at one time (from only) or without time. The values after
+/// the text, in this order: "Form" the untranslated format name, "srcP" the
+/// source, "dstP" the destination, "from" and "to  " (t, o and two blanks).
 class COMMONKIT_EXPORT ExportRangeEntry : public ExportEntry
 {
 public:
@@ -57,7 +57,7 @@ private:
     TLogValue<QDateTime> m_to;    // "to  ", "to"
 };
 
-// "ExpS": an export started.
+/// "ExpS": an export started.
 class COMMONKIT_EXPORT ExportStartEntry : public ExportRangeEntry
 {
 public:
@@ -67,7 +67,7 @@ public:
     static const char* const k_title; // "Export start"
 };
 
-// "ExpW": an export was written.
+/// "ExpW": an export was written.
 class COMMONKIT_EXPORT ExportWrittenEntry : public ExportRangeEntry
 {
 public:
@@ -77,7 +77,7 @@ public:
     static const char* const k_title; // "Export written"
 };
 
-// "ExpD": an export ended well; the text is the whole message.
+/// "ExpD": an export ended well; the text is the whole message.
 class COMMONKIT_EXPORT ExportDoneEntry : public ExportEntry
 {
 public:
@@ -87,7 +87,7 @@ public:
     static const char* const k_title; // "Export done"
 };
 
-// "ExpA": an export was aborted; the text is the whole message.
+/// "ExpA": an export was aborted; the text is the whole message.
 class COMMONKIT_EXPORT ExportAbortEntry : public ExportEntry
 {
 public:
@@ -97,7 +97,7 @@ public:
     static const char* const k_title; // "Export abort"
 };
 
-// "ExpE": an export failed; the text is the whole message.
+/// "ExpE": an export failed; the text is the whole message.
 class COMMONKIT_EXPORT ExportErrorEntry : public ExportEntry
 {
 public:
@@ -107,9 +107,9 @@ public:
     static const char* const k_title; // "Export error"
 };
 
-// "ExpR": an exported file was renamed. The values after the text, in this
-// order: "path" the folder, "src " (s, r, c and a blank) the old name and
-// "dest" the new one.
+/// "ExpR": an exported file was renamed. The values after the text, in this
+/// order: "path" the folder, "src " (s, r, c and a blank) the old name and
+/// "dest" the new one.
 class COMMONKIT_EXPORT ExportRenameEntry : public ExportEntry
 {
 public:

@@ -1,20 +1,20 @@
 #pragma once
 
-#include "support/core/Export.h"
+#include <CommonKit/support/core/Export.h>
 
 #include <QString>
 
 namespace ko {
 
-// Supplied by the application: who is working, for the user name of action
-// log entries. The log writes "userName (groupName)", or userName alone when
-// groupName is empty.
+/// Supplied by the application: who is working, for the user name of action
+/// log entries. The log writes "userName (groupName)", or userName alone when
+/// groupName is empty.
 class COMMONKIT_EXPORT IAccessGroup
 {
 public:
     virtual QString userName() const = 0;
     virtual QString groupName() const = 0;
-    // Declared after the two operations, which keep the first two slots.
+    /// Declared after the two operations, which keep the first two slots.
     virtual ~IAccessGroup() = default;
 };
 

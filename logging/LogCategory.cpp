@@ -1,6 +1,6 @@
-#include "logging/LogCategory.h"
+#include <CommonKit/logging/LogCategory.h>
 
-#include "logging/LogEntry.h"
+#include <CommonKit/logging/LogEntry.h>
 
 #include <algorithm>
 #include <iterator>

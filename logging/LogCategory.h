@@ -1,6 +1,6 @@
 #pragma once
 
-#include "support/core/Export.h"
+#include <CommonKit/support/core/Export.h>
 
 #include <QList>
 #include <QString>
@@ -18,9 +18,9 @@ constexpr unsigned int categoryCode(const char (&letters)[5])
 }
 } // namespace detail
 
-// The categories of action log entries. Each value is the 32-bit
-// four-character code of its letters (first letter in the most significant
-// byte), so ko::FourChars(CategoryAccess).toString() is "Aces".
+/// The categories of action log entries. Each value is the 32-bit
+/// four-character code of its letters (first letter in the most significant
+/// byte), so ko::FourChars(CategoryAccess).toString() is "Aces".
 enum ELogCategory : unsigned int {
     CategoryNone = detail::categoryCode("    "),
     CategoryAccess = detail::categoryCode("Aces"),
@@ -61,20 +61,20 @@ enum ELogCategory : unsigned int {
     CategorySystem = detail::categoryCode("Syst")
 };
 
-// The category of a log entry: its code and its translated name.
+/// The category of a log entry: its code and its translated name.
 struct COMMONKIT_EXPORT LogCategory
 {
-    // Looks the id up in the category table; an id that is not in the table
-    // becomes CategoryNone with the name "None". The name is translated
-    // (context "ActionLog") with the translator installed at this moment.
+    /// Looks the id up in the category table; an id that is not in the table
+    /// becomes CategoryNone with the name "None". The name is translated
+    /// (context "ActionLog") with the translator installed at this moment.
     LogCategory(ELogCategory id = CategoryNone); // NOLINT: implicit by design
 
-    // The translated names of all categories, "None" included, sorted
-    // case-sensitively.
+    /// The translated names of all categories, "None" included, sorted
+    /// case-sensitively.
     static QStringList categoryNames();
-    // The ids of the category table in table order, CategoryNone first.
+    /// The ids of the category table in table order, CategoryNone first.
     static QList<ELogCategory> categoryIds();
-    // The untranslated name of a table id, or null for an id not in the table.
+    /// The untranslated name of a table id, or null for an id not in the table.
     static const char* untranslatedName(ELogCategory id);
 
     ELogCategory id;

@@ -1,9 +1,9 @@
-#include "logging/LogEntry.h"
+#include <CommonKit/logging/LogEntry.h>
 
-#include "logging/LogEntryFactory.h"
-#include "logging/LogWriter.h"
-#include "logging/ProsaLogWriter.h"
-#include "support/core/Log.h"
+#include <CommonKit/logging/LogEntryFactory.h>
+#include <CommonKit/logging/LogWriter.h>
+#include <CommonKit/logging/ProsaLogWriter.h>
+#include <CommonKit/support/core/Log.h>
 
 #include <QCoreApplication>
 #include <QStringList>

@@ -1,6 +1,6 @@
-#include "logging/LogEntryFactory.h"
+#include <CommonKit/logging/LogEntryFactory.h>
 
-#include "logging/LogEntry.h"
+#include <CommonKit/logging/LogEntry.h>
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "support/core/Export.h"
-#include "util/FourChars.h"
+#include <CommonKit/support/core/Export.h>
+#include <CommonKit/util/FourChars.h>
 
 #include <QMap>
 #include <QStringList>
@@ -12,15 +12,15 @@ namespace ko {
 
 class LogEntry;
 
-// Creates log entries from their type code, for reading files back. The
-// library registers its own kinds when it is loaded; an application registers
-// its kinds the same way, typically from a static initialiser:
-//
-//     LogEntry* createLogonEntry() { return new LogonEntry; }
-//     const bool registered = (ko::logEntryFactory().registerCreator(
-//         "LgOn", createLogonEntry, QT_TRANSLATE_NOOP("ActionLog", "Logon")), true);
-//
-// All operations are safe to call from several threads.
+/// Creates log entries from their type code, for reading files back. The
+/// library registers its own kinds when it is loaded; an application registers
+/// its kinds the same way, typically from a static initialiser:
+///
+///     LogEntry* createLogonEntry() { return new LogonEntry; }
+///     const bool registered = (ko::logEntryFactory().registerCreator(
+///         "LgOn", createLogonEntry, QT_TRANSLATE_NOOP("ActionLog", "Logon")), true);
+///
+/// All operations are safe to call from several threads.
 class COMMONKIT_EXPORT LogEntryFactory
 {
 public:
@@ -31,22 +31,22 @@ public:
     LogEntryFactory& operator=(const LogEntryFactory& other);
     ~LogEntryFactory();
 
-    // Registers (or replaces) the creator and the untranslated display name
-    // of a kind. The name must stay valid as long as the factory (a string
-    // literal).
+    /// Registers (or replaces) the creator and the untranslated display name
+    /// of a kind. The name must stay valid as long as the factory (a string
+    /// literal).
     void registerCreator(const FourChars& type, Creator creator, const char* name);
 
-    // A new entry of the kind (the caller owns it), or null for an unknown
-    // code. Asking for an unknown code registers it with no creator and no
-    // name; it keeps answering null.
+    /// A new entry of the kind (the caller owns it), or null for an unknown
+    /// code. Asking for an unknown code registers it with no creator and no
+    /// name; it keeps answering null.
     LogEntry* create(FourChars type);
 
-    // The translated display names of all registered kinds (context
-    // "ActionLog"), sorted case-sensitively.
+    /// The translated display names of all registered kinds (context
+    /// "ActionLog"), sorted case-sensitively.
     QStringList entryNames() const;
 
-    // The registered codes in numeric order, including codes left by
-    // create() for unknown kinds.
+    /// The registered codes in numeric order, including codes left by
+    /// create() for unknown kinds.
     QList<FourChars> types() const;
 
 private:
@@ -55,7 +55,7 @@ private:
     QMap<FourChars, const char*> m_names;
 };
 
-// The process-wide factory, created on first use.
+/// The process-wide factory, created on first use.
 COMMONKIT_EXPORT LogEntryFactory& logEntryFactory();
 
 } // namespace ko

@@ -1,6 +1,6 @@
-#include "logging/LogValue.h"
+#include <CommonKit/logging/LogValue.h>
 
-#include "support/core/QtDeprecated.h"
+#include <CommonKit/support/core/QtDeprecated.h>
 
 #include <QLocale>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "support/core/Export.h"
-#include "util/FourChars.h"
+#include <CommonKit/support/core/Export.h>
+#include <CommonKit/util/FourChars.h>
 
 #include <QDateTime>
 #include <QString>
@@ -10,29 +10,29 @@ class QTextStream;
 
 namespace ko {
 
-// One named value of a log entry. The id's four letters are the attribute name
-// in the XML file; the name is the readable label of the prose writer.
+/// One named value of a log entry. The id's four letters are the attribute name
+/// in the XML file; the name is the readable label of the prose writer.
 class COMMONKIT_EXPORT LogValue
 {
 public:
     LogValue(const FourChars& id, const QString& name);
     virtual ~LogValue();
 
-    // Whether the value carries anything; the XML writer leaves out values
-    // that are not set.
+    /// Whether the value carries anything; the XML writer leaves out values
+    /// that are not set.
     virtual bool isSet() const = 0;
-    // Parses the text form.
+    /// Parses the text form.
     virtual void fromString(const QString& text) = 0;
-    // Copies the value of another value of the same concrete type; a value of
-    // another type leaves this one unchanged.
+    /// Copies the value of another value of the same concrete type; a value of
+    /// another type leaves this one unchanged.
     virtual void assign(const LogValue& other) = 0;
-    // Writes the text form.
+    /// Writes the text form.
     virtual QTextStream& write(QTextStream& stream) const = 0;
 
     FourChars id() const { return m_id; }
     QString idToString() const { return m_id.toString(); }
     QString name() const { return m_name; }
-    // The text form, as write() produces it.
+    /// The text form, as write() produces it.
     QString toString() const;
 
 protected:
@@ -44,13 +44,13 @@ private:
     QString m_name;
 };
 
-// A log value holding one T. The library provides int, QString and QDateTime:
-//  - int: set when not 0; text in decimal, unparsable text reads as 0;
-//  - QString: set when not empty; the text as it is;
-//  - QDateTime: set when not null; text in the operating system locale's
-//    short date-time format, both ways. That format usually drops seconds and
-//    milliseconds and may use two-digit years, so a written and re-read time
-//    can differ from the original; the files depend on this format.
+/// A log value holding one T. The library provides int, QString and QDateTime:
+///  - int: set when not 0; text in decimal, unparsable text reads as 0;
+///  - QString: set when not empty; the text as it is;
+///  - QDateTime: set when not null; text in the operating system locale's
+///    short date-time format, both ways. That format usually drops seconds and
+///    milliseconds and may use two-digit years, so a written and re-read time
+///    can differ from the original; the files depend on this format.
 template<typename T>
 class COMMONKIT_EXPORT TLogValue : public LogValue
 {

@@ -1,4 +1,4 @@
-#include "logging/LogWriter.h"
+#include <CommonKit/logging/LogWriter.h>
 
 #include <cstring>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "support/core/Export.h"
-#include "support/core/IInterface.h"
+#include <CommonKit/support/core/Export.h>
+#include <CommonKit/support/core/IInterface.h>
 
 #include <QString>
 
@@ -12,9 +12,9 @@ namespace ko {
 class LogEntry;
 class LogValue;
 
-// Turns log entries into text. Expected calling order: writeStartDocument()
-// once, then LogEntry::writeTo() for each entry (start element, one
-// writeAttribute() per value, end element), then writeEndDocument() once.
+/// Turns log entries into text. Expected calling order: writeStartDocument()
+/// once, then LogEntry::writeTo() for each entry (start element, one
+/// writeAttribute() per value, end element), then writeEndDocument() once.
 class COMMONKIT_EXPORT ILogWriter : public IInterface
 {
 public:
@@ -25,8 +25,8 @@ public:
     virtual void writeAttribute(const LogValue& value) = 0;
 };
 
-// The state the writers share: the text stream they write to (not owned) and
-// the document header texts, all empty at first.
+/// The state the writers share: the text stream they write to (not owned) and
+/// the document header texts, all empty at first.
 class COMMONKIT_EXPORT LogWriter : public ILogWriter
 {
 public:
@@ -34,11 +34,11 @@ public:
     LogWriter(const LogWriter&) = default;
     LogWriter& operator=(const LogWriter&) = default;
 
-    // Answers "ko::ILogWriter" and "ko::LogWriter" with this object.
+    /// Answers "ko::ILogWriter" and "ko::LogWriter" with this object.
     void* getInterface(const char* name) override;
     const void* getInterface(const char* name) const override;
 
-    // The name of the log file, written in the document header.
+    /// The name of the log file, written in the document header.
     void setStartDocumentName(const QString& name) { m_startDocumentName = name; }
     QString startDocumentName() const { return m_startDocumentName; }
     void setAppVersion(const QString& version) { m_appVersion = version; }

@@ -1,7 +1,7 @@
-#include "logging/ProsaLogWriter.h"
+#include <CommonKit/logging/ProsaLogWriter.h>
 
-#include "logging/LogEntry.h"
-#include "logging/LogValue.h"
+#include <CommonKit/logging/LogEntry.h>
+#include <CommonKit/logging/LogValue.h>
 
 #include <QTextStream>
 

@@ -1,6 +1,6 @@
-#include "logging/XMLLogReader.h"
+#include <CommonKit/logging/XMLLogReader.h>
 
-#include "logging/LogEntryFactory.h"
+#include <CommonKit/logging/LogEntryFactory.h>
 
 #include <QFile>
 #include <QXmlStreamAttributes>

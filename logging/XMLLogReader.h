@@ -1,8 +1,8 @@
 #pragma once
 
-#include "logging/LogEntry.h"
-#include "logging/LogValue.h"
-#include "support/core/Export.h"
+#include <CommonKit/logging/LogEntry.h>
+#include <CommonKit/logging/LogValue.h>
+#include <CommonKit/support/core/Export.h>
 
 #include <QXmlStreamReader>
 
@@ -10,13 +10,13 @@ class QFile;
 
 namespace ko {
 
-// The entry that stands for a read error of an action log file (kind "XmlP",
-// category "Error"). Its values after time and user: "srcP" (named "source")
-// holds the error text and "errT" (named "error") the file name, then "errL"
-// the line and "errC" the column. With the template
-//     Error '%1' reading action log '%2' in line '%3', column '%4'.
-// the description names the error first and the file second. The user is
-// "Unknown"; the time is the moment the error entry was made.
+/// The entry that stands for a read error of an action log file (kind "XmlP",
+/// category "Error"). Its values after time and user: "srcP" (named "source")
+/// holds the error text and "errT" (named "error") the file name, then "errL"
+/// the line and "errC" the column. With the template
+///     Error '%1' reading action log '%2' in line '%3', column '%4'.
+/// the description names the error first and the file second. The user is
+/// "Unknown"; the time is the moment the error entry was made.
 class COMMONKIT_EXPORT ParseXMLLogEntry : public LogEntry
 {
 public:
@@ -44,47 +44,47 @@ private:
     TLogValue<int> m_column;
 };
 
-// Reads an action log file back into entries, one per readNextLogEntry()
-// call, through logEntryFactory(). A read error does not throw: it comes back
-// as a ParseXMLLogEntry.
-//
-// Typical loop:
-//     XMLLogReader reader(&file);
-//     while (!reader.atEnd() && !reader.hasError()) {
-//         std::unique_ptr<LogEntry> entry(reader.readNextLogEntry());
-//         ...
-//     }
-// A file without its closing "</Entries>" (a live log) ends with a premature
-// end of document, which is not treated as an error.
+/// Reads an action log file back into entries, one per readNextLogEntry()
+/// call, through logEntryFactory(). A read error does not throw: it comes back
+/// as a ParseXMLLogEntry.
+///
+/// Typical loop:
+///     XMLLogReader reader(&file);
+///     while (!reader.atEnd() && !reader.hasError()) {
+///         std::unique_ptr<LogEntry> entry(reader.readNextLogEntry());
+///         ...
+///     }
+/// A file without its closing "</Entries>" (a live log) ends with a premature
+/// end of document, which is not treated as an error.
 class COMMONKIT_EXPORT XMLLogReader : public QXmlStreamReader
 {
 public:
-    // Reads from the file (not owned; opened by the caller). A null file gives
-    // a reader without input.
+    /// Reads from the file (not owned; opened by the caller). A null file gives
+    /// a reader without input.
     explicit XMLLogReader(QFile* file);
     ~XMLLogReader();
     XMLLogReader(const XMLLogReader&) = delete;
     XMLLogReader& operator=(const XMLLogReader&) = delete;
 
-    // A new entry (the caller owns it), a new error entry, or null. Null
-    // means the end of the document, or an "Entry" element of a kind not
-    // registered in the factory (reading goes on with the next call).
-    //
-    // Attributes are taken in document order: "ID" creates the entry; every
-    // other attribute sets the entry's value with the same four-letter id.
-    // Attributes before "ID" are skipped. An attribute the kind has no value
-    // for ends the element: the entry is returned with the values read so
-    // far and the remaining attributes are lost.
+    /// A new entry (the caller owns it), a new error entry, or null. Null
+    /// means the end of the document, or an "Entry" element of a kind not
+    /// registered in the factory (reading goes on with the next call).
+    ///
+    /// Attributes are taken in document order: "ID" creates the entry; every
+    /// other attribute sets the entry's value with the same four-letter id.
+    /// Attributes before "ID" are skipped. An attribute the kind has no value
+    /// for ends the element: the entry is returned with the values read so
+    /// far and the remaining attributes are lost.
     LogEntry* readNextLogEntry();
 
-    // Whether the reader stopped at malformed XML (any error but a premature
-    // end of document).
+    /// Whether the reader stopped at malformed XML (any error but a premature
+    /// end of document).
     bool hasFault() const;
 
-    // The character offset (as characterOffset() counts) just after the last
-    // complete markup read so far: the "Entries" start tag or the end of an
-    // "Entry" element. Reading a file that a crashed writer left with a
-    // partly written entry, everything after this offset is that entry.
+    /// The character offset (as characterOffset() counts) just after the last
+    /// complete markup read so far: the "Entries" start tag or the end of an
+    /// "Entry" element. Reading a file that a crashed writer left with a
+    /// partly written entry, everything after this offset is that entry.
     qint64 endOfLastEntry() const { return m_endOfLastEntry; }
 
 private:

@@ -1,8 +1,8 @@
-#include "logging/XMLLogWriter.h"
+#include <CommonKit/logging/XMLLogWriter.h>
 
-#include "logging/LogEntry.h"
-#include "logging/LogValue.h"
-#include "support/core/Log.h"
+#include <CommonKit/logging/LogEntry.h>
+#include <CommonKit/logging/LogValue.h>
+#include <CommonKit/support/core/Log.h>
 
 #include <QFile>
 #include <QIODevice>

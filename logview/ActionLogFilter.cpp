@@ -1,9 +1,9 @@
-#include "logview/ActionLogFilter.h"
+#include <CommonKit/logview/ActionLogFilter.h>
 
-#include "logging/LogEntry.h"
-#include "logging/LogEntryFactory.h"
-#include "logging/LogValue.h"
-#include "properties/Properties.h"
+#include <CommonKit/logging/LogEntry.h>
+#include <CommonKit/logging/LogEntryFactory.h>
+#include <CommonKit/logging/LogValue.h>
+#include <CommonKit/properties/Properties.h>
 
 #include <memory>
 

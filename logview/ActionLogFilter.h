@@ -1,8 +1,8 @@
 #pragma once
 
-#include "expressions/Expression.h"
-#include "properties/PropertySet.h"
-#include "support/core/Export.h"
+#include <CommonKit/expressions/Expression.h>
+#include <CommonKit/properties/PropertySet.h>
+#include <CommonKit/support/core/Export.h>
 
 #include <QString>
 #include <QVariantMap>
@@ -11,29 +11,29 @@ namespace ko {
 
 class LogEntry;
 
-// A filter over action log entries: an expression over the entry's fields,
-// evaluated in memory. The fields are
-//   time      the entry's date-time
-//   user      the user text
-//   category  the category's four-letter code, e.g. "Expt"
-//   type      the kind's four-letter code, e.g. "ExpD"
-//   title     the kind's translated title
-// and every value of the entry by its name ("text", "format", "oldFile", ...).
-// A field the entry does not have is NULL, so a comparison with it is not
-// true. An empty filter accepts every entry.
-//
-//     ko::ActionLogFilter filter;
-//     QString error;
-//     if (!filter.setFilterText("type = 'ExpD' AND user LIKE 'ann%'", &error)) ...
-//     filter.accepts(entry);
+/// A filter over action log entries: an expression over the entry's fields,
+/// evaluated in memory. The fields are
+///   time      the entry's date-time
+///   user      the user text
+///   category  the category's four-letter code, e.g. "Expt"
+///   type      the kind's four-letter code, e.g. "ExpD"
+///   title     the kind's translated title
+/// and every value of the entry by its name ("text", "format", "oldFile", ...).
+/// A field the entry does not have is NULL, so a comparison with it is not
+/// true. An empty filter accepts every entry.
+///
+///     ko::ActionLogFilter filter;
+///     QString error;
+///     if (!filter.setFilterText("type = 'ExpD' AND user LIKE 'ann%'", &error)) ...
+///     filter.accepts(entry);
 class COMMONKIT_EXPORT ActionLogFilter
 {
 public:
     ActionLogFilter();
 
-    // Parses a filter in the filter language (docs/filter-language.md) over
-    // schema(). On error returns false, leaves the filter as it was and
-    // describes the problem in *error.
+    /// Parses a filter in the filter language (docs/filter-language.md) over
+    /// schema(). On error returns false, leaves the filter as it was and
+    /// describes the problem in *error.
     bool setFilterText(const QString& text, QString* error);
     void setExpression(const kogen::ExpressionHandle& expression);
     void clear();
@@ -41,18 +41,18 @@ public:
     kogen::ExpressionHandle expression() const { return m_expression; }
 
     bool accepts(const LogEntry& entry) const;
-    // The same for fields as fieldsOf() returns them.
+    /// The same for fields as fieldsOf() returns them.
     bool accepts(const QVariantMap& fields) const;
 
-    // The fields of an entry by name (see above).
+    /// The fields of an entry by name (see above).
     static QVariantMap fieldsOf(const LogEntry& entry);
-    // A set with one property per field name that any registered kind has.
+    /// A set with one property per field name that any registered kind has.
     static kogen::PropertySet schema();
 
 private:
     kogen::ExpressionHandle m_expression;
     bool m_empty = true;
-    // Reused for every evaluation; its properties are set from the fields.
+    /// Reused for every evaluation; its properties are set from the fields.
     mutable kogen::PropertySet m_values;
 };
 

@@ -1,6 +1,6 @@
-#include "logview/ActionLogFilterModel.h"
+#include <CommonKit/logview/ActionLogFilterModel.h>
 
-#include "logview/ActionLogModel.h"
+#include <CommonKit/logview/ActionLogModel.h>
 
 namespace ko {
 

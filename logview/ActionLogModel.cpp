@@ -1,7 +1,7 @@
-#include "logview/ActionLogModel.h"
+#include <CommonKit/logview/ActionLogModel.h>
 
-#include "logging/ActionLog.h"
-#include "logview/ActionLogFilter.h"
+#include <CommonKit/logging/ActionLog.h>
+#include <CommonKit/logview/ActionLogFilter.h>
 
 #include <QMutexLocker>
 #include <QThread>

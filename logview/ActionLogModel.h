@@ -1,6 +1,6 @@
 #pragma once
 
-#include "support/core/Export.h"
+#include <CommonKit/support/core/Export.h>
 
 #include <QAbstractTableModel>
 #include <QDateTime>
@@ -15,18 +15,18 @@ namespace ko {
 
 class ActionLog;
 
-// A table of the entries of an action log, for views: one row per entry,
-// columns time, user, category, title and description. It follows the log's
-// row signals, so it stays live while entries are logged, also from other
-// threads: changes made on another thread reach the model through its
-// thread's event loop, in the order the log made them.
-//
-// Delete the model on its own thread while no other thread logs, or before
-// the log.
-//
-// Each row keeps a copy of what it shows, so a view never reads an entry that
-// another thread is removing. FieldsRole gives the entry's fields by name
-// (ActionLogFilter::fieldsOf), for filtering.
+/// A table of the entries of an action log, for views: one row per entry,
+/// columns time, user, category, title and description. It follows the log's
+/// row signals, so it stays live while entries are logged, also from other
+/// threads: changes made on another thread reach the model through its
+/// thread's event loop, in the order the log made them.
+///
+/// Delete the model on its own thread while no other thread logs, or before
+/// the log.
+///
+/// Each row keeps a copy of what it shows, so a view never reads an entry that
+/// another thread is removing. FieldsRole gives the entry's fields by name
+/// (ActionLogFilter::fieldsOf), for filtering.
 class COMMONKIT_EXPORT ActionLogModel : public QAbstractTableModel
 {
     Q_OBJECT
@@ -35,7 +35,7 @@ public:
     enum Column { TimeColumn = 0, UserColumn, CategoryColumn, TitleColumn, DescriptionColumn, ColumnCount };
     enum Role { FieldsRole = Qt::UserRole + 1, TypeRole };
 
-    // The log is not owned; the model empties itself when the log is deleted.
+    /// The log is not owned; the model empties itself when the log is deleted.
     explicit ActionLogModel(ActionLog* log, QObject* parent = nullptr);
     ~ActionLogModel() override;
 

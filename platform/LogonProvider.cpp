@@ -1,4 +1,4 @@
-#include "platform/Platform.h"
+#include <CommonKit/platform/Platform.h>
 
 #include <atomic>
 

@@ -4,7 +4,7 @@
 // platform/posix and platform/windows implement it; exactly one of them is
 // compiled into the library.
 
-#include "support/core/Export.h"
+#include <CommonKit/support/core/Export.h>
 
 #include <cstdint>
 #include <cstddef>
@@ -13,55 +13,55 @@
 namespace ko {
 namespace platform {
 
-// Byte-range locks on an open file, identified by its C runtime file
-// descriptor. The lock is exclusive and never waits. The locks belong to the
-// open file (Windows LockFileEx; POSIX open-file-description locks), so two
-// descriptors opened separately on the same file exclude each other even in
-// one process. Both return 0 or the system's error code (errno on POSIX,
-// GetLastError() on Windows).
+/// Byte-range locks on an open file, identified by its C runtime file
+/// descriptor. The lock is exclusive and never waits. The locks belong to the
+/// open file (Windows LockFileEx; POSIX open-file-description locks), so two
+/// descriptors opened separately on the same file exclude each other even in
+/// one process. Both return 0 or the system's error code (errno on POSIX,
+/// GetLastError() on Windows).
 COMMONKIT_EXPORT int lockFileRange(int fd, std::uint64_t offset, std::uint64_t length);
 COMMONKIT_EXPORT int unlockFileRange(int fd, std::uint64_t offset, std::uint64_t length);
 
-// Whether the open file fd is still the file at path (not removed or
-// replaced by another file since it was opened). Windows does not let an open
-// file be removed or replaced, so the answer there is always true.
+/// Whether the open file fd is still the file at path (not removed or
+/// replaced by another file since it was opened). Windows does not let an open
+/// file be removed or replaced, so the answer there is always true.
 COMMONKIT_EXPORT bool isSameFile(int fd, const std::string& path);
 
-// The calls of a logon under another account, as a replaceable object so that
-// the logic around them can be tested on every platform. The default provider
-// uses the Windows logon API; on POSIX there is no such logon and logonUser
-// with a non-empty user fails with ENOSYS.
+/// The calls of a logon under another account, as a replaceable object so that
+/// the logic around them can be tested on every platform. The default provider
+/// uses the Windows logon API; on POSIX there is no such logon and logonUser
+/// with a non-empty user fails with ENOSYS.
 class COMMONKIT_EXPORT LogonProvider
 {
 public:
     using Token = void*;
 
-    // The value of a token that holds no logon (Windows INVALID_HANDLE_VALUE).
+    /// The value of a token that holds no logon (Windows INVALID_HANDLE_VALUE).
     static Token invalidToken() { return reinterpret_cast<Token>(static_cast<std::intptr_t>(-1)); }
 
     virtual ~LogonProvider();
-    // Logs the user on; on success stores a token to impersonate and close.
-    // logonType is the Windows LOGON32_LOGON_* value.
+    /// Logs the user on; on success stores a token to impersonate and close.
+    /// logonType is the Windows LOGON32_LOGON_* value.
     virtual bool logonUser(const std::wstring& user, const std::wstring& domain,
                            const std::wstring& password, int logonType, Token* token) = 0;
     virtual bool impersonateLoggedOnUser(Token token) = 0;
     virtual bool revertToSelf() = 0;
     virtual void closeToken(Token token) = 0;
-    // The error code of the last failed call on this thread.
+    /// The error code of the last failed call on this thread.
     virtual unsigned long lastError() const = 0;
 };
 
-// The provider in use; the platform's own unless one was installed.
+/// The provider in use; the platform's own unless one was installed.
 COMMONKIT_EXPORT LogonProvider& logonProvider();
-// Installs a provider (not owned) and returns the previous one; null restores
-// the platform's own.
+/// Installs a provider (not owned) and returns the previous one; null restores
+/// the platform's own.
 COMMONKIT_EXPORT LogonProvider* setLogonProvider(LogonProvider* provider);
 
-// The platform's own provider.
+/// The platform's own provider.
 COMMONKIT_EXPORT LogonProvider& systemLogonProvider();
 
-// The directory for the user's log files, UTF-8: %LOCALAPPDATA% on Windows;
-// $XDG_STATE_HOME or ~/.local/state on Linux; ~/Library/Logs on macOS.
+/// The directory for the user's log files, UTF-8: %LOCALAPPDATA% on Windows;
+/// $XDG_STATE_HOME or ~/.local/state on Linux; ~/Library/Logs on macOS.
 COMMONKIT_EXPORT std::string userLogDir();
 
 } // namespace platform

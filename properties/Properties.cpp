@@ -1,6 +1,6 @@
-#include "properties/Properties.h"
+#include <CommonKit/properties/Properties.h>
 
-#include "support/core/Exception.h"
+#include <CommonKit/support/core/Exception.h>
 
 #include <QTextStream>
 

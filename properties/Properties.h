@@ -1,8 +1,8 @@
 #pragma once
 
-#include "properties/BaseProperty.h"
-#include "properties/PropertySet.h"
-#include "support/core/Export.h"
+#include <CommonKit/properties/BaseProperty.h>
+#include <CommonKit/properties/PropertySet.h>
+#include <CommonKit/support/core/Export.h>
 
 #include <QByteArray>
 #include <QDate>
@@ -25,7 +25,7 @@
 
 namespace kogen {
 
-// A bool; dumped as 0 or 1.
+/// A bool; dumped as 0 or 1.
 class COMMONKIT_EXPORT BoolProperty : public BaseProperty
 {
 public:
@@ -49,7 +49,7 @@ private:
     bool m_value;
 };
 
-// A signed 32-bit integer.
+/// A signed 32-bit integer.
 class COMMONKIT_EXPORT IntProperty : public BaseProperty
 {
 public:
@@ -73,7 +73,7 @@ private:
     int m_value;
 };
 
-// An unsigned 32-bit integer.
+/// An unsigned 32-bit integer.
 class COMMONKIT_EXPORT UIntProperty : public BaseProperty
 {
 public:
@@ -97,7 +97,7 @@ private:
     quint32 m_value;
 };
 
-// An unsigned 64-bit integer.
+/// An unsigned 64-bit integer.
 class COMMONKIT_EXPORT U64Property : public BaseProperty
 {
 public:
@@ -121,7 +121,7 @@ private:
     quint64 m_value;
 };
 
-// A 32-bit float, set from a variant's toDouble() narrowed to float.
+/// A 32-bit float, set from a variant's toDouble() narrowed to float.
 class COMMONKIT_EXPORT FloatProperty : public BaseProperty
 {
 public:
@@ -145,7 +145,7 @@ private:
     float m_value;
 };
 
-// A 64-bit float.
+/// A 64-bit float.
 class COMMONKIT_EXPORT DoubleProperty : public BaseProperty
 {
 public:
@@ -169,7 +169,7 @@ private:
     double m_value;
 };
 
-// A text.
+/// A text.
 class COMMONKIT_EXPORT StringProperty : public BaseProperty
 {
 public:
@@ -193,11 +193,11 @@ private:
     QString m_value;
 };
 
-// A list of texts. setVariantValue takes a variant that converts to a string
-// list as it is; any other variant is taken through toString() and split at
-// every "," (empty parts kept), so it always succeeds.
-// Note: setValue on a property of another class reports the expected type as
-// "StringProperty" (getValue reports "StringListProperty").
+/// A list of texts. setVariantValue takes a variant that converts to a string
+/// list as it is; any other variant is taken through toString() and split at
+/// every "," (empty parts kept), so it always succeeds.
+/// Note: setValue on a property of another class reports the expected type as
+/// "StringProperty" (getValue reports "StringListProperty").
 class COMMONKIT_EXPORT StringListProperty : public BaseProperty
 {
 public:
@@ -221,7 +221,7 @@ private:
     QStringList m_value;
 };
 
-// A byte array; the dump shows only its length.
+/// A byte array; the dump shows only its length.
 class COMMONKIT_EXPORT ByteArrayProperty : public BaseProperty
 {
 public:
@@ -245,7 +245,7 @@ private:
     QByteArray m_value;
 };
 
-// A rectangle; the dump shows left, top, width and height.
+/// A rectangle; the dump shows left, top, width and height.
 class COMMONKIT_EXPORT RectProperty : public BaseProperty
 {
 public:
@@ -269,8 +269,8 @@ private:
     QRect m_value;
 };
 
-// A date. It has no typed accessors: read and write it with variantValue()
-// and setVariantValue().
+/// A date. It has no typed accessors: read and write it with variantValue()
+/// and setVariantValue().
 class COMMONKIT_EXPORT DateProperty : public BaseProperty
 {
 public:
@@ -291,7 +291,7 @@ private:
     QDate m_value;
 };
 
-// A time of day.
+/// A time of day.
 class COMMONKIT_EXPORT TimeProperty : public BaseProperty
 {
 public:
@@ -315,7 +315,7 @@ private:
     QTime m_value;
 };
 
-// A date and time.
+/// A date and time.
 class COMMONKIT_EXPORT DateTimeProperty : public BaseProperty
 {
 public:
@@ -339,7 +339,7 @@ private:
     QDateTime m_value;
 };
 
-// Any QVariant, stored as it is; setVariantValue always succeeds.
+/// Any QVariant, stored as it is; setVariantValue always succeeds.
 class COMMONKIT_EXPORT VariantProperty : public BaseProperty
 {
 public:
@@ -363,11 +363,11 @@ private:
     QVariant m_value;
 };
 
-// An embedded property set, held by value (a copy shares the embedded
-// properties). variantValue() is a map of every embedded property's name to
-// its variantValue(); setVariantValue takes such a map and sets the embedded
-// properties of those names, returning false if the value is no map, a name
-// is unknown (nothing is added) or a property refuses its value.
+/// An embedded property set, held by value (a copy shares the embedded
+/// properties). variantValue() is a map of every embedded property's name to
+/// its variantValue(); setVariantValue takes such a map and sets the embedded
+/// properties of those names, returning false if the value is no map, a name
+/// is unknown (nothing is added) or a property refuses its value.
 class COMMONKIT_EXPORT PropertySetProperty : public BaseProperty
 {
 public:
@@ -389,18 +389,18 @@ private:
     PropertySet m_value;
 };
 
-// The null object: what a property set answers for a name it lacks. It has
-// an empty name and no value, refuses every write, dumps as "IllegaProperty"
-// and validates as true (it has no validator; setValidator and
-// setDescription do nothing on it). There is one library-wide instance,
-// which no set owns.
+/// The null object: what a property set answers for a name it lacks. It has
+/// an empty name and no value, refuses every write, dumps as "IllegaProperty"
+/// and validates as true (it has no validator; setValidator and
+/// setDescription do nothing on it). There is one library-wide instance,
+/// which no set owns.
 class COMMONKIT_EXPORT IllegalProperty : public BaseProperty
 {
 public:
     IllegalProperty(const IllegalProperty& other);
     ~IllegalProperty() override;
 
-    // The library-wide instance.
+    /// The library-wide instance.
     static IllegalProperty& instance();
 
     QString type() const override;

@@ -1,7 +1,7 @@
-#include "properties/PropertySet.h"
+#include <CommonKit/properties/PropertySet.h>
 
-#include "properties/Properties.h"
-#include "support/core/Log.h"
+#include <CommonKit/properties/Properties.h>
+#include <CommonKit/support/core/Log.h>
 
 #include <QTextStream>
 

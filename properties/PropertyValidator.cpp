@@ -1,7 +1,7 @@
-#include "properties/PropertyValidator.h"
+#include <CommonKit/properties/PropertyValidator.h>
 
-#include "properties/BaseProperty.h"
-#include "properties/Properties.h"
+#include <CommonKit/properties/BaseProperty.h>
+#include <CommonKit/properties/Properties.h>
 
 namespace kogen {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "support/core/Export.h"
+#include <CommonKit/support/core/Export.h>
 
 #include <QObject>
 #include <QString>
@@ -10,12 +10,12 @@ namespace kogen {
 class BaseProperty;
 class PropertySet;
 
-// Decides whether a property's current value is acceptable and records the
-// verdict in the property: its valid flag and its validation message.
-//
-// One validator may serve many properties (they hold it through a shared
-// pointer). The set argument is the set the property is validated in, for
-// verdicts that depend on other properties of the same set.
+/// Decides whether a property's current value is acceptable and records the
+/// verdict in the property: its valid flag and its validation message.
+///
+/// One validator may serve many properties (they hold it through a shared
+/// pointer). The set argument is the set the property is validated in, for
+/// verdicts that depend on other properties of the same set.
 class COMMONKIT_EXPORT PropertyValidator
 {
 public:
@@ -23,18 +23,18 @@ public:
     PropertyValidator(const PropertyValidator&) = default;
     PropertyValidator& operator=(const PropertyValidator&) = default;
 
-    // Returns the verdict, as stored in the property's valid flag.
+    /// Returns the verdict, as stored in the property's valid flag.
     virtual bool validate(PropertySet& set, BaseProperty& property) = 0;
     virtual ~PropertyValidator();
 
 protected:
-    // The only ways to write a property's verdict.
+    /// The only ways to write a property's verdict.
     static void setValid(BaseProperty& property, bool valid);
     static void setValidationMessage(BaseProperty& property, const QString& message);
-    // Sets the flag to true and clears the message.
+    /// Sets the flag to true and clears the message.
     static void pass(BaseProperty& property);
-    // Sets the flag to false and the message to the translation of
-    // "Value out of range." (context "QObject").
+    /// Sets the flag to false and the message to the translation of
+    /// "Value out of range." (context "QObject").
     static void failOutOfRange(BaseProperty& property);
 };
 
@@ -47,7 +47,7 @@ protected:
 // The bounds are fixed at construction and not checked against each other:
 // an empty range fails every value.
 
-// For IntProperty.
+/// For IntProperty.
 class COMMONKIT_EXPORT DefaultIntValidator : public QObject, public PropertyValidator
 {
 public:
@@ -62,7 +62,7 @@ private:
     int m_maximum;
 };
 
-// For UIntProperty.
+/// For UIntProperty.
 class COMMONKIT_EXPORT DefaultUIntValidator : public QObject, public PropertyValidator
 {
 public:
@@ -77,9 +77,9 @@ private:
     quint32 m_maximum;
 };
 
-// For U64Property. Note: only the low 32 bits of the property's value are
-// compared with the 64-bit bounds, so 2^32 + 5 passes the range 0 to 10.
-// Existing callers depend on this, so it stays.
+/// For U64Property. Note: only the low 32 bits of the property's value are
+/// compared with the 64-bit bounds, so 2^32 + 5 passes the range 0 to 10.
+/// Existing callers depend on this, so it stays.
 class COMMONKIT_EXPORT DefaultU64Validator : public QObject, public PropertyValidator
 {
 public:
@@ -94,7 +94,7 @@ private:
     quint64 m_maximum;
 };
 
-// For FloatProperty. NaN fails.
+/// For FloatProperty. NaN fails.
 class COMMONKIT_EXPORT DefaultFloatValidator : public QObject, public PropertyValidator
 {
 public:
@@ -109,7 +109,7 @@ private:
     float m_maximum;
 };
 
-// For DoubleProperty. NaN fails.
+/// For DoubleProperty. NaN fails.
 class COMMONKIT_EXPORT DefaultDoubleValidator : public QObject, public PropertyValidator
 {
 public:

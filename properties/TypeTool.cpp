@@ -1,8 +1,8 @@
-#include "properties/TypeTool.h"
+#include <CommonKit/properties/TypeTool.h>
 
-#include "support/core/Exception.h"
-#include "util/TimeFunctions.h"
-#include "util/TimeTranscoder.h"
+#include <CommonKit/support/core/Exception.h>
+#include <CommonKit/util/TimeFunctions.h>
+#include <CommonKit/util/TimeTranscoder.h>
 
 #include <QDate>
 #include <QDateTime>

@@ -1,4 +1,4 @@
-#include "resources/Translations.h"
+#include <CommonKit/resources/Translations.h>
 
 #include <QCoreApplication>
 #include <QFile>

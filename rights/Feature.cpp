@@ -1,4 +1,4 @@
-#include "rights/Feature.h"
+#include <CommonKit/rights/Feature.h>
 
 namespace ko {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "support/core/Export.h"
+#include <CommonKit/support/core/Export.h>
 
 #include <QMap>
 #include <QString>
@@ -9,9 +9,9 @@ namespace ko {
 
 namespace detail {
 
-// What features, feature groups and user groups all carry: the id the
-// application gives them and two texts for the user interface, empty until
-// set. Each class names its id accessor after itself.
+/// What features, feature groups and user groups all carry: the id the
+/// application gives them and two texts for the user interface, empty until
+/// set. Each class names its id accessor after itself.
 class COMMONKIT_EXPORT RightsItem
 {
 public:
@@ -22,7 +22,7 @@ public:
 
 protected:
     explicit RightsItem(int id) : m_id(id) {}
-    // Not virtual: objects are deleted through their own classes only.
+    /// Not virtual: objects are deleted through their own classes only.
     ~RightsItem() = default;
     RightsItem(const RightsItem& other) = default;
     RightsItem& operator=(const RightsItem& other) = default;
@@ -37,8 +37,8 @@ private:
 
 } // namespace detail
 
-// A feature of the application that the rights matrix controls, known by the
-// id the application gives it.
+/// A feature of the application that the rights matrix controls, known by the
+/// id the application gives it.
 class COMMONKIT_EXPORT Feature : public detail::RightsItem
 {
 public:
@@ -50,24 +50,24 @@ public:
     int feature() const { return id(); }
 };
 
-// A group of features; one row of the rights matrix. The group owns its
-// features.
+/// A group of features; one row of the rights matrix. The group owns its
+/// features.
 class COMMONKIT_EXPORT FeatureGroup : public detail::RightsItem
 {
 public:
     explicit FeatureGroup(int id);
-    // Copies hold copies of the features (made with Feature's copy
-    // constructor), so that each group deletes only its own.
+    /// Copies hold copies of the features (made with Feature's copy
+    /// constructor), so that each group deletes only its own.
     FeatureGroup(const FeatureGroup& other);
     FeatureGroup& operator=(const FeatureGroup& other);
     virtual ~FeatureGroup();
 
     int featureGroup() const { return id(); }
 
-    // Stores the feature under its id and takes ownership. An earlier feature
-    // of the same id is replaced but not deleted: it goes back to the caller.
-    // A null pointer is ignored. A Feature object belongs to one group only; a
-    // feature that is in several groups needs one Feature object per group.
+    /// Stores the feature under its id and takes ownership. An earlier feature
+    /// of the same id is replaced but not deleted: it goes back to the caller.
+    /// A null pointer is ignored. A Feature object belongs to one group only; a
+    /// feature that is in several groups needs one Feature object per group.
     void addFeature(Feature* feature);
     bool containsFeature(int featureId) const { return m_features.contains(featureId); }
     const QMap<int, Feature*>& features() const { return m_features; }
@@ -78,7 +78,7 @@ private:
     QMap<int, Feature*> m_features;
 };
 
-// A group of users; one column of the rights matrix.
+/// A group of users; one column of the rights matrix.
 class COMMONKIT_EXPORT UserGroup : public detail::RightsItem
 {
 public:

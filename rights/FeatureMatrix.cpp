@@ -1,7 +1,7 @@
-#include "rights/FeatureMatrix.h"
+#include <CommonKit/rights/FeatureMatrix.h>
 
-#include "storage/IPersistDestination.h"
-#include "support/core/Log.h"
+#include <CommonKit/storage/IPersistDestination.h>
+#include <CommonKit/support/core/Log.h>
 
 #include <QByteArray>
 #include <QString>

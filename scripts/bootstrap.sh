@@ -11,7 +11,7 @@ packages=(
   nlohmann-json3-dev libvalijson-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   libsqlite3-dev libcrypt-dev libxml2-utils
-  clang libclang-rt-dev
+  clang libclang-rt-dev doxygen dpkg-dev
   g++-mingw-w64-x86-64
 )
 

@@ -11,8 +11,12 @@ if [ ${#sources[@]} -eq 0 ]; then
 fi
 out=$(mktemp -d)
 trap 'rm -rf "$out"' EXIT
+# Public headers are included as <CommonKit/...>: a link to the tree stands in
+# for the installed include folder.
+mkdir -p "$out/include"
+ln -s "$ROOT" "$out/include/CommonKit"
 for source in "${sources[@]}"; do
   x86_64-w64-mingw32-g++ -std=c++17 -Wall -Wextra -Werror -DCOMMONKIT_BUILDING_LIBRARY \
-    -I"$ROOT" -c "$source" -o "$out/$(basename "$source").o"
+    -I"$out/include" -I"$ROOT" -c "$source" -o "$out/$(basename "$source").o"
   echo "compiled $(realpath --relative-to="$ROOT" "$source")"
 done

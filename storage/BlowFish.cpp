@@ -1,7 +1,7 @@
-#include "storage/BlowFish.h"
-#include "storage/OpenSslLegacy.h"
+#include <CommonKit/storage/BlowFish.h>
+#include "storage/OpenSslLegacy_p.h"
 
-#include "support/core/Log.h"
+#include <CommonKit/support/core/Log.h>
 
 #include <openssl/blowfish.h>
 #include <openssl/crypto.h>

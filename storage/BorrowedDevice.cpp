@@ -1,4 +1,4 @@
-#include "storage/BorrowedDevice.h"
+#include "storage/BorrowedDevice_p.h"
 
 #include <QCoreApplication>
 

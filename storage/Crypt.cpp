@@ -2,12 +2,12 @@
 // the libcrypto variant of the DES crypt. The DES crypt itself is in
 // DesCrypt.cpp.
 
-#include "storage/Crypt.h"
-#include "storage/DesCrypt.h"
-#include "storage/OpenSslLegacy.h"
+#include <CommonKit/storage/Crypt.h>
+#include "storage/DesCrypt_p.h"
+#include "storage/OpenSslLegacy_p.h"
 
-#include "support/core/Log.h"
-#include "support/core/QtDeprecated.h"
+#include <CommonKit/support/core/Log.h>
+#include <CommonKit/support/core/QtDeprecated.h>
 
 #include <QCryptographicHash>
 #include <QtGlobal>

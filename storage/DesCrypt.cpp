@@ -2,8 +2,8 @@
 // block, and the encoding of the result. See DesCrypt.h for the tables and
 // their bit layout.
 
-#include "storage/Crypt.h"
-#include "storage/DesCrypt.h"
+#include <CommonKit/storage/Crypt.h>
+#include "storage/DesCrypt_p.h"
 
 #include <cstring>
 

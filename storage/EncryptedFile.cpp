@@ -1,11 +1,11 @@
-#include "storage/EncryptedFile.h"
+#include <CommonKit/storage/EncryptedFile.h>
 
-#include "storage/MetadataDigest.h"
-#include "support/core/Log.h"
-#include "support/crypto/ClippedIODevice.h"
-#include "support/crypto/DigestingIODevice.h"
-#include "support/crypto/IODevice.h"
-#include "support/json/JsonParser.h"
+#include <CommonKit/storage/MetadataDigest.h>
+#include <CommonKit/support/core/Log.h>
+#include <CommonKit/support/crypto/ClippedIODevice.h>
+#include <CommonKit/support/crypto/DigestingIODevice.h>
+#include <CommonKit/support/crypto/IODevice.h>
+#include <CommonKit/support/json/JsonParser.h>
 
 #include <QByteArray>
 

@@ -1,7 +1,7 @@
-#include "storage/EncryptedSettings.h"
+#include <CommonKit/storage/EncryptedSettings.h>
 
-#include "expressions/VariantStream.h"
-#include "storage/SettingsDevices.h"
+#include "expressions/VariantStream_p.h"
+#include "storage/SettingsDevices_p.h"
 
 #include <QDataStream>
 

@@ -1,9 +1,9 @@
 // The JSON form of the encrypted settings formats.
 
-#include "storage/EncryptedSettings.h"
+#include <CommonKit/storage/EncryptedSettings.h>
 
-#include "json/JsonSettings.h"
-#include "storage/SettingsDevices.h"
+#include <CommonKit/json/JsonSettings.h>
+#include "storage/SettingsDevices_p.h"
 
 #include <QMap>
 #include <QMutex>

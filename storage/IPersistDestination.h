@@ -1,26 +1,26 @@
 #pragma once
 
-#include "support/core/Export.h"
-#include "support/core/IInterface.h"
+#include <CommonKit/support/core/Export.h>
+#include <CommonKit/support/core/IInterface.h>
 
 #include <QString>
 #include <QVariant>
 
 namespace ko {
 
-// Where a persistable object loads its state from and saves it to. The
-// operations mirror the group, array and key-value operations of QSettings:
-// keys use "/" as separator, and arrays follow the QSettings layout (entries
-// under one-based indices and a "size" key).
-//
-// getInterface() of an implementation answers at least "ko::IPersistDestination".
+/// Where a persistable object loads its state from and saves it to. The
+/// operations mirror the group, array and key-value operations of QSettings:
+/// keys use "/" as separator, and arrays follow the QSettings layout (entries
+/// under one-based indices and a "size" key).
+///
+/// getInterface() of an implementation answers at least "ko::IPersistDestination".
 class COMMONKIT_EXPORT IPersistDestination : public IInterface
 {
 public:
     virtual void beginGroup(const QString& prefix) = 0;
     virtual void endGroup() = 0;
     virtual void beginWriteArray(const QString& prefix, int size) = 0;
-    // Returns the array's size.
+    /// Returns the array's size.
     virtual int beginReadArray(const QString& prefix) = 0;
     virtual void endArray() = 0;
     virtual void setArrayIndex(int i) = 0;

@@ -1,7 +1,7 @@
-#include "storage/MetadataDigest.h"
+#include <CommonKit/storage/MetadataDigest.h>
 
-#include "support/json/JsonPrinter.h"
-#include "support/json/Variant.h"
+#include <CommonKit/support/json/JsonPrinter.h>
+#include <CommonKit/support/json/Variant.h>
 
 #include <boost/iostreams/device/null.hpp>
 #include <boost/iostreams/filtering_stream.hpp>

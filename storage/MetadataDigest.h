@@ -1,8 +1,8 @@
 #pragma once
 
-#include "support/core/Export.h"
-#include "support/crypto/MessageDigest.h"
-#include "support/crypto/SecureAllocator.h"
+#include <CommonKit/support/core/Export.h>
+#include <CommonKit/support/crypto/MessageDigest.h>
+#include <CommonKit/support/crypto/SecureAllocator.h>
 
 #include <boost/iostreams/categories.hpp>
 #include <boost/iostreams/operations.hpp>
@@ -16,8 +16,8 @@ class Variant;
 namespace ko {
 namespace crypto {
 
-// A Boost.Iostreams output filter that feeds every byte written through it
-// into a running digest before passing it on.
+/// A Boost.Iostreams output filter that feeds every byte written through it
+/// into a running digest before passing it on.
 class digesting_output_filter
 {
 public:
@@ -37,12 +37,12 @@ private:
     MessageDigest* m_digest;
 };
 
-// Feeds the canonical text of a JSON value into a running digest: the value
-// as json::JsonPrinter prints it with one tab per indentation level (see
-// docs/container-format.md for the exact text).
+/// Feeds the canonical text of a JSON value into a running digest: the value
+/// as json::JsonPrinter prints it with one tab per indentation level (see
+/// docs/container-format.md for the exact text).
 COMMONKIT_EXPORT void digest(const json::Variant& value, MessageDigest* digest);
 
-// The digest of that text with a fresh digest of the given algorithm.
+/// The digest of that text with a fresh digest of the given algorithm.
 COMMONKIT_EXPORT secure_string digest(const json::Variant& value, MessageDigest::Algorithm algorithm);
 
 } // namespace crypto

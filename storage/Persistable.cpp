@@ -1,6 +1,6 @@
-#include "storage/Persistable.h"
+#include <CommonKit/storage/Persistable.h>
 
-#include "support/core/Log.h"
+#include <CommonKit/support/core/Log.h>
 
 #include <typeinfo>
 

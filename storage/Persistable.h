@@ -1,15 +1,15 @@
 #pragma once
 
-#include "support/core/Export.h"
+#include <CommonKit/support/core/Export.h>
 
 namespace ko {
 
 class IPersistDestination;
 
-// Base of the classes that keep state between runs. A subclass overrides both
-// operations, arranges its own keys with groups and arrays, and calls sync()
-// on the destination when it needs the data on disk. The base versions only
-// write a warning to the diagnostic log.
+/// Base of the classes that keep state between runs. A subclass overrides both
+/// operations, arranges its own keys with groups and arrays, and calls sync()
+/// on the destination when it needs the data on disk. The base versions only
+/// write a warning to the diagnostic log.
 class COMMONKIT_EXPORT Persistable
 {
 public:

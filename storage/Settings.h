@@ -1,6 +1,6 @@
 #pragma once
 
-#include "storage/IPersistDestination.h"
+#include <CommonKit/storage/IPersistDestination.h>
 
 #include <QSettings>
 #include <QString>
@@ -9,27 +9,27 @@
 
 namespace ko {
 
-// A persistence destination that forwards every operation to a QSettings,
-// which may use any registered format.
-//
-// Copying copies the QSettings pointer and the ownership flag as they are: a
-// copy of an owning wrapper owns the same object too, and assigning to a
-// wrapper does not release what it held before. Copy only non-owning
-// wrappers, or make sure that one owning copy outlives all others and that
-// only one of them is destroyed while owning.
+/// A persistence destination that forwards every operation to a QSettings,
+/// which may use any registered format.
+///
+/// Copying copies the QSettings pointer and the ownership flag as they are: a
+/// copy of an owning wrapper owns the same object too, and assigning to a
+/// wrapper does not release what it held before. Copy only non-owning
+/// wrappers, or make sure that one owning copy outlives all others and that
+/// only one of them is destroyed while owning.
 class COMMONKIT_EXPORT Settings : public IPersistDestination
 {
 public:
-    // A QSettings made by its default constructor (organisation and
-    // application taken from the application object); owned.
+    /// A QSettings made by its default constructor (organisation and
+    /// application taken from the application object); owned.
     Settings();
-    // QSettings(fileName, format); owned.
+    /// QSettings(fileName, format); owned.
     Settings(const QString& fileName, QSettings::Format format);
-    // Wraps the given object; not owned.
+    /// Wraps the given object; not owned.
     explicit Settings(QSettings* wrapped);
     Settings(const Settings& other);
     Settings& operator=(const Settings& other);
-    // Deletes the QSettings when owned (which writes pending changes).
+    /// Deletes the QSettings when owned (which writes pending changes).
     ~Settings() override;
 
     QString fileName() const;
@@ -56,12 +56,12 @@ private:
 
 } // namespace ko
 
-// True when key ends with any entry of suffixes (case-sensitive); false for an
-// empty list. Keys are full paths, so the suffix "Password" matches
-// "General/Password" in any group.
+/// True when key ends with any entry of suffixes (case-sensitive); false for an
+/// empty list. Keys are full paths, so the suffix "Password" matches
+/// "General/Password" in any group.
 COMMONKIT_EXPORT bool excludeKey(const QString& key, const QStringList& suffixes);
 
-// Replaces the whole content of destination by that of source, leaving out the
-// keys that end with an entry of excluded, then syncs destination. Returns
-// whether destination reports QSettings::NoError afterwards.
+/// Replaces the whole content of destination by that of source, leaving out the
+/// keys that end with an entry of excluded, then syncs destination. Returns
+/// whether destination reports QSettings::NoError afterwards.
 COMMONKIT_EXPORT bool assign(QSettings& destination, const QSettings& source, const QStringList& excluded);

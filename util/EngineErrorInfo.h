@@ -1,6 +1,6 @@
 #pragma once
 
-#include "support/core/Export.h"
+#include <CommonKit/support/core/Export.h>
 
 #include <string>
 
@@ -9,10 +9,10 @@ namespace Engine {
 
 class ConnectionErrorInfo;
 
-// Receives error information by double dispatch: ErrorInfo::dispatch() calls
-// the overload for the object's kind. HTTP errors arrive as connection
-// errors; a receiver that wants their details asks for
-// dynamic_cast<const HttpConnectionErrorInfo*>.
+/// Receives error information by double dispatch: ErrorInfo::dispatch() calls
+/// the overload for the object's kind. HTTP errors arrive as connection
+/// errors; a receiver that wants their details asks for
+/// dynamic_cast<const HttpConnectionErrorInfo*>.
 class COMMONKIT_EXPORT ErrorInfoReceiver
 {
 public:
@@ -20,13 +20,13 @@ public:
     virtual void receive(const ConnectionErrorInfo& info) = 0;
 };
 
-// Why a command of the video engine failed: the command's id (NO_CMD_ID when
-// the failure belongs to no command), its severity, and what the subclasses
-// add. Objects are copied with clone() and examined with dispatch().
+/// Why a command of the video engine failed: the command's id (NO_CMD_ID when
+/// the failure belongs to no command), its severity, and what the subclasses
+/// add. Objects are copied with clone() and examined with dispatch().
 class COMMONKIT_EXPORT ErrorInfo
 {
 public:
-    // Stable values; docs/engine-error-info.md lists them.
+    /// Stable values; docs/engine-error-info.md lists them.
     enum ESeverity {
         Information = 0, // nothing failed; the engine reports a state
         Warning = 1,     // the command went on with less than was asked
@@ -38,9 +38,9 @@ public:
     static constexpr int NO_ERROR_ID = 0;
 
     virtual ~ErrorInfo();
-    // A description for people; empty in the base.
+    /// A description for people; empty in the base.
     virtual std::wstring errorMessage() const;
-    // A number for the error; NO_ERROR_ID in the base.
+    /// A number for the error; NO_ERROR_ID in the base.
     virtual int errorId() const;
     virtual ErrorInfo* clone() const = 0;
     virtual void dispatch(ErrorInfoReceiver& receiver) const = 0;
@@ -58,7 +58,7 @@ private:
     ESeverity m_severity;
 };
 
-// What kind of connection failed to a camera or recorder. Stable values.
+/// What kind of connection failed to a camera or recorder. Stable values.
 enum EConnectionErrorCategory {
     ConnectionErrorUnspecified = 0,  // no category (HTTP errors carry this one)
     ConnectionErrorHostNotFound = 1, // the name did not resolve
@@ -69,7 +69,7 @@ enum EConnectionErrorCategory {
     ConnectionErrorProxy = 6         // the proxy refused or failed
 };
 
-// What went wrong in an HTTP exchange. Stable values.
+/// What went wrong in an HTTP exchange. Stable values.
 enum EHttpConnectionErrorType {
     HttpErrorUnspecified = 0,
     HttpErrorStatus = 1,          // the server answered with an error status
@@ -79,8 +79,8 @@ enum EHttpConnectionErrorType {
     HttpErrorTransport = 5        // the connection broke during the exchange
 };
 
-// A failed network connection. Its command id is NO_CMD_ID; it has no
-// message and no error number of its own.
+/// A failed network connection. Its command id is NO_CMD_ID; it has no
+/// message and no error number of its own.
 class COMMONKIT_EXPORT ConnectionErrorInfo : public ErrorInfo
 {
 public:
@@ -91,7 +91,7 @@ public:
     EConnectionErrorCategory category() const { return m_category; }
 
     ErrorInfo* clone() const override;
-    // Calls receiver.receive(*this).
+    /// Calls receiver.receive(*this).
     void dispatch(ErrorInfoReceiver& receiver) const override;
 
 protected:
@@ -104,9 +104,9 @@ private:
     EConnectionErrorCategory m_category;
 };
 
-// A failed HTTP exchange: a message, what kind of failure, and a number that
-// is the HTTP status code when isHttpStatusCode() says so. Category
-// ConnectionErrorUnspecified, command id NO_CMD_ID.
+/// A failed HTTP exchange: a message, what kind of failure, and a number that
+/// is the HTTP status code when isHttpStatusCode() says so. Category
+/// ConnectionErrorUnspecified, command id NO_CMD_ID.
 class COMMONKIT_EXPORT HttpConnectionErrorInfo : public ConnectionErrorInfo
 {
 public:
@@ -115,7 +115,7 @@ public:
     HttpConnectionErrorInfo(const HttpConnectionErrorInfo& other) = default;
     ~HttpConnectionErrorInfo() override;
 
-    // The message as given.
+    /// The message as given.
     std::wstring errorMessage() const override;
     int errorId() const override { return m_errorId; }
     EHttpConnectionErrorType errorType() const { return m_errorType; }

@@ -1,6 +1,6 @@
-#include "util/QMapModel.h"
+#include <CommonKit/util/QMapModel.h>
 
-#include "json/VariantConversion.h"
+#include <CommonKit/json/VariantConversion.h>
 
 QMapModel::QMapModel()
     : json::CObjectModel(QVariant::typeToName(QVariant::Map), QVariant::typeToName(QVariant::Map)),

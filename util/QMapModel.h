@@ -1,29 +1,29 @@
 #pragma once
 
-#include "support/core/Export.h"
-#include "support/json/ObjectModel.h"
+#include <CommonKit/support/core/Export.h>
+#include <CommonKit/support/json/ObjectModel.h>
 
 #include <QVariantMap>
 
 #include <memory>
 
-// The JSON object model of QVariantMap: lets a map stand where the JSON
-// library expects a native object, converted with jsonVariant (meta-type
-// tagging on) and qVariant.
-//
-// Both type names are "QVariantMap". The model owns one working map:
-// objectPtrFromVariant fills it and returns a pointer to it, the same
-// pointer every time, so a caller copies the map before the next call.
+/// The JSON object model of QVariantMap: lets a map stand where the JSON
+/// library expects a native object, converted with jsonVariant (meta-type
+/// tagging on) and qVariant.
+///
+/// Both type names are "QVariantMap". The model owns one working map:
+/// objectPtrFromVariant fills it and returns a pointer to it, the same
+/// pointer every time, so a caller copies the map before the next call.
 class COMMONKIT_EXPORT QMapModel : public json::CObjectModel
 {
 public:
     QMapModel();
     ~QMapModel() override;
 
-    // object points to a QVariantMap.
+    /// object points to a QVariantMap.
     json::Variant variantFromCObject(const void* object) override;
-    // The value converted to a map (empty when it is no object), in the
-    // working map.
+    /// The value converted to a map (empty when it is no object), in the
+    /// working map.
     void* objectPtrFromVariant(const json::Variant& value) override;
 
 private:

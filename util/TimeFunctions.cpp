@@ -1,6 +1,6 @@
-#include "util/TimeFunctions.h"
+#include <CommonKit/util/TimeFunctions.h>
 
-#include "support/core/QtDeprecated.h"
+#include <CommonKit/support/core/QtDeprecated.h>
 
 #include <cmath>
 #include <limits>

@@ -1,4 +1,4 @@
-#include "util/TimeTranscoder.h"
+#include <CommonKit/util/TimeTranscoder.h>
 
 #include <QDateTime>
 #include <QLocale>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "support/core/Export.h"
+#include <CommonKit/support/core/Export.h>
 
 #include <QtGlobal>
 
@@ -10,19 +10,19 @@ class QDateTime;
 
 namespace ko {
 
-// Splits a time stamp into local calendar fields and two fixed texts:
-//   toString()   "dd.MM.yyyy-hh:mm:ss.zzz"  (display form)
-//   toIdString() "yyyyMMdd_hhmmss_zzz"      (identifier form, usable in file names)
+/// Splits a time stamp into local calendar fields and two fixed texts:
+///   toString()   "dd.MM.yyyy-hh:mm:ss.zzz"  (display form)
+///   toIdString() "yyyyMMdd_hhmmss_zzz"      (identifier form, usable in file names)
 class COMMONKIT_EXPORT CTimeTranscoder
 {
 public:
     static const qint32 MILLISECONDS_PER_DAY;
     static const qint64 MICROSECONDS_PER_DAY;
 
-    // Milliseconds since 1970-01-01 00:00 UTC; microsecond() is 0.
+    /// Milliseconds since 1970-01-01 00:00 UTC; microsecond() is 0.
     explicit CTimeTranscoder(unsigned int milliseconds);
-    // A frame time: microseconds since 1970-01-01 00:00 UTC. microsecond() is
-    // the part below the millisecond (frameTime modulo 1000).
+    /// A frame time: microseconds since 1970-01-01 00:00 UTC. microsecond() is
+    /// the part below the millisecond (frameTime modulo 1000).
     explicit CTimeTranscoder(unsigned long long frameTime);
     CTimeTranscoder(const CTimeTranscoder& other);
     CTimeTranscoder& operator=(const CTimeTranscoder& other);

@@ -1,6 +1,6 @@
 // POSIX implementation of the platform interface.
 
-#include "platform/Platform.h"
+#include <CommonKit/platform/Platform.h>
 
 #include <cerrno>
 #include <cstdlib>

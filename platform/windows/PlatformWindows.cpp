@@ -1,6 +1,6 @@
 // Windows implementation of the platform interface.
 
-#include "platform/Platform.h"
+#include <CommonKit/platform/Platform.h>
 
 #ifndef WIN32_LEAN_AND_MEAN
 #define WIN32_LEAN_AND_MEAN

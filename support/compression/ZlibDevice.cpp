@@ -1,6 +1,6 @@
-#include "support/compression/ZlibDevice.h"
+#include <CommonKit/support/compression/ZlibDevice.h>
 
-#include "support/core/WrappedDevice.h"
+#include "support/core/WrappedDevice_p.h"
 
 #include <zlib.h>
 

@@ -1,4 +1,4 @@
-#include "support/core/Exception.h"
+#include <CommonKit/support/core/Exception.h>
 
 namespace ko {
 

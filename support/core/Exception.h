@@ -1,6 +1,6 @@
 #pragma once
 
-#include "support/core/Export.h"
+#include <CommonKit/support/core/Export.h>
 
 #include <QString>
 
@@ -9,7 +9,7 @@
 
 namespace ko {
 
-// Base of the library's exceptions: a message and an optional cause.
+/// Base of the library's exceptions: a message and an optional cause.
 class COMMONKIT_EXPORT Exception : public std::exception
 {
 public:
@@ -18,7 +18,7 @@ public:
 
     const char* what() const noexcept override;
     const std::string& message() const noexcept { return m_message; }
-    // The exception that led to this one, or null.
+    /// The exception that led to this one, or null.
     std::exception_ptr cause() const noexcept { return m_cause; }
 
 private:
@@ -26,7 +26,7 @@ private:
     std::exception_ptr m_cause;
 };
 
-// An exception whose message is a QString (kept exactly; what() is UTF-8).
+/// An exception whose message is a QString (kept exactly; what() is UTF-8).
 class COMMONKIT_EXPORT ExceptionQt : public Exception
 {
 public:
@@ -39,7 +39,7 @@ private:
     QString m_messageQt;
 };
 
-// A value had another type than the one asked for.
+/// A value had another type than the one asked for.
 class COMMONKIT_EXPORT UnexpectedTypeException : public ExceptionQt
 {
 public:
@@ -58,7 +58,7 @@ private:
     QString m_expectedType;
 };
 
-// An argument was not acceptable; text names or shows the argument.
+/// An argument was not acceptable; text names or shows the argument.
 class COMMONKIT_EXPORT IllegalArgumentException : public ExceptionQt
 {
 public:

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "support/core/Export.h"
+#include <CommonKit/support/core/Export.h>
 
 namespace ko {
 
-// Minimal interface query: an object answers getInterface(name) with a pointer
-// to the named interface it implements, or null.
+/// Minimal interface query: an object answers getInterface(name) with a pointer
+/// to the named interface it implements, or null.
 class COMMONKIT_EXPORT IInterface
 {
 public:

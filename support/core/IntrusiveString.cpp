@@ -1,4 +1,4 @@
-#include "support/core/IntrusiveString.h"
+#include <CommonKit/support/core/IntrusiveString.h>
 
 #include <atomic>
 #include <cstring>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "support/core/Export.h"
+#include <CommonKit/support/core/Export.h>
 
 #include <boost/intrusive_ptr.hpp>
 
@@ -10,8 +10,8 @@
 
 namespace ko {
 
-// An immutable, reference-counted UTF-8 string. Copies share one buffer; the
-// count is atomic, so copies may live on different threads.
+/// An immutable, reference-counted UTF-8 string. Copies share one buffer; the
+/// count is atomic, so copies may live on different threads.
 class COMMONKIT_EXPORT IntrusiveString
 {
 public:

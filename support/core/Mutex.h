@@ -1,12 +1,12 @@
 #pragma once
 
-#include "support/core/Export.h"
+#include <CommonKit/support/core/Export.h>
 
 #include <mutex>
 
 namespace ko {
 
-// A recursive mutex; the owning thread may lock it again.
+/// A recursive mutex; the owning thread may lock it again.
 class COMMONKIT_EXPORT Mutex
 {
 public:
@@ -23,7 +23,7 @@ private:
     std::recursive_mutex m_mutex;
 };
 
-// Holds a Mutex for the lifetime of the locker.
+/// Holds a Mutex for the lifetime of the locker.
 class COMMONKIT_EXPORT MutexLocker
 {
 public:

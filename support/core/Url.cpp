@@ -1,4 +1,4 @@
-#include "support/core/Url.h"
+#include <CommonKit/support/core/Url.h>
 
 #include <QDir>
 

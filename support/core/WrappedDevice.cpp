@@ -1,4 +1,4 @@
-#include "support/core/WrappedDevice.h"
+#include "support/core/WrappedDevice_p.h"
 
 #include <QCoreApplication>
 

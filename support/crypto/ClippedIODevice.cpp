@@ -1,6 +1,6 @@
-#include "support/crypto/ClippedIODevice.h"
+#include <CommonKit/support/crypto/ClippedIODevice.h>
 
-#include "support/core/WrappedDevice.h"
+#include "support/core/WrappedDevice_p.h"
 
 #include <algorithm>
 

@@ -1,21 +1,21 @@
 #pragma once
 
-#include "support/core/Export.h"
+#include <CommonKit/support/core/Export.h>
 
 #include <QIODevice>
 
 namespace ko {
 namespace crypto {
 
-// A read-only QIODevice that reads from another device, starting at that
-// device's position when it is opened, and ends after at most max() bytes
-// (the rest of the wrapped device when no maximum is set).
-//
-// Over a random-access device it is random-access too: positions are
-// relative to the starting point and size() is the clipped size. Opening
-// opens the wrapped device read-only when it is not open yet; closing
-// closes it. The device does not own the wrapped device, which must outlive it
-// (destroying an open device closes it).
+/// A read-only QIODevice that reads from another device, starting at that
+/// device's position when it is opened, and ends after at most max() bytes
+/// (the rest of the wrapped device when no maximum is set).
+///
+/// Over a random-access device it is random-access too: positions are
+/// relative to the starting point and size() is the clipped size. Opening
+/// opens the wrapped device read-only when it is not open yet; closing
+/// closes it. The device does not own the wrapped device, which must outlive it
+/// (destroying an open device closes it).
 class COMMONKIT_EXPORT ClippedIODevice : public QIODevice
 {
     Q_OBJECT
@@ -25,8 +25,8 @@ public:
 
     QIODevice* device() const { return m_device; }
 
-    // Number of bytes the device delivers at most; a negative value removes
-    // the limit. May be set before or after opening.
+    /// Number of bytes the device delivers at most; a negative value removes
+    /// the limit. May be set before or after opening.
     void setMax(qint64 max);
     qint64 max() const { return m_max; }
 

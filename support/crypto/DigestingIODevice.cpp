@@ -1,6 +1,6 @@
-#include "support/crypto/DigestingIODevice.h"
+#include <CommonKit/support/crypto/DigestingIODevice.h>
 
-#include "support/core/WrappedDevice.h"
+#include "support/core/WrappedDevice_p.h"
 
 #include <algorithm>
 

@@ -1,25 +1,25 @@
 #pragma once
 
-#include "support/core/Export.h"
-#include "support/crypto/MessageDigest.h"
+#include <CommonKit/support/core/Export.h>
+#include <CommonKit/support/crypto/MessageDigest.h>
 
 #include <QIODevice>
 
 namespace ko {
 namespace crypto {
 
-// A QIODevice that passes reads and writes through to another device and
-// feeds every byte that passes into its running digest.
-//
-// It is itself the MessageDigest (count() is the number of bytes digested,
-// digest() the digest so far). It always works unbuffered, so the digest
-// covers exactly the bytes its caller read or wrote. pos() counts the bytes
-// that passed; seek() moves only forward, by reading (and digesting) the
-// bytes in between.
-//
-// Opening opens the wrapped device with the same mode when it is not open
-// yet; closing closes it. The device does not own the wrapped device, which must outlive it
-// (destroying an open device closes it).
+/// A QIODevice that passes reads and writes through to another device and
+/// feeds every byte that passes into its running digest.
+///
+/// It is itself the MessageDigest (count() is the number of bytes digested,
+/// digest() the digest so far). It always works unbuffered, so the digest
+/// covers exactly the bytes its caller read or wrote. pos() counts the bytes
+/// that passed; seek() moves only forward, by reading (and digesting) the
+/// bytes in between.
+///
+/// Opening opens the wrapped device with the same mode when it is not open
+/// yet; closing closes it. The device does not own the wrapped device, which must outlive it
+/// (destroying an open device closes it).
 class COMMONKIT_EXPORT DigestingIODevice : public QIODevice, public MessageDigest
 {
     Q_OBJECT

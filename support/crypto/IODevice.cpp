@@ -1,6 +1,6 @@
-#include "support/crypto/IODevice.h"
+#include <CommonKit/support/crypto/IODevice.h>
 
-#include "support/core/WrappedDevice.h"
+#include "support/core/WrappedDevice_p.h"
 
 #include <openssl/evp.h>
 #include <openssl/hmac.h>

@@ -1,4 +1,4 @@
-#include "support/crypto/LockedString.h"
+#include <CommonKit/support/crypto/LockedString.h>
 
 #include <algorithm>
 #include <cstring>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "support/core/Export.h"
-#include "support/crypto/SecureAllocator.h"
+#include <CommonKit/support/core/Export.h>
+#include <CommonKit/support/crypto/SecureAllocator.h>
 
 #include <cstddef>
 #include <string_view>
@@ -9,14 +9,14 @@
 namespace ko {
 namespace crypto {
 
-// A byte string for long-lived secrets. Its bytes sit in memory that is
-// locked into RAM (mlock on POSIX, VirtualLock on Windows) so that they are
-// never written to swap, and they are wiped when the string is cleared,
-// grows into a new block, or is destroyed.
-//
-// When the system refuses the lock (for example because the process limit
-// for locked memory is reached) the string still works and still wipes its
-// bytes; isLocked() then answers false.
+/// A byte string for long-lived secrets. Its bytes sit in memory that is
+/// locked into RAM (mlock on POSIX, VirtualLock on Windows) so that they are
+/// never written to swap, and they are wiped when the string is cleared,
+/// grows into a new block, or is destroyed.
+///
+/// When the system refuses the lock (for example because the process limit
+/// for locked memory is reached) the string still works and still wipes its
+/// bytes; isLocked() then answers false.
 class COMMONKIT_EXPORT locked_string
 {
 public:
@@ -33,16 +33,16 @@ public:
     void assign(const char* data, std::size_t size);
     void append(const char* data, std::size_t size);
     void append(std::string_view text) { append(text.data(), text.size()); }
-    // Wipes the bytes and releases the block.
+    /// Wipes the bytes and releases the block.
     void clear() noexcept;
 
     const char* data() const noexcept { return m_data ? m_data : ""; }
-    // Always NUL-terminated.
+    /// Always NUL-terminated.
     const char* c_str() const noexcept { return data(); }
     std::size_t size() const noexcept { return m_size; }
     bool empty() const noexcept { return m_size == 0; }
     std::size_t capacity() const noexcept { return m_capacity; }
-    // Whether the current block is locked into RAM (false when empty).
+    /// Whether the current block is locked into RAM (false when empty).
     bool isLocked() const noexcept { return m_locked; }
 
     std::string_view view() const noexcept { return std::string_view(data(), m_size); }

@@ -1,5 +1,5 @@
-#include "support/crypto/MessageDigest.h"
-#include "support/crypto/EvpDigest.h"
+#include <CommonKit/support/crypto/MessageDigest.h>
+#include "support/crypto/EvpDigest_p.h"
 
 #include <openssl/evp.h>
 

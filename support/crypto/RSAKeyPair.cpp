@@ -1,5 +1,5 @@
-#include "support/crypto/RSAKeyPair.h"
-#include "support/crypto/EvpDigest.h"
+#include <CommonKit/support/crypto/RSAKeyPair.h>
+#include "support/crypto/EvpDigest_p.h"
 
 #include <openssl/bio.h>
 #include <openssl/bn.h>

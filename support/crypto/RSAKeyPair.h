@@ -1,24 +1,24 @@
 #pragma once
 
-#include "support/core/Export.h"
-#include "support/crypto/MessageDigest.h"
-#include "support/crypto/SecureAllocator.h"
+#include <CommonKit/support/core/Export.h>
+#include <CommonKit/support/crypto/MessageDigest.h>
+#include <CommonKit/support/crypto/SecureAllocator.h>
 
 #include <string>
 
 namespace ko {
 namespace crypto {
 
-// An RSA key: a private key (which includes its public part) or only a
-// public key, loaded from PEM text or a PEM file, or generated.
-//
-// sign() and verify() work on a finished digest: the signature is RSA
-// PKCS#1 v1.5 over the DigestInfo of that digest and its algorithm (the same
-// bytes `openssl pkeyutl -sign -pkeyopt digest:sha256` produces for a
-// SHA-256 digest), carried as Base64 text without line breaks.
-//
-// Copies share the underlying key, which is immutable once loaded.
-// Operations report failure by their return value; lastError() says why.
+/// An RSA key: a private key (which includes its public part) or only a
+/// public key, loaded from PEM text or a PEM file, or generated.
+///
+/// sign() and verify() work on a finished digest: the signature is RSA
+/// PKCS#1 v1.5 over the DigestInfo of that digest and its algorithm (the same
+/// bytes `openssl pkeyutl -sign -pkeyopt digest:sha256` produces for a
+/// SHA-256 digest), carried as Base64 text without line breaks.
+///
+/// Copies share the underlying key, which is immutable once loaded.
+/// Operations report failure by their return value; lastError() says why.
 class COMMONKIT_EXPORT RSAKeyPair
 {
 public:
@@ -29,38 +29,38 @@ public:
     RSAKeyPair& operator=(RSAKeyPair&& other) noexcept;
     ~RSAKeyPair();
 
-    // Reads a PEM private key ("PRIVATE KEY", "RSA PRIVATE KEY", or an
-    // encrypted one with `passphrase`) or a PEM public key ("PUBLIC KEY",
-    // "RSA PUBLIC KEY"). Replaces the current key only on success.
+    /// Reads a PEM private key ("PRIVATE KEY", "RSA PRIVATE KEY", or an
+    /// encrypted one with `passphrase`) or a PEM public key ("PUBLIC KEY",
+    /// "RSA PUBLIC KEY"). Replaces the current key only on success.
     bool loadPem(const secure_string& pem, const secure_string& passphrase = secure_string());
     bool loadFile(const std::string& path, const secure_string& passphrase = secure_string());
-    // Generates a new private key of `bits` bits (at least 1024).
+    /// Generates a new private key of `bits` bits (at least 1024).
     bool generate(int bits = 3072);
-    // Drops the key.
+    /// Drops the key.
     void clear();
 
-    // PKCS#8 "PRIVATE KEY" PEM text, unencrypted, or empty without a private
-    // key.
+    /// PKCS#8 "PRIVATE KEY" PEM text, unencrypted, or empty without a private
+    /// key.
     secure_string privateKeyPem() const;
-    // "PUBLIC KEY" (SubjectPublicKeyInfo) PEM text, or empty without a key.
+    /// "PUBLIC KEY" (SubjectPublicKeyInfo) PEM text, or empty without a key.
     std::string publicKeyPem() const;
-    // Write the PEM text to a file (the private key file gets mode 0600 on
-    // POSIX). False when there is nothing to write or the file fails.
+    /// Write the PEM text to a file (the private key file gets mode 0600 on
+    /// POSIX). False when there is nothing to write or the file fails.
     bool savePrivateKey(const std::string& path) const;
     bool savePublicKey(const std::string& path) const;
 
     bool emptyPrivateKey() const;
     bool emptyPublicKey() const;
-    // Key size in bits, 0 without a key.
+    /// Key size in bits, 0 without a key.
     int bits() const;
 
-    // Signs a finished digest; the algorithm is the one whose digest size
-    // matches (MD5, SHA1, SHA224, SHA256, SHA384 or SHA512). Returns the
-    // Base64 signature, or an empty string on failure.
+    /// Signs a finished digest; the algorithm is the one whose digest size
+    /// matches (MD5, SHA1, SHA224, SHA256, SHA384 or SHA512). Returns the
+    /// Base64 signature, or an empty string on failure.
     secure_string sign(const secure_string& digest) const;
     secure_string sign(const secure_string& digest, MessageDigest::Algorithm algorithm) const;
-    // Whether `signature` (Base64, as sign() returns it) is a valid signature
-    // of `digest` by this key's public part.
+    /// Whether `signature` (Base64, as sign() returns it) is a valid signature
+    /// of `digest` by this key's public part.
     bool verify(const secure_string& digest, const secure_string& signature) const;
     bool verify(const secure_string& digest, const secure_string& signature,
                 MessageDigest::Algorithm algorithm) const;

@@ -1,4 +1,4 @@
-#include "support/crypto/SecureAllocator.h"
+#include <CommonKit/support/crypto/SecureAllocator.h>
 
 #include <openssl/crypto.h>
 

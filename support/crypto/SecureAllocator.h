@@ -1,6 +1,6 @@
 #pragma once
 
-#include "support/core/Export.h"
+#include <CommonKit/support/core/Export.h>
 
 #include <cstddef>
 #include <limits>
@@ -10,26 +10,26 @@
 namespace ko {
 namespace crypto {
 
-// Overwrites `size` bytes at `data` with zeros in a way the compiler may not
-// optimise away. Use it on every buffer that held key material before the
-// buffer is freed or reused.
+/// Overwrites `size` bytes at `data` with zeros in a way the compiler may not
+/// optimise away. Use it on every buffer that held key material before the
+/// buffer is freed or reused.
 COMMONKIT_EXPORT void zeroOut(void* data, std::size_t size);
 
-// Allocation primitives behind secure_allocator: secureAllocate hands out
-// plain heap memory, secureDeallocate wipes `size` bytes with zeroOut and only
-// then frees them.
+/// Allocation primitives behind secure_allocator: secureAllocate hands out
+/// plain heap memory, secureDeallocate wipes `size` bytes with zeroOut and only
+/// then frees them.
 COMMONKIT_EXPORT void* secureAllocate(std::size_t size);
 COMMONKIT_EXPORT void secureDeallocate(void* data, std::size_t size) noexcept;
 
-// Diagnostic hook, called with every block that secure_allocator or
-// locked_string gives back, after the block was wiped and before it is freed
-// (the memory is still valid during the call). Meant for tests that check the
-// wiping; returns the previous hook. Pass nullptr to remove it.
+/// Diagnostic hook, called with every block that secure_allocator or
+/// locked_string gives back, after the block was wiped and before it is freed
+/// (the memory is still valid during the call). Meant for tests that check the
+/// wiping; returns the previous hook. Pass nullptr to remove it.
 using ReleaseHook = void (*)(const void* data, std::size_t size);
 COMMONKIT_EXPORT ReleaseHook setReleaseHook(ReleaseHook hook);
 
-// A standard allocator that wipes memory before it frees it, so that keys,
-// digests and signatures do not linger in freed heap blocks.
+/// A standard allocator that wipes memory before it frees it, so that keys,
+/// digests and signatures do not linger in freed heap blocks.
 template<typename T>
 class secure_allocator
 {
@@ -65,12 +65,12 @@ public:
     bool operator!=(const secure_allocator<U>&) const noexcept { return false; }
 };
 
-// The string type in which keys, digests and signatures travel. Its heap
-// buffer is wiped when it is released (grown, shrunk or destroyed).
-// Strings short enough for the small-string buffer (15 bytes with
-// libstdc++) live inside the string object and never reach the allocator;
-// wipe such a short secret with zeroOut(&s[0], s.size()) before the object
-// goes away, or keep it in a locked_string.
+/// The string type in which keys, digests and signatures travel. Its heap
+/// buffer is wiped when it is released (grown, shrunk or destroyed).
+/// Strings short enough for the small-string buffer (15 bytes with
+/// libstdc++) live inside the string object and never reach the allocator;
+/// wipe such a short secret with zeroOut(&s[0], s.size()) before the object
+/// goes away, or keep it in a locked_string.
 using secure_string = std::basic_string<char, std::char_traits<char>, secure_allocator<char>>;
 
 } // namespace crypto

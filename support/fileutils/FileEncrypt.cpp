@@ -1,4 +1,4 @@
-#include "support/fileutils/FileEncrypt.h"
+#include <CommonKit/support/fileutils/FileEncrypt.h>
 
 namespace ko {
 

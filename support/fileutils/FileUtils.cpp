@@ -1,6 +1,6 @@
-#include "support/fileutils/FileUtils.h"
+#include <CommonKit/support/fileutils/FileUtils.h>
 
-#include "platform/Platform.h"
+#include <CommonKit/platform/Platform.h>
 
 namespace ko {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "support/core/Export.h"
-#include "support/json/Variant.h"
+#include <CommonKit/support/core/Export.h>
+#include <CommonKit/support/json/Variant.h>
 
 #include <cstdint>
 #include <functional>
@@ -13,35 +13,35 @@
 
 namespace json {
 
-// Converts values of one native type to and from JSON. Schema keeps one for
-// each application data type registered with
-// Schema::registerApplicationDataType(); the type's JSON form is described by
-// the schema node its URI names.
+/// Converts values of one native type to and from JSON. Schema keeps one for
+/// each application data type registered with
+/// Schema::registerApplicationDataType(); the type's JSON form is described by
+/// the schema node its URI names.
 class COMMONKIT_EXPORT ApplicationDataType
 {
 public:
     virtual ~ApplicationDataType();
 
-    // The JSON form of the native value at `object`.
+    /// The JSON form of the native value at `object`.
     virtual Variant toVariant(const void* object) const = 0;
-    // Sets the native value at `object` (an existing, constructed value)
-    // from `value`; false when `value` does not have the type's JSON form,
-    // and then *object may be partly set.
+    /// Sets the native value at `object` (an existing, constructed value)
+    /// from `value`; false when `value` does not have the type's JSON form,
+    /// and then *object may be partly set.
     virtual bool fromVariant(const Variant& value, void* object) const = 0;
 };
 
-// An application data type whose JSON form is an object with one member per
-// property of a value type T, read and written through T's accessors:
-//
-//     auto point = std::make_shared<json::ObjectValueProperty<QPoint>>();
-//     point->add("x", &QPoint::x, &QPoint::setX).add("y", &QPoint::y, &QPoint::setY);
-//
-// A getter is anything callable as get(const T&), a setter anything callable
-// as set(T&, value); the getter's result type chooses the JSON type:
-// integers for integral types, reals for floating-point types, booleans and
-// strings (std::string) for theirs. Members print in the order they were
-// added, and fromVariant() calls the setters in that order, which matters
-// where one setter depends on another (a rectangle's width on its left edge).
+/// An application data type whose JSON form is an object with one member per
+/// property of a value type T, read and written through T's accessors:
+///
+///     auto point = std::make_shared<json::ObjectValueProperty<QPoint>>();
+///     point->add("x", &QPoint::x, &QPoint::setX).add("y", &QPoint::y, &QPoint::setY);
+///
+/// A getter is anything callable as get(const T&), a setter anything callable
+/// as set(T&, value); the getter's result type chooses the JSON type:
+/// integers for integral types, reals for floating-point types, booleans and
+/// strings (std::string) for theirs. Members print in the order they were
+/// added, and fromVariant() calls the setters in that order, which matters
+/// where one setter depends on another (a rectangle's width on its left edge).
 template<typename T>
 class ObjectValueProperty : public ApplicationDataType
 {
@@ -72,8 +72,8 @@ public:
         return result;
     }
 
-    // False unless value is an object holding every member with a value of
-    // the member's type (a whole real counts as an integer).
+    /// False unless value is an object holding every member with a value of
+    /// the member's type (a whole real counts as an integer).
     bool fromVariant(const Variant& value, T* object) const
     {
         if (!value.isObject())
@@ -91,7 +91,7 @@ public:
         return fromVariant(value, static_cast<T*>(object));
     }
 
-    // The member keys in order.
+    /// The member keys in order.
     std::vector<std::string> keys() const
     {
         std::vector<std::string> result;

@@ -1,8 +1,8 @@
 // The registry of application data types behind json::Schema's
 // registerApplicationDataType() and its companions.
 
-#include "support/json/ApplicationDataType.h"
-#include "support/json/Schema.h"
+#include <CommonKit/support/json/ApplicationDataType.h>
+#include <CommonKit/support/json/Schema.h>
 
 #include <map>
 #include <mutex>

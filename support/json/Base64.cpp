@@ -1,6 +1,6 @@
-#include "support/json/Base64.h"
+#include <CommonKit/support/json/Base64.h>
 
-#include "support/json/Schema.h"
+#include <CommonKit/support/json/Schema.h>
 
 #include <QByteArray>
 

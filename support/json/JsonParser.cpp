@@ -1,8 +1,8 @@
-#include "support/json/JsonParser.h"
+#include <CommonKit/support/json/JsonParser.h>
 
-#include "support/json/NodeBuilder.h"
-#include "support/json/Utf8.h"
-#include "support/json/VariantAccess.h"
+#include "support/json/NodeBuilder_p.h"
+#include "support/json/Utf8_p.h"
+#include "support/json/VariantAccess_p.h"
 
 #include <cstdio>
 #include <vector>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "support/core/Export.h"
-#include "support/json/Variant.h"
+#include <CommonKit/support/core/Export.h>
+#include <CommonKit/support/json/Variant.h>
 
 #include <cstddef>
 #include <memory>
@@ -9,17 +9,17 @@
 
 namespace json {
 
-// Parses JSON text (RFC 8259: one value, UTF-8) that may arrive in pieces:
-//
-//     json::JsonParser parser;
-//     while (more)
-//         if (!parser.parse(piece, length)) { report(parser.lastError()); break; }
-//     json::Variant value = parser.parseComplete();
-//
-// Syntax errors are found as soon as the piece holding them arrives; parse()
-// then returns false and lastError() reads "line L, column C: what", counting
-// from 1, columns in characters. Nesting deeper than maxDepth() is an error
-// too, so hostile text cannot exhaust the stack of whoever walks the value.
+/// Parses JSON text (RFC 8259: one value, UTF-8) that may arrive in pieces:
+///
+///     json::JsonParser parser;
+///     while (more)
+///         if (!parser.parse(piece, length)) { report(parser.lastError()); break; }
+///     json::Variant value = parser.parseComplete();
+///
+/// Syntax errors are found as soon as the piece holding them arrives; parse()
+/// then returns false and lastError() reads "line L, column C: what", counting
+/// from 1, columns in characters. Nesting deeper than maxDepth() is an error
+/// too, so hostile text cannot exhaust the stack of whoever walks the value.
 class COMMONKIT_EXPORT JsonParser
 {
 public:
@@ -30,20 +30,20 @@ public:
     JsonParser(const JsonParser&) = delete;
     JsonParser& operator=(const JsonParser&) = delete;
 
-    // Adds a piece of text. False when the text so far is not JSON (also for
-    // every piece after the first error).
+    /// Adds a piece of text. False when the text so far is not JSON (also for
+    /// every piece after the first error).
     bool parse(const char* data, std::size_t length);
     bool parse(const std::string& text) { return parse(text.data(), text.size()); }
 
-    // Ends the text and returns its value. When the text is not JSON (a
-    // syntax error, or it ends inside a value) the result is the whole text
-    // as a string value and lastError() says why; text that is empty or only
-    // white space gives null. Afterwards the parser takes a new text;
-    // lastError() keeps describing the one just ended until the next parse().
+    /// Ends the text and returns its value. When the text is not JSON (a
+    /// syntax error, or it ends inside a value) the result is the whole text
+    /// as a string value and lastError() says why; text that is empty or only
+    /// white space gives null. Afterwards the parser takes a new text;
+    /// lastError() keeps describing the one just ended until the next parse().
     Variant parseComplete();
 
     bool hasError() const;
-    // Empty when there was no error.
+    /// Empty when there was no error.
     const std::string& lastError() const;
     int errorLine() const;
     int errorColumn() const;
@@ -51,7 +51,7 @@ public:
     void setMaxDepth(int depth);
     int maxDepth() const;
 
-    // Discards the text given so far and the last error.
+    /// Discards the text given so far and the last error.
     void reset();
 
 private:

@@ -1,7 +1,7 @@
-#include "support/json/JsonPrinter.h"
+#include <CommonKit/support/json/JsonPrinter.h>
 
-#include "support/json/Utf8.h"
-#include "support/json/VariantAccess.h"
+#include "support/json/Utf8_p.h"
+#include "support/json/VariantAccess_p.h"
 
 #include <charconv>
 #include <cmath>

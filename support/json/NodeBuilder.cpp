@@ -1,4 +1,4 @@
-#include "support/json/NodeBuilder.h"
+#include "support/json/NodeBuilder_p.h"
 
 #include <unordered_map>
 #include <utility>

@@ -1,4 +1,4 @@
-#include "support/json/ObjectModel.h"
+#include <CommonKit/support/json/ObjectModel.h>
 
 #include <map>
 #include <mutex>

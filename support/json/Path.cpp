@@ -1,7 +1,7 @@
-#include "support/json/Path.h"
+#include <CommonKit/support/json/Path.h>
 
-#include "support/json/Variant.h"
-#include "support/json/VariantAccess.h"
+#include <CommonKit/support/json/Variant.h>
+#include "support/json/VariantAccess_p.h"
 
 namespace json {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "support/core/Export.h"
+#include <CommonKit/support/core/Export.h>
 
 #include <cstddef>
 #include <string>
@@ -10,18 +10,18 @@ namespace json {
 
 class Variant;
 
-// A location inside a JSON value, written as segments joined by a separator:
-// "cams/2/name" is member "name" of element 2 of the list in member "cams".
-//
-// A segment names an object member by its key, or a list element by its
-// index in decimal. Indices count from the array base index (0 by default;
-// 1 for the one-based arrays of settings files). A decimal segment below the
-// base, or one applied to an object, is a plain key.
-//
-// With auto array index on, set() creates a list where a decimal segment
-// meets a missing value and grows a list to reach an index beyond its end
-// (filling with nulls); with it off, set() creates objects everywhere and
-// only replaces existing list elements. No list grows past k_maxIndex.
+/// A location inside a JSON value, written as segments joined by a separator:
+/// "cams/2/name" is member "name" of element 2 of the list in member "cams".
+///
+/// A segment names an object member by its key, or a list element by its
+/// index in decimal. Indices count from the array base index (0 by default;
+/// 1 for the one-based arrays of settings files). A decimal segment below the
+/// base, or one applied to an object, is a plain key.
+///
+/// With auto array index on, set() creates a list where a decimal segment
+/// meets a missing value and grows a list to reach an index beyond its end
+/// (filling with nulls); with it off, set() creates objects everywhere and
+/// only replaces existing list elements. No list grows past k_maxIndex.
 class COMMONKIT_EXPORT Path
 {
 public:
@@ -30,8 +30,8 @@ public:
     Path() = default;
     explicit Path(const std::string& text, char separator = '/');
 
-    // Replaces the segments by those of the text; empty segments (doubled,
-    // leading or trailing separators) are dropped.
+    /// Replaces the segments by those of the text; empty segments (doubled,
+    /// leading or trailing separators) are dropped.
     void setPath(const std::string& text, char separator = '/');
     std::string toString(char separator = '/') const;
 
@@ -40,7 +40,7 @@ public:
     bool empty() const { return m_segments.empty(); }
     void append(const std::string& segment) { m_segments.push_back(segment); }
     void removeLast();
-    // This path without its last segment.
+    /// This path without its last segment.
     Path parent() const;
 
     void setArrayBaseIndex(int base) { m_base = base < 0 ? 0 : static_cast<std::size_t>(base); }
@@ -48,23 +48,23 @@ public:
     void setAutoArrayIndex(bool on) { m_autoIndex = on; }
     bool autoArrayIndex() const { return m_autoIndex; }
 
-    // The list position a segment stands for (index minus base), or false
-    // when it is not an index.
+    /// The list position a segment stands for (index minus base), or false
+    /// when it is not an index.
     bool listIndex(const std::string& segment, std::size_t* index) const;
 
-    // Whether the location exists in root; found receives its value. The
-    // empty path is root itself.
+    /// Whether the location exists in root; found receives its value. The
+    /// empty path is root itself.
     bool locate(const Variant& root, Variant* found = nullptr) const;
-    // The value at the location, null when it does not exist.
+    /// The value at the location, null when it does not exist.
     Variant value(const Variant& root) const;
-    // Stores value at the location, creating the objects and lists on the
-    // way. False, with root unchanged, when the location cannot be made: a
-    // segment meets a string, number or boolean, a list meets a segment that
-    // is not an index, or an index lies beyond the list's end without auto
-    // array index (or beyond k_maxIndex).
+    /// Stores value at the location, creating the objects and lists on the
+    /// way. False, with root unchanged, when the location cannot be made: a
+    /// segment meets a string, number or boolean, a list meets a segment that
+    /// is not an index, or an index lies beyond the list's end without auto
+    /// array index (or beyond k_maxIndex).
     bool set(Variant& root, const Variant& value) const;
-    // Removes the member or element at the location; false when it does not
-    // exist. Elements after a removed one move up.
+    /// Removes the member or element at the location; false when it does not
+    /// exist. Elements after a removed one move up.
     bool remove(Variant& root) const;
 
 private:

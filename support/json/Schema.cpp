@@ -1,8 +1,8 @@
-#include "support/json/Schema.h"
+#include <CommonKit/support/json/Schema.h>
 
-#include "support/core/Log.h"
-#include "support/json/SchemaDocuments.h"
-#include "support/json/SchemaValidation.h"
+#include <CommonKit/support/core/Log.h>
+#include "support/json/SchemaDocuments_p.h"
+#include "support/json/SchemaValidation_p.h"
 
 #include <atomic>
 #include <string>

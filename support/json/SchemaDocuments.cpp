@@ -1,8 +1,8 @@
-#include "support/json/SchemaDocuments.h"
+#include "support/json/SchemaDocuments_p.h"
 
-#include "support/core/Log.h"
-#include "support/json/JsonParser.h"
-#include "support/json/Path.h"
+#include <CommonKit/support/core/Log.h>
+#include <CommonKit/support/json/JsonParser.h>
+#include <CommonKit/support/json/Path.h>
 
 #include <QDir>
 #include <QFile>

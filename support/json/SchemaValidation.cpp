@@ -1,10 +1,10 @@
-#include "support/json/SchemaValidation.h"
+#include "support/json/SchemaValidation_p.h"
 
 // Before valijson's validator is instantiated.
-#include "support/json/ValijsonPatches.h"
+#include "support/json/ValijsonPatches_p.h"
 
-#include "support/core/Log.h"
-#include "support/json/VariantAccess.h"
+#include <CommonKit/support/core/Log.h>
+#include "support/json/VariantAccess_p.h"
 
 #include <valijson/schema.hpp>
 #include <valijson/schema_parser.hpp>

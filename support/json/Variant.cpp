@@ -1,7 +1,7 @@
-#include "support/json/Variant.h"
+#include <CommonKit/support/json/Variant.h>
 
-#include "support/json/JsonPrinter.h"
-#include "support/json/VariantAccess.h"
+#include <CommonKit/support/json/JsonPrinter.h>
+#include "support/json/VariantAccess_p.h"
 
 #include <cmath>
 #include <limits>

@@ -1,6 +1,6 @@
-#include "resources/Translations.h"
-#include "support/compression/ZlibDevice.h"
-#include "support/crypto/IODevice.h"
+#include <CommonKit/resources/Translations.h>
+#include <CommonKit/support/compression/ZlibDevice.h>
+#include <CommonKit/support/crypto/IODevice.h>
 
 #include <gtest/gtest.h>
 

@@ -2,12 +2,12 @@
 // hostile trailers.
 
 #include "support/TestFiles.h"
-#include "storage/EncryptedFile.h"
-#include "storage/MetadataDigest.h"
-#include "support/core/Log.h"
-#include "support/crypto/IODevice.h"
-#include "support/json/JsonParser.h"
-#include "support/json/JsonPrinter.h"
+#include <CommonKit/storage/EncryptedFile.h>
+#include <CommonKit/storage/MetadataDigest.h>
+#include <CommonKit/support/core/Log.h>
+#include <CommonKit/support/crypto/IODevice.h>
+#include <CommonKit/support/json/JsonParser.h>
+#include <CommonKit/support/json/JsonPrinter.h>
 
 #include <gtest/gtest.h>
 

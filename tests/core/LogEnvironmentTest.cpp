@@ -1,7 +1,7 @@
 // Runs once for each value of COMMONKIT_LOG_LEVEL listed in CMakeLists.txt
 // (and once as the environment has it).
 
-#include "support/core/Log.h"
+#include <CommonKit/support/core/Log.h>
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "support/core/Log.h"
+#include <CommonKit/support/core/Log.h>
 
 #include <gtest/gtest.h>
 

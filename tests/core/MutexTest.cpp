@@ -1,4 +1,4 @@
-#include "support/core/Mutex.h"
+#include <CommonKit/support/core/Mutex.h>
 
 #include <gtest/gtest.h>
 

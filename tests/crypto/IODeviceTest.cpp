@@ -1,4 +1,4 @@
-#include "support/crypto/IODevice.h"
+#include <CommonKit/support/crypto/IODevice.h>
 #include "support/ReferenceDecrypt.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "support/crypto/MessageDigest.h"
+#include <CommonKit/support/crypto/MessageDigest.h>
 
 #include <gtest/gtest.h>
 

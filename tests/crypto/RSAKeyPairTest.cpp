@@ -1,4 +1,4 @@
-#include "support/crypto/RSAKeyPair.h"
+#include <CommonKit/support/crypto/RSAKeyPair.h>
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
-#include "support/crypto/IODevice.h"
-#include "support/crypto/LockedString.h"
-#include "support/crypto/SecureAllocator.h"
+#include <CommonKit/support/crypto/IODevice.h>
+#include <CommonKit/support/crypto/LockedString.h>
+#include <CommonKit/support/crypto/SecureAllocator.h>
 #include "support/ReferenceDecrypt.h"
 
 #include <gtest/gtest.h>

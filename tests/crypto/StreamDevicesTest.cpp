@@ -1,7 +1,7 @@
-#include "support/compression/ZlibDevice.h"
-#include "support/crypto/ClippedIODevice.h"
-#include "support/crypto/DigestingIODevice.h"
-#include "support/crypto/IODevice.h"
+#include <CommonKit/support/compression/ZlibDevice.h>
+#include <CommonKit/support/crypto/ClippedIODevice.h>
+#include <CommonKit/support/crypto/DigestingIODevice.h>
+#include <CommonKit/support/crypto/IODevice.h>
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
-#include "expressions/Expressions.h"
-#include "properties/Properties.h"
+#include <CommonKit/expressions/Expressions.h>
+#include <CommonKit/properties/Properties.h>
 #include "support/ToolRunner.h"
 
 #include <gtest/gtest.h>

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "expressions/Expressions.h"
-#include "properties/Properties.h"
-#include "properties/PropertySet.h"
-#include "properties/TypeTool.h"
+#include <CommonKit/expressions/Expressions.h>
+#include <CommonKit/properties/Properties.h>
+#include <CommonKit/properties/PropertySet.h>
+#include <CommonKit/properties/TypeTool.h>
 
 #include <QVariant>
 

@@ -1,7 +1,7 @@
 #include "support/LogCapture.h"
 #include "ExpressionTestSupport.h"
 
-#include "support/core/Log.h"
+#include <CommonKit/support/core/Log.h>
 
 #include <gtest/gtest.h>
 

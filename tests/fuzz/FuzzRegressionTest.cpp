@@ -3,10 +3,10 @@
 // library function the target calls and checks the documented outcome.
 
 #include "support/LogCapture.h"
-#include "json/JsonSettings.h"
-#include "json/VariantConversion.h"
-#include "storage/EncryptedSettings.h"
-#include "support/core/Log.h"
+#include <CommonKit/json/JsonSettings.h>
+#include <CommonKit/json/VariantConversion.h>
+#include <CommonKit/storage/EncryptedSettings.h>
+#include <CommonKit/support/core/Log.h>
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // ko::BlowFish against libcrypto's 64-bit CFB Blowfish run in one pass over
 // the whole input with the same key and vector.
 
-#include "storage/BlowFish.h"
-#include "support/core/Log.h"
+#include <CommonKit/storage/BlowFish.h>
+#include <CommonKit/support/core/Log.h>
 
 #include <gtest/gtest.h>
 

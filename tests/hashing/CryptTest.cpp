@@ -1,9 +1,9 @@
 // kogen::Crypt against independent implementations: the system's crypt(3)
 // (libcrypt), libcrypto's DES crypt and QCryptographicHash.
 
-#include "storage/Crypt.h"
+#include <CommonKit/storage/Crypt.h>
 
-#include "support/core/QtDeprecated.h"
+#include <CommonKit/support/core/QtDeprecated.h>
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // commonkit crypt, ha1 and access-line, run as a user would.
 
-#include "storage/Crypt.h"
+#include <CommonKit/storage/Crypt.h>
 #include "support/ToolRunner.h"
 
 #include <gtest/gtest.h>

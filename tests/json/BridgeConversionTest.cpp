@@ -2,10 +2,10 @@
 // the flat layout against QSettings' own array layout.
 
 #include "support/LogCapture.h"
-#include "json/VariantConversion.h"
-#include "support/core/Log.h"
-#include "support/json/JsonParser.h"
-#include "support/json/ObjectModel.h"
+#include <CommonKit/json/VariantConversion.h>
+#include <CommonKit/support/core/Log.h>
+#include <CommonKit/support/json/JsonParser.h>
+#include <CommonKit/support/json/ObjectModel.h>
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
 // qVariantMapFlat and jsonVariantFlat are inverse to each other: seeded
 // random nested values with the schema that describes them.
 
-#include "json/VariantConversion.h"
-#include "support/json/JsonParser.h"
-#include "support/json/Schema.h"
+#include <CommonKit/json/VariantConversion.h>
+#include <CommonKit/support/json/JsonParser.h>
+#include <CommonKit/support/json/Schema.h>
 
 #include <gtest/gtest.h>
 

@@ -2,10 +2,10 @@
 // QJsonDocument, what it reads with QSettings itself.
 
 #include "support/LogCapture.h"
-#include "json/JsonSettings.h"
-#include "json/VariantConversion.h"
-#include "support/core/Log.h"
-#include "support/json/JsonParser.h"
+#include <CommonKit/json/JsonSettings.h>
+#include <CommonKit/json/VariantConversion.h>
+#include <CommonKit/support/core/Log.h>
+#include <CommonKit/support/json/JsonParser.h>
 
 #include <gtest/gtest.h>
 

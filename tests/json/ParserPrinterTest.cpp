@@ -1,8 +1,8 @@
 // json::JsonParser and json::JsonPrinter.
 
-#include "support/json/JsonParser.h"
-#include "support/json/JsonPrinter.h"
-#include "support/json/Variant.h"
+#include <CommonKit/support/json/JsonParser.h>
+#include <CommonKit/support/json/JsonPrinter.h>
+#include <CommonKit/support/json/Variant.h>
 
 #include <gtest/gtest.h>
 

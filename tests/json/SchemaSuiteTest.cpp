@@ -5,8 +5,8 @@
 // (http://localhost:1234/...) are registered in memory under their URLs, so
 // nothing goes to the network.
 
-#include "support/json/JsonParser.h"
-#include "support/json/Schema.h"
+#include <CommonKit/support/json/JsonParser.h>
+#include <CommonKit/support/json/Schema.h>
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // json::Schema: loading, references, the converter's questions, validation.
 
-#include "support/json/JsonParser.h"
-#include "support/json/Schema.h"
+#include <CommonKit/support/json/JsonParser.h>
+#include <CommonKit/support/json/Schema.h>
 
 #include <gtest/gtest.h>
 

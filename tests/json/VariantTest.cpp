@@ -1,8 +1,8 @@
 // json::Variant, Object, List, VariantIterator and Path.
 
-#include "support/json/JsonPrinter.h"
-#include "support/json/Path.h"
-#include "support/json/Variant.h"
+#include <CommonKit/support/json/JsonPrinter.h>
+#include <CommonKit/support/json/Path.h>
+#include <CommonKit/support/json/Variant.h>
 
 #include <gtest/gtest.h>
 

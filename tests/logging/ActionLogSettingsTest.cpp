@@ -4,10 +4,10 @@
 #include "ActionLogSupport.h"
 #include "TestEntries.h"
 
-#include "logging/IAccessGroup.h"
-#include "platform/Platform.h"
-#include "storage/Settings.h"
-#include "support/core/Log.h"
+#include <CommonKit/logging/IAccessGroup.h>
+#include <CommonKit/platform/Platform.h>
+#include <CommonKit/storage/Settings.h>
+#include <CommonKit/support/core/Log.h>
 
 #include <gtest/gtest.h>
 

@@ -3,7 +3,7 @@
 
 #include "ActionLogSupport.h"
 
-#include "logging/ActionLogContextSwitchEntry.h"
+#include <CommonKit/logging/ActionLogContextSwitchEntry.h>
 
 #include <gtest/gtest.h>
 

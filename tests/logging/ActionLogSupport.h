@@ -4,7 +4,7 @@
 // protected operations opened up, a signal recorder, and an independent view
 // of a log file through QDomDocument.
 
-#include "logging/ActionLog.h"
+#include <CommonKit/logging/ActionLog.h>
 
 #include <QDateTime>
 #include <QMap>

@@ -5,7 +5,7 @@
 #include "ActionLogSupport.h"
 #include "TestEntries.h"
 
-#include "logging/ActionLogContextSwitchEntry.h"
+#include <CommonKit/logging/ActionLogContextSwitchEntry.h>
 
 #include <gtest/gtest.h>
 

@@ -4,8 +4,8 @@
 // fail, and the child ends with exit code 3 at the first error the log
 // reports.
 
-#include "logging/ActionLog.h"
-#include "logging/ActionLogContextSwitchEntry.h"
+#include <CommonKit/logging/ActionLog.h>
+#include <CommonKit/logging/ActionLogContextSwitchEntry.h>
 
 #include <QCoreApplication>
 #include <QFileInfo>

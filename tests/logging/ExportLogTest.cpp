@@ -1,11 +1,11 @@
 // Export records: the tables, the six entry kinds and what send() logs.
 // Expected texts are written out here; times are formatted by QLocale.
 
-#include "logging/ActionLog.h"
-#include "logging/ExportActionLog.h"
-#include "logging/ExportEntries.h"
-#include "logging/LogEntryFactory.h"
-#include "resources/Translations.h"
+#include <CommonKit/logging/ActionLog.h>
+#include <CommonKit/logging/ExportActionLog.h>
+#include <CommonKit/logging/ExportEntries.h>
+#include <CommonKit/logging/LogEntryFactory.h>
+#include <CommonKit/resources/Translations.h>
 
 #include <gtest/gtest.h>
 

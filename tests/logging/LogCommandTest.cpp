@@ -2,7 +2,7 @@
 
 #include "TestEntries.h"
 
-#include "logging/XMLLogReader.h"
+#include <CommonKit/logging/XMLLogReader.h>
 #include "support/ToolRunner.h"
 
 #include <gtest/gtest.h>

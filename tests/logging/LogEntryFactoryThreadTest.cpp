@@ -4,7 +4,7 @@
 
 #include "TestEntries.h"
 
-#include "logging/LogEntryFactory.h"
+#include <CommonKit/logging/LogEntryFactory.h>
 
 #include <gtest/gtest.h>
 

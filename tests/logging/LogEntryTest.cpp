@@ -2,10 +2,10 @@
 
 #include "TestEntries.h"
 
-#include "logging/LogEntryFactory.h"
-#include "logging/LogWriter.h"
-#include "logging/XMLLogReader.h"
-#include "resources/Translations.h"
+#include <CommonKit/logging/LogEntryFactory.h>
+#include <CommonKit/logging/LogWriter.h>
+#include <CommonKit/logging/XMLLogReader.h>
+#include <CommonKit/resources/Translations.h>
 
 #include <gtest/gtest.h>
 

@@ -3,10 +3,10 @@
 
 #include "TestEntries.h"
 
-#include "logging/LogEntryFactory.h"
-#include "logging/ProsaLogWriter.h"
-#include "logging/XMLLogReader.h"
-#include "logging/XMLLogWriter.h"
+#include <CommonKit/logging/LogEntryFactory.h>
+#include <CommonKit/logging/ProsaLogWriter.h>
+#include <CommonKit/logging/XMLLogReader.h>
+#include <CommonKit/logging/XMLLogWriter.h>
 
 #include <gtest/gtest.h>
 

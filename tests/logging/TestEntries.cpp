@@ -1,7 +1,7 @@
 #include "TestEntries.h"
 
-#include "logging/LogEntryFactory.h"
-#include "support/core/QtDeprecated.h"
+#include <CommonKit/logging/LogEntryFactory.h>
+#include <CommonKit/support/core/QtDeprecated.h>
 
 #include <QBuffer>
 #include <QTextStream>

@@ -3,9 +3,9 @@
 // Entry kinds for the logging tests, registered in the factory like an
 // application's own kinds.
 
-#include "logging/LogEntry.h"
-#include "logging/LogValue.h"
-#include "logging/XMLLogWriter.h"
+#include <CommonKit/logging/LogEntry.h>
+#include <CommonKit/logging/LogValue.h>
+#include <CommonKit/logging/XMLLogWriter.h>
 
 #include <QByteArray>
 #include <QDateTime>

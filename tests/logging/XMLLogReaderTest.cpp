@@ -3,7 +3,7 @@
 
 #include "TestEntries.h"
 
-#include "logging/XMLLogReader.h"
+#include <CommonKit/logging/XMLLogReader.h>
 
 #include <gtest/gtest.h>
 

@@ -2,11 +2,11 @@
 // another thread logs (with rollovers, which remove rows), and the filter
 // model against `commonkit log show --where` on the same file.
 
-#include "logging/ActionLog.h"
-#include "logging/ActionLogContextSwitchEntry.h"
-#include "logview/ActionLogFilterModel.h"
-#include "logview/ActionLogModel.h"
-#include "resources/Translations.h"
+#include <CommonKit/logging/ActionLog.h>
+#include <CommonKit/logging/ActionLogContextSwitchEntry.h>
+#include <CommonKit/logview/ActionLogFilterModel.h>
+#include <CommonKit/logview/ActionLogModel.h>
+#include <CommonKit/resources/Translations.h>
 #include "support/ToolRunner.h"
 
 #include <gtest/gtest.h>

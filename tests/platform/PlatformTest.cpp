@@ -1,5 +1,5 @@
-#include "platform/Platform.h"
-#include "support/fileutils/FileUtils.h"
+#include <CommonKit/platform/Platform.h>
+#include <CommonKit/support/fileutils/FileUtils.h>
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
-#include "properties/Properties.h"
-#include "properties/PropertyValidator.h"
-#include "support/core/Exception.h"
+#include <CommonKit/properties/Properties.h>
+#include <CommonKit/properties/PropertyValidator.h>
+#include <CommonKit/support/core/Exception.h>
 
 #include <gtest/gtest.h>
 

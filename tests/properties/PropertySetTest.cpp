@@ -1,7 +1,7 @@
-#include "properties/Properties.h"
-#include "properties/PropertySet.h"
-#include "properties/PropertyValidator.h"
-#include "support/core/Exception.h"
+#include <CommonKit/properties/Properties.h>
+#include <CommonKit/properties/PropertySet.h>
+#include <CommonKit/properties/PropertyValidator.h>
+#include <CommonKit/support/core/Exception.h>
 
 #include <gtest/gtest.h>
 

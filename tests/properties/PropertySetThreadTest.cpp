@@ -1,6 +1,6 @@
-#include "properties/Properties.h"
-#include "properties/PropertySet.h"
-#include "properties/PropertyValidator.h"
+#include <CommonKit/properties/Properties.h>
+#include <CommonKit/properties/PropertySet.h>
+#include <CommonKit/properties/PropertyValidator.h>
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
-#include "properties/Properties.h"
-#include "properties/PropertySet.h"
-#include "properties/PropertyValidator.h"
-#include "resources/Translations.h"
-#include "support/core/Exception.h"
+#include <CommonKit/properties/Properties.h>
+#include <CommonKit/properties/PropertySet.h>
+#include <CommonKit/properties/PropertyValidator.h>
+#include <CommonKit/resources/Translations.h>
+#include <CommonKit/support/core/Exception.h>
 
 #include <gtest/gtest.h>
 

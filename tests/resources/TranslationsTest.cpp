@@ -1,4 +1,4 @@
-#include "resources/Translations.h"
+#include <CommonKit/resources/Translations.h>
 
 #include <gtest/gtest.h>
 
@@ -124,6 +124,7 @@ TEST(Translations, EveryTranslatableTextOfTheSourcesIsInBothLanguages)
     lupdate.start(QStringLiteral(COMMONKIT_LUPDATE),
                   {QStringLiteral("-no-obsolete"), QStringLiteral("-locations"), QStringLiteral("none"),
                    QStringLiteral("-I"), QStringLiteral(COMMONKIT_SOURCE_DIR),
+                   QStringLiteral("-I"), QStringLiteral(COMMONKIT_INCLUDE_DIR),
                    QLatin1Char('@') + list.fileName(), QStringLiteral("-ts"), found});
     ASSERT_TRUE(lupdate.waitForFinished(120000));
     const QString report = QString::fromUtf8(lupdate.readAll());

@@ -2,7 +2,7 @@
 
 #include "MatrixTestSupport.h"
 
-#include "storage/Settings.h"
+#include <CommonKit/storage/Settings.h>
 
 #include <gtest/gtest.h>
 

@@ -4,8 +4,8 @@
 // independent encoder of the "Matrix" text.
 
 #include "support/LogCapture.h"
-#include "rights/FeatureMatrix.h"
-#include "support/core/Log.h"
+#include <CommonKit/rights/FeatureMatrix.h>
+#include <CommonKit/support/core/Log.h>
 
 #include <QByteArray>
 

@@ -5,10 +5,10 @@
 
 #include "support/LogCapture.h"
 #include "support/TestFiles.h"
-#include "storage/EncryptedFile.h"
-#include "storage/EncryptedSettings.h"
-#include "support/core/Log.h"
-#include "support/crypto/RSAKeyPair.h"
+#include <CommonKit/storage/EncryptedFile.h>
+#include <CommonKit/storage/EncryptedSettings.h>
+#include <CommonKit/support/core/Log.h>
+#include <CommonKit/support/crypto/RSAKeyPair.h>
 #include "support/ToolRunner.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 #include "support/TestFiles.h"
-#include "storage/EncryptedSettings.h"
+#include <CommonKit/storage/EncryptedSettings.h>
 #include "support/ReferenceDecrypt.h"
-#include "support/json/JsonParser.h"
-#include "support/json/Schema.h"
+#include <CommonKit/support/json/JsonParser.h>
+#include <CommonKit/support/json/Schema.h>
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "storage/Settings.h"
+#include <CommonKit/storage/Settings.h>
 
 #include <gtest/gtest.h>
 

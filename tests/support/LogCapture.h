@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include "support/core/Log.h"
+#include <CommonKit/support/core/Log.h>
 
 #include <algorithm>
 #include <string>

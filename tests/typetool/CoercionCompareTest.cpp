@@ -1,7 +1,7 @@
 #include "TypeToolProbe.h"
 
-#include "expressions/Operators.h"
-#include "support/core/Exception.h"
+#include <CommonKit/expressions/Operators.h>
+#include <CommonKit/support/core/Exception.h>
 
 #include <QDate>
 #include <QDateTime>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "properties/TypeTool.h"
+#include <CommonKit/properties/TypeTool.h>
 
 #include <gtest/gtest.h>
 

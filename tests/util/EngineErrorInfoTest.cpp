@@ -1,4 +1,4 @@
-#include "util/EngineErrorInfo.h"
+#include <CommonKit/util/EngineErrorInfo.h>
 
 #include <gtest/gtest.h>
 

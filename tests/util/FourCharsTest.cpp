@@ -1,4 +1,4 @@
-#include "util/FourChars.h"
+#include <CommonKit/util/FourChars.h>
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
-#include "util/QMapModel.h"
+#include <CommonKit/util/QMapModel.h>
 
-#include "support/json/JsonPrinter.h"
+#include <CommonKit/support/json/JsonPrinter.h>
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "util/Text2Image.h"
+#include <CommonKit/util/Text2Image.h>
 
 #include <gtest/gtest.h>
 

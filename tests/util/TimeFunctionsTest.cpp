@@ -1,4 +1,4 @@
-#include "util/TimeFunctions.h"
+#include <CommonKit/util/TimeFunctions.h>
 
 #include <gtest/gtest.h>
 

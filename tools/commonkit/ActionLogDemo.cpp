@@ -5,9 +5,9 @@
 #include "Command.h"
 #include "Demo.h"
 
-#include "logging/ActionLog.h"
-#include "logging/ExportActionLog.h"
-#include "logging/XMLLogReader.h"
+#include <CommonKit/logging/ActionLog.h>
+#include <CommonKit/logging/ExportActionLog.h>
+#include <CommonKit/logging/XMLLogReader.h>
 
 #include <QCoreApplication>
 #include <QDir>

@@ -2,7 +2,7 @@
 
 #include "Command.h"
 
-#include "resources/Translations.h"
+#include <CommonKit/resources/Translations.h>
 
 #include <QLocale>
 #include <QTextStream>

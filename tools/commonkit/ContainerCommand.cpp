@@ -5,10 +5,10 @@
 #include "CommandLine.h"
 #include "ToolSecrets.h"
 
-#include "storage/EncryptedFile.h"
-#include "support/core/Log.h"
-#include "support/crypto/RSAKeyPair.h"
-#include "support/json/JsonPrinter.h"
+#include <CommonKit/storage/EncryptedFile.h>
+#include <CommonKit/support/core/Log.h>
+#include <CommonKit/support/crypto/RSAKeyPair.h>
+#include <CommonKit/support/json/JsonPrinter.h>
 
 #include <QFile>
 #include <QFileInfo>

@@ -3,9 +3,9 @@
 #include "Command.h"
 #include "Demo.h"
 
-#include "storage/EncryptedFile.h"
-#include "support/crypto/RSAKeyPair.h"
-#include "support/json/JsonPrinter.h"
+#include <CommonKit/storage/EncryptedFile.h>
+#include <CommonKit/support/crypto/RSAKeyPair.h>
+#include <CommonKit/support/json/JsonPrinter.h>
 
 #include <QFile>
 

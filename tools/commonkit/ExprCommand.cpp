@@ -4,7 +4,7 @@
 #include "Command.h"
 #include "CommandLine.h"
 
-#include "expressions/Expressions.h"
+#include <CommonKit/expressions/Expressions.h>
 
 #include <QDataStream>
 #include <QFile>

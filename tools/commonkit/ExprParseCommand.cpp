@@ -5,8 +5,8 @@
 #include "Command.h"
 #include "CommandLine.h"
 
-#include "expressions/Expressions.h"
-#include "properties/Properties.h"
+#include <CommonKit/expressions/Expressions.h>
+#include <CommonKit/properties/Properties.h>
 
 #include <QDataStream>
 #include <QFile>

@@ -4,9 +4,9 @@
 #include "Command.h"
 #include "Demo.h"
 
-#include "expressions/Expressions.h"
-#include "properties/Properties.h"
-#include "properties/PropertySet.h"
+#include <CommonKit/expressions/Expressions.h>
+#include <CommonKit/properties/Properties.h>
+#include <CommonKit/properties/PropertySet.h>
 
 #include <QDataStream>
 #include <QFile>

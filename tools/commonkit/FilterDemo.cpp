@@ -5,13 +5,13 @@
 #include "Command.h"
 #include "Demo.h"
 
-#include "expressions/Expression.h"
-#include "logging/ActionLog.h"
-#include "logging/ActionLogContextSwitchEntry.h"
-#include "logview/ActionLogFilterModel.h"
-#include "logview/ActionLogModel.h"
-#include "properties/Properties.h"
-#include "properties/PropertySet.h"
+#include <CommonKit/expressions/Expression.h>
+#include <CommonKit/logging/ActionLog.h>
+#include <CommonKit/logging/ActionLogContextSwitchEntry.h>
+#include <CommonKit/logview/ActionLogFilterModel.h>
+#include <CommonKit/logview/ActionLogModel.h>
+#include <CommonKit/properties/Properties.h>
+#include <CommonKit/properties/PropertySet.h>
 
 #include <QStringList>
 

@@ -3,7 +3,7 @@
 #include "Command.h"
 #include "CommandLine.h"
 
-#include "util/FourChars.h"
+#include <CommonKit/util/FourChars.h>
 
 #include <QTextStream>
 

@@ -6,7 +6,7 @@
 #include "Command.h"
 #include "CommandLine.h"
 
-#include "storage/Crypt.h"
+#include <CommonKit/storage/Crypt.h>
 
 #include <QFile>
 #include <QTextStream>

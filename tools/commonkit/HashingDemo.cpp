@@ -3,8 +3,8 @@
 #include "Command.h"
 #include "Demo.h"
 
-#include "storage/BlowFish.h"
-#include "storage/Crypt.h"
+#include <CommonKit/storage/BlowFish.h>
+#include <CommonKit/storage/Crypt.h>
 
 #include <memory>
 

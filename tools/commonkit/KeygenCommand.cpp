@@ -3,7 +3,7 @@
 #include "Command.h"
 #include "CommandLine.h"
 
-#include "support/crypto/RSAKeyPair.h"
+#include <CommonKit/support/crypto/RSAKeyPair.h>
 
 #include <QFileInfo>
 #include <QTextStream>

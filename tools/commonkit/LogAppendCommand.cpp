@@ -5,8 +5,8 @@
 #include "CommandLine.h"
 #include "LogActions.h"
 
-#include "logging/ActionLog.h"
-#include "logging/LogEntryFactory.h"
+#include <CommonKit/logging/ActionLog.h>
+#include <CommonKit/logging/LogEntryFactory.h>
 
 #include <QFile>
 #include <QFileInfo>

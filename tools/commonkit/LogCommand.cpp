@@ -6,9 +6,9 @@
 #include "LogActions.h"
 #include "LogPrinters.h"
 
-#include "logging/LogEntry.h"
-#include "logging/XMLLogReader.h"
-#include "logview/ActionLogFilter.h"
+#include <CommonKit/logging/LogEntry.h>
+#include <CommonKit/logging/XMLLogReader.h>
+#include <CommonKit/logview/ActionLogFilter.h>
 
 #include <QDateTime>
 #include <QFile>

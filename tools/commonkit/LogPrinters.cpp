@@ -4,11 +4,11 @@
 
 #include "Command.h"
 
-#include "logging/LogEntry.h"
-#include "logging/LogValue.h"
-#include "logging/XMLLogReader.h"
-#include "logging/XMLLogWriter.h"
-#include "logview/ActionLogFilter.h"
+#include <CommonKit/logging/LogEntry.h>
+#include <CommonKit/logging/LogValue.h>
+#include <CommonKit/logging/XMLLogReader.h>
+#include <CommonKit/logging/XMLLogWriter.h>
+#include <CommonKit/logview/ActionLogFilter.h>
 
 #include <QDateTime>
 #include <QFile>

@@ -4,9 +4,9 @@
 #include "CommandLine.h"
 #include "LogActions.h"
 
-#include "logging/LogEntry.h"
-#include "logging/XMLLogReader.h"
-#include "logview/ActionLogFilter.h"
+#include <CommonKit/logging/LogEntry.h>
+#include <CommonKit/logging/XMLLogReader.h>
+#include <CommonKit/logview/ActionLogFilter.h>
 
 #include <QFile>
 #include <QMap>

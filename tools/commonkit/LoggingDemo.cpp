@@ -3,9 +3,9 @@
 #include "Command.h"
 #include "Demo.h"
 
-#include "logging/LogEntryFactory.h"
-#include "logging/XMLLogReader.h"
-#include "logging/XMLLogWriter.h"
+#include <CommonKit/logging/LogEntryFactory.h>
+#include <CommonKit/logging/XMLLogReader.h>
+#include <CommonKit/logging/XMLLogWriter.h>
 
 #include <QFile>
 

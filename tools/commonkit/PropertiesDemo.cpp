@@ -3,9 +3,9 @@
 #include "Command.h"
 #include "Demo.h"
 
-#include "properties/Properties.h"
-#include "properties/PropertySet.h"
-#include "properties/PropertyValidator.h"
+#include <CommonKit/properties/Properties.h>
+#include <CommonKit/properties/PropertySet.h>
+#include <CommonKit/properties/PropertyValidator.h>
 
 #include <boost/make_shared.hpp>
 

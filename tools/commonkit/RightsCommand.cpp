@@ -3,8 +3,8 @@
 #include "Command.h"
 #include "CommandLine.h"
 
-#include "rights/FeatureMatrix.h"
-#include "storage/Settings.h"
+#include <CommonKit/rights/FeatureMatrix.h>
+#include <CommonKit/storage/Settings.h>
 
 #include <QFileInfo>
 #include <QSettings>

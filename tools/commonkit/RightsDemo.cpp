@@ -4,9 +4,9 @@
 #include "Command.h"
 #include "Demo.h"
 
-#include "rights/FeatureMatrix.h"
-#include "storage/Settings.h"
-#include "support/core/Log.h"
+#include <CommonKit/rights/FeatureMatrix.h>
+#include <CommonKit/storage/Settings.h>
+#include <CommonKit/support/core/Log.h>
 
 #include <QSettings>
 

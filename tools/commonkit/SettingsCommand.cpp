@@ -12,12 +12,12 @@
 #include "CommandLine.h"
 #include "ToolSecrets.h"
 
-#include "json/JsonSettings.h"
-#include "storage/EncryptedSettings.h"
-#include "support/core/Log.h"
-#include "support/core/Url.h"
-#include "support/json/JsonPrinter.h"
-#include "support/json/Schema.h"
+#include <CommonKit/json/JsonSettings.h>
+#include <CommonKit/storage/EncryptedSettings.h>
+#include <CommonKit/support/core/Log.h>
+#include <CommonKit/support/core/Url.h>
+#include <CommonKit/support/json/JsonPrinter.h>
+#include <CommonKit/support/json/Schema.h>
 
 #include <QFile>
 #include <QFileInfo>

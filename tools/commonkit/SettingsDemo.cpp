@@ -4,10 +4,10 @@
 #include "Command.h"
 #include "Demo.h"
 
-#include "storage/EncryptedSettings.h"
-#include "support/core/Log.h"
-#include "support/json/JsonParser.h"
-#include "support/json/Schema.h"
+#include <CommonKit/storage/EncryptedSettings.h>
+#include <CommonKit/support/core/Log.h>
+#include <CommonKit/support/json/JsonParser.h>
+#include <CommonKit/support/json/Schema.h>
 
 #include <QCryptographicHash>
 #include <QFile>

@@ -3,7 +3,7 @@
 #include "Command.h"
 #include "CommandLine.h"
 
-#include "util/Text2Image.h"
+#include <CommonKit/util/Text2Image.h>
 
 #include <QFile>
 #include <QSaveFile>

@@ -3,8 +3,8 @@
 #include "Command.h"
 #include "CommandLine.h"
 
-#include "util/TimeFunctions.h"
-#include "util/TimeTranscoder.h"
+#include <CommonKit/util/TimeFunctions.h>
+#include <CommonKit/util/TimeTranscoder.h>
 
 #include <QDateTime>
 #include <QLocale>

@@ -5,8 +5,8 @@
 
 #include "CommandLine.h"
 
-#include "support/crypto/RSAKeyPair.h"
-#include "support/crypto/SecureAllocator.h"
+#include <CommonKit/support/crypto/RSAKeyPair.h>
+#include <CommonKit/support/crypto/SecureAllocator.h>
 
 #include <QString>
 #include <QStringList>

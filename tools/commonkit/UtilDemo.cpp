@@ -3,10 +3,10 @@
 #include "Command.h"
 #include "Demo.h"
 
-#include "util/FourChars.h"
-#include "util/Text2Image.h"
-#include "util/TimeFunctions.h"
-#include "util/TimeTranscoder.h"
+#include <CommonKit/util/FourChars.h>
+#include <CommonKit/util/Text2Image.h>
+#include <CommonKit/util/TimeFunctions.h>
+#include <CommonKit/util/TimeTranscoder.h>
 
 #include <vector>
 

@@ -11,7 +11,7 @@
 // values). "$id"s declare identifiers: a URI without fragment names a
 // resource, "#name" a plain-name anchor inside the current resource.
 
-#include "support/json/Variant.h"
+#include <CommonKit/support/json/Variant.h>
 
 #include <string>
 #include <vector>

@@ -2,7 +2,7 @@
 
 // Private to the JSON support library: the nlohmann tree behind a Variant.
 
-#include "support/json/Variant.h"
+#include <CommonKit/support/json/Variant.h>
 
 #include <nlohmann/json.hpp>
 

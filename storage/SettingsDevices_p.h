@@ -3,13 +3,13 @@
 // Internal to the library: the device stacks of the encrypted settings
 // formats, shared by the binary map form and the JSON form.
 
-#include "storage/BorrowedDevice.h"
-#include "storage/EncryptedSettings.h"
-#include "support/compression/ZlibDevice.h"
-#include "support/core/Log.h"
-#include "support/crypto/DigestingIODevice.h"
-#include "support/crypto/IODevice.h"
-#include "support/crypto/SecureAllocator.h"
+#include "storage/BorrowedDevice_p.h"
+#include <CommonKit/storage/EncryptedSettings.h>
+#include <CommonKit/support/compression/ZlibDevice.h>
+#include <CommonKit/support/core/Log.h>
+#include <CommonKit/support/crypto/DigestingIODevice.h>
+#include <CommonKit/support/crypto/IODevice.h>
+#include <CommonKit/support/crypto/SecureAllocator.h>
 
 #include <memory>
 

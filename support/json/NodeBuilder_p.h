@@ -5,7 +5,7 @@
 // first place and takes the last value. Each member is placed in constant
 // time, so objects with very many members build in linear time.
 
-#include "support/json/VariantAccess.h"
+#include "support/json/VariantAccess_p.h"
 
 #include <string>
 

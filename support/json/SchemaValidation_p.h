@@ -3,7 +3,7 @@
 // Private to the JSON support library: validation of a value against a
 // schema node, by valijson.
 
-#include "support/json/SchemaDocuments.h"
+#include "support/json/SchemaDocuments_p.h"
 
 #include <string>
 

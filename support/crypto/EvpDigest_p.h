@@ -3,7 +3,7 @@
 // Private to the crypto support library: libcrypto's digest for each of
 // MessageDigest's algorithms.
 
-#include "support/crypto/MessageDigest.h"
+#include <CommonKit/support/crypto/MessageDigest.h>
 
 #include <openssl/evp.h>
 
