@@ -46,18 +46,29 @@ public:
     virtual QVariant variantValue() const = 0;
 
     /// Stores the value if the variant converts to the class's type and
-    /// returns true; otherwise returns false and keeps the old value.
+    /// returns true; otherwise returns false and keeps the old value. Whether
+    /// it converts is QVariant::canConvert()'s answer, which looks at types
+    /// only: the text "abc" is stored in an IntProperty as 0. Neither
+    /// validates nor changes the valid flag.
     virtual bool setVariantValue(const QVariant& value) = 0;
 
+    /// The name given at construction; the key under which a PropertySet
+    /// holds the property.
     QString propertyName() const { return m_name; }
 
+    /// The text that describes the property to the user; empty until set.
     /// The null object (IllegalProperty) keeps an empty description and no
     /// validator: the setters do nothing on it, so that a lookup of a
     /// mistyped name cannot change what every other lookup sees.
     QString description() const { return m_description; }
+    /// Sets the description (not on the IllegalProperty, see description()).
     void setDescription(const QString& description);
 
+    /// The attached validator; a null pointer for none.
     boost::shared_ptr<PropertyValidator> validator() const { return m_validator; }
+    /// Attaches a validator, shared with whoever else holds it, in place of
+    /// the one before; a null pointer removes it. Ignored on the
+    /// IllegalProperty. Does not run the validator.
     void setValidator(const boost::shared_ptr<PropertyValidator>& validator);
 
     /// The result of the last validation (false until a validator has run).
@@ -66,9 +77,14 @@ public:
     QString validationMessage() const { return m_validationMessage; }
 
 protected:
+    /// A property with an empty name, not yet valid.
     BaseProperty();
+    /// A property of that name, not yet valid, without description or
+    /// validator.
     explicit BaseProperty(const QString& name);
+    /// Copies name, description, verdict and the shared validator.
     BaseProperty(const BaseProperty& other);
+    /// Copies name, description, verdict and the shared validator.
     BaseProperty& operator=(const BaseProperty& other);
 
     /// Writes the name and description lines.
