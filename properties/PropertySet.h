@@ -28,12 +28,19 @@ namespace kogen {
 class COMMONKIT_EXPORT PropertySet
 {
 public:
+    /// The entries: name to shared property. An entry may be empty (see
+    /// setVariantValues()).
     using PropertyMap = QMap<QString, boost::shared_ptr<BaseProperty>>;
+    /// Iterates the entries in name order; it.value() may be replaced.
     using iterator = PropertyMap::iterator;
+    /// Iterates the entries in name order, read-only.
     using const_iterator = PropertyMap::const_iterator;
 
+    /// An empty set.
     PropertySet();
+    /// A copy that shares the property objects (see the class description).
     PropertySet(const PropertySet& other);
+    /// Shares other's property objects in place of its own.
     PropertySet& operator=(const PropertySet& other);
     ~PropertySet();
 
@@ -47,19 +54,29 @@ public:
     void add(boost::shared_ptr<BaseProperty> property);
     /// Removes the entry of that name, if there is one.
     void remove(const QString& name);
+    /// Removes every entry.
     void clear();
 
+    /// Whether the set has an entry of that name (an empty one included).
     bool contains(const QString& name) const;
+    /// The number of entries.
     int count() const;
+    /// The entry names in ascending order.
     QStringList allPropertyNames() const;
 
+    /// The first entry; detaches this set's map from its copies.
     iterator begin();
+    /// Past the last entry.
     iterator end();
+    /// The first entry.
     const_iterator begin() const;
+    /// Past the last entry.
     const_iterator end() const;
 
-    /// The property of that name, or the library-wide IllegalProperty.
+    /// The property of that name, or the library-wide IllegalProperty for a
+    /// name without entry or with an empty one.
     BaseProperty& operator[](const QString& name);
+    /// The property of that name, or the library-wide IllegalProperty.
     const BaseProperty& operator[](const QString& name) const;
 
     /// Every property's name mapped to its variantValue().
@@ -83,6 +100,7 @@ public:
     /// the same name in the other set. A set holding an invalid value is
     /// unequal to every set, itself included.
     bool operator==(const PropertySet& other) const;
+    /// The negation of operator==().
     bool operator!=(const PropertySet& other) const { return !(*this == other); }
 
     /// Writes a rule of 39 "=" and "\n", each property's dump followed by an

@@ -20,16 +20,20 @@ class COMMONKIT_EXPORT PropertyValidator
 {
 public:
     PropertyValidator() = default;
+    /// The base holds no state; copying is for subclasses that do.
     PropertyValidator(const PropertyValidator&) = default;
+    /// The base holds no state; copying is for subclasses that do.
     PropertyValidator& operator=(const PropertyValidator&) = default;
 
-    /// Returns the verdict, as stored in the property's valid flag.
+    /// Judges the property's current value, records the verdict in the
+    /// property (through the protected helpers below) and returns it.
     virtual bool validate(PropertySet& set, BaseProperty& property) = 0;
     virtual ~PropertyValidator();
 
 protected:
-    /// The only ways to write a property's verdict.
+    /// The only ways to write a property's verdict: sets the valid flag.
     static void setValid(BaseProperty& property, bool valid);
+    /// Sets the property's validation message.
     static void setValidationMessage(BaseProperty& property, const QString& message);
     /// Sets the flag to true and clears the message.
     static void pass(BaseProperty& property);
@@ -51,10 +55,16 @@ protected:
 class COMMONKIT_EXPORT DefaultIntValidator : public QObject, public PropertyValidator
 {
 public:
+    /// Accepts the values from minimum to maximum, both included.
     DefaultIntValidator(int minimum, int maximum);
     ~DefaultIntValidator() override;
+    /// Passes the value of a IntProperty within the range and fails any
+    /// other; throws ko::UnexpectedTypeException for a property of another
+    /// class, leaving its verdict alone.
     bool validate(PropertySet& set, BaseProperty& property) override;
+    /// The smallest accepted value.
     int minimum() const { return m_minimum; }
+    /// The largest accepted value.
     int maximum() const { return m_maximum; }
 
 private:
@@ -66,10 +76,16 @@ private:
 class COMMONKIT_EXPORT DefaultUIntValidator : public QObject, public PropertyValidator
 {
 public:
+    /// Accepts the values from minimum to maximum, both included.
     DefaultUIntValidator(quint32 minimum, quint32 maximum);
     ~DefaultUIntValidator() override;
+    /// Passes the value of a UIntProperty within the range and fails any
+    /// other; throws ko::UnexpectedTypeException for a property of another
+    /// class, leaving its verdict alone.
     bool validate(PropertySet& set, BaseProperty& property) override;
+    /// The smallest accepted value.
     quint32 minimum() const { return m_minimum; }
+    /// The largest accepted value.
     quint32 maximum() const { return m_maximum; }
 
 private:
@@ -83,10 +99,16 @@ private:
 class COMMONKIT_EXPORT DefaultU64Validator : public QObject, public PropertyValidator
 {
 public:
+    /// Accepts the values from minimum to maximum, both included.
     DefaultU64Validator(quint64 minimum, quint64 maximum);
     ~DefaultU64Validator() override;
+    /// Passes the value of a U64Property within the range and fails any
+    /// other; throws ko::UnexpectedTypeException for a property of another
+    /// class, leaving its verdict alone.
     bool validate(PropertySet& set, BaseProperty& property) override;
+    /// The smallest accepted value.
     quint64 minimum() const { return m_minimum; }
+    /// The largest accepted value.
     quint64 maximum() const { return m_maximum; }
 
 private:
@@ -98,10 +120,16 @@ private:
 class COMMONKIT_EXPORT DefaultFloatValidator : public QObject, public PropertyValidator
 {
 public:
+    /// Accepts the values from minimum to maximum, both included.
     DefaultFloatValidator(float minimum, float maximum);
     ~DefaultFloatValidator() override;
+    /// Passes the value of a FloatProperty within the range and fails any
+    /// other; throws ko::UnexpectedTypeException for a property of another
+    /// class, leaving its verdict alone.
     bool validate(PropertySet& set, BaseProperty& property) override;
+    /// The smallest accepted value.
     float minimum() const { return m_minimum; }
+    /// The largest accepted value.
     float maximum() const { return m_maximum; }
 
 private:
@@ -113,10 +141,16 @@ private:
 class COMMONKIT_EXPORT DefaultDoubleValidator : public QObject, public PropertyValidator
 {
 public:
+    /// Accepts the values from minimum to maximum, both included.
     DefaultDoubleValidator(double minimum, double maximum);
     ~DefaultDoubleValidator() override;
+    /// Passes the value of a DoubleProperty within the range and fails any
+    /// other; throws ko::UnexpectedTypeException for a property of another
+    /// class, leaving its verdict alone.
     bool validate(PropertySet& set, BaseProperty& property) override;
+    /// The smallest accepted value.
     double minimum() const { return m_minimum; }
+    /// The largest accepted value.
     double maximum() const { return m_maximum; }
 
 private:
