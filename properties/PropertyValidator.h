@@ -102,9 +102,9 @@ public:
     /// Accepts the values from minimum to maximum, both included.
     DefaultU64Validator(quint64 minimum, quint64 maximum);
     ~DefaultU64Validator() override;
-    /// Passes the value of a U64Property within the range and fails any
-    /// other; throws ko::UnexpectedTypeException for a property of another
-    /// class, leaving its verdict alone.
+    /// Passes a U64Property whose value's low 32 bits lie within the range
+    /// and fails any other; throws ko::UnexpectedTypeException for a
+    /// property of another class, leaving its verdict alone.
     bool validate(PropertySet& set, BaseProperty& property) override;
     /// The smallest accepted value.
     quint64 minimum() const { return m_minimum; }

@@ -15,18 +15,26 @@ namespace detail {
 class COMMONKIT_EXPORT RightsItem
 {
 public:
+    /// The description for the user interface; empty until set.
     QString description() const { return m_description; }
+    /// Sets the description.
     void setDescription(const QString& description) { m_description = description; }
+    /// The tooltip for the user interface; empty until set.
     QString tooltip() const { return m_tooltip; }
+    /// Sets the tooltip text.
     void setTooltip(const QString& tooltip) { m_tooltip = tooltip; }
 
 protected:
+    /// An item of that id with empty texts.
     explicit RightsItem(int id) : m_id(id) {}
     /// Not virtual: objects are deleted through their own classes only.
     ~RightsItem() = default;
+    /// Copies the id and both texts.
     RightsItem(const RightsItem& other) = default;
+    /// Copies the id and both texts.
     RightsItem& operator=(const RightsItem& other) = default;
 
+    /// The application's id of the item.
     int id() const { return m_id; }
 
 private:
@@ -42,11 +50,15 @@ private:
 class COMMONKIT_EXPORT Feature : public detail::RightsItem
 {
 public:
+    /// A feature of that id with empty texts.
     explicit Feature(int id);
+    /// Copies the id and both texts.
     Feature(const Feature& other) = default;
+    /// Copies the id and both texts.
     Feature& operator=(const Feature& other) = default;
     virtual ~Feature();
 
+    /// The feature's id.
     int feature() const { return id(); }
 };
 
@@ -55,13 +67,19 @@ public:
 class COMMONKIT_EXPORT FeatureGroup : public detail::RightsItem
 {
 public:
+    /// An empty group of that id (the row of the matrix) with empty texts.
     explicit FeatureGroup(int id);
     /// Copies hold copies of the features (made with Feature's copy
     /// constructor), so that each group deletes only its own.
     FeatureGroup(const FeatureGroup& other);
+    /// Deletes this group's features and takes the id, the texts and copies
+    /// of other's features. If allocating a copy throws, the group is left
+    /// as it was.
     FeatureGroup& operator=(const FeatureGroup& other);
+    /// Deletes the features.
     virtual ~FeatureGroup();
 
+    /// The group's id, which is its row in the FeatureMatrix.
     int featureGroup() const { return id(); }
 
     /// Stores the feature under its id and takes ownership. An earlier feature
@@ -69,7 +87,9 @@ public:
     /// A null pointer is ignored. A Feature object belongs to one group only; a
     /// feature that is in several groups needs one Feature object per group.
     void addFeature(Feature* feature);
+    /// Whether the group holds a feature of that id.
     bool containsFeature(int featureId) const { return m_features.contains(featureId); }
+    /// The features by id; the group keeps ownership.
     const QMap<int, Feature*>& features() const { return m_features; }
 
 private:
@@ -82,11 +102,15 @@ private:
 class COMMONKIT_EXPORT UserGroup : public detail::RightsItem
 {
 public:
+    /// A user group of that id with empty texts.
     explicit UserGroup(int id);
+    /// Copies the id and both texts.
     UserGroup(const UserGroup& other) = default;
+    /// Copies the id and both texts.
     UserGroup& operator=(const UserGroup& other) = default;
     virtual ~UserGroup();
 
+    /// The user group's id.
     int userGroup() const { return id(); }
 };
 
