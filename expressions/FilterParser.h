@@ -34,9 +34,13 @@ namespace kogen {
 class COMMONKIT_EXPORT FilterParser
 {
 public:
+    /// A parser for filters over the properties of the schema, which it
+    /// keeps a copy of (sharing the property objects).
     explicit FilterParser(const PropertySet& schema);
     ~FilterParser();
+    /// Copies the schema and the last error.
     FilterParser(const FilterParser& other);
+    /// Copies the schema and the last error.
     FilterParser& operator=(const FilterParser& other);
 
     /// The tree of the text. Empty text (or only blanks) gives the empty
@@ -51,6 +55,7 @@ public:
     /// The 1-based column of the last error, 0 after a successful parse().
     int errorColumn() const { return m_errorColumn; }
 
+    /// The schema whose property names the filters may use.
     const PropertySet& schema() const { return m_schema; }
 
     /// Deepest nesting that parse() accepts: brackets, prefix operators and

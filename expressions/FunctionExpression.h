@@ -74,7 +74,9 @@ public:
     /// for unregistered names, printDefault.
     void print(QTextStream& out, PrintStyle style) const override;
     /// Only the call's own value for functions without SQL printer; the
-    /// arguments are not visited.
+    /// arguments are not visited, so a placeholder among them prints as "?"
+    /// without a collected value. Use inlined constants as arguments when
+    /// the SQL is to be bound.
     void collectPlaceholders(QList<QVariant>& out) const override;
     /// True for an empty name.
     bool isEmpty() const override;
