@@ -85,7 +85,7 @@ public:
     /// name, e.g. "class kogen::Comparator".
     static QByteArray classTag(const Expression& node);
     /// Registers a prototype for reading nodes of its class. False for a null
-    /// handle and if the tag is empty or already registered. The registry is
+    /// handle, or if the tag is empty or already registered. The registry is
     /// process-wide and not locked: register before streams are read (the
     /// library registers its own classes when it loads).
     static bool registerExpressionClass(ExpressionHandle prototype);
@@ -345,7 +345,9 @@ public:
     using Expression::collectPlaceholders;
     using Expression::equals;
     /// Any Operator with equal children in the same order; subclasses also
-    /// compare their class and kind.
+    /// compare their class and kind. ExpressionList adds no check of its own,
+    /// so a list equals, say, an ElementOf of the same children, though not
+    /// the other way round.
     bool equals(const Expression* other) const override;
     /// The children's placeholder values, child by child.
     void collectPlaceholders(QList<QVariant>& out) const override;
