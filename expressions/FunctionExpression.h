@@ -156,10 +156,11 @@ public:
     /// The first argument's text in upper case.
     static QVariant upper(const QList<QVariant>& arguments);
 
-    /// The QRegExp pattern like() matches with. With an escape, "\" is
-    /// doubled and the escape becomes "\"; then "." is escaped, "_" becomes
-    /// "." and "%" becomes "\.*", a run of literal dots. Everything else,
-    /// regular-expression syntax included, is left as it is.
+    /// The QRegExp pattern like() matches with. With an escape, each
+    /// backslash is doubled and the escape becomes a backslash; then "." is
+    /// escaped, "_" becomes "." and "%" becomes an escaped dot and a star, a
+    /// run of literal dots. Everything else, regular-expression syntax
+    /// included, is left as it is.
     static QString likePattern(const QString& pattern, const QString& escape);
 
 protected:
