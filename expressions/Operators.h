@@ -90,8 +90,9 @@ public:
     BooleanOperator& operator|=(ExpressionHandle right);        ///< Chains an OR into this node.
 
     using Expression::evaluate;
-    /// Also true for an AND and false for an OR without operands. Constant
-    /// when every operand evaluated is.
+    /// As described for the class; an AND without operands is true, an OR
+    /// without a true operand false. Constant when every operand evaluated
+    /// is.
     QVariant evaluate(const PropertySet& set, bool* isConstant) const override;
     Expression* clone() const override;
     using Operator::equals;
@@ -204,9 +205,8 @@ public:
     bool equals(const Expression* other) const override;
     /// The operands joined by the operator without blanks (" mod " for
     /// Modulo except under PrintCode), in parentheses when nested and two or
-    /// more. An operand
-    /// after "-" whose text starts with "-" is set apart by a blank, as SQL
-    /// reads "--" as a comment.
+    /// more. An operand after "-" whose text starts with "-" is set apart by
+    /// a blank, as SQL reads "--" as a comment.
     void print(QTextStream& out, PrintStyle style) const override;
 
 protected:
