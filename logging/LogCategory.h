@@ -77,8 +77,8 @@ struct COMMONKIT_EXPORT LogCategory
     /// The untranslated name of a table id, or null for an id not in the table.
     static const char* untranslatedName(ELogCategory id);
 
-    ELogCategory id;
-    QString name;
+    ELogCategory id; ///< The category's code, one of the table's ids.
+    QString name;    ///< The translated name, as looked up at construction.
 };
 
 } // namespace ko
