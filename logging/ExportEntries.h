@@ -51,9 +51,9 @@ public:
 
     /// The untranslated name of the export format ("Form").
     QString exportFormat() const { return m_format.value; }
-    /// What was exported, e.g. a camera name ("srcP").
+    /// What was exported ("srcP").
     QString source() const { return m_source.value; }
-    /// Where it went, e.g. a file ("dstP"); may be empty.
+    /// Where it went ("dstP"); may be empty.
     QString dest() const { return m_dest.value; }
     /// The start of the exported span, or its one time ("from"); null if none.
     QDateTime from() const { return m_from.value; }

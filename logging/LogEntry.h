@@ -26,7 +26,7 @@ class COMMONKIT_EXPORT LogEntry
 public:
     /// An entry stamped with the current local date-time and an empty user.
     LogEntry();
-    /// Destroys the entry; the values it does not own are left alone.
+    /// Destroys the entry; appended values are not owned and not deleted.
     virtual ~LogEntry();
     LogEntry(const LogEntry&) = delete;
     LogEntry& operator=(const LogEntry&) = delete;

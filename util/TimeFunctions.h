@@ -11,12 +11,13 @@
 //
 // The seconds part is computed with Qt's 32-bit time_t functions, so values
 // outside 1970..2106 wrap: toMilliSeconds() of a time before 1970 is not
-// negative, and fromMilliSeconds() of a negative value lands in 2106.
+// negative, and fromMilliSeconds() of -1000 or less lands in 2106 (a value
+// between -999 and -1 ends just before 1970).
 namespace ko {
 
 /// Milliseconds since 1970 UTC: the 32-bit time_t seconds of dateTime in UTC
-/// times 1000, plus its millisecond. A time before 1970 or an invalid one
-/// takes 0xFFFFFFFF as its seconds.
+/// times 1000, plus the millisecond of its time of day. A time before 1970 or
+/// an invalid one takes 0xFFFFFFFF as its seconds.
 COMMONKIT_EXPORT qint64 toMilliSeconds(const QDateTime& dateTime);
 /// toMilliSeconds() times 1000.
 COMMONKIT_EXPORT qint64 toMicroSeconds(const QDateTime& dateTime);

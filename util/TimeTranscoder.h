@@ -53,9 +53,11 @@ public:
     /// milliseconds).
     int microsecond() const { return m_microsecond; }
 
-    /// The display text "dd.MM.yyyy-hh:mm:ss.zzz", e.g. "01.01.1970-01:00:00.000".
+    /// The display text "dd.MM.yyyy-hh:mm:ss.zzz"; frame time 0 one hour east
+    /// of UTC gives "01.01.1970-01:00:00.000".
     std::string toString() const { return m_display; }
-    /// The identifier text "yyyyMMdd_hhmmss_zzz", e.g. "19700101_010000_000".
+    /// The identifier text "yyyyMMdd_hhmmss_zzz"; frame time 0 one hour east
+    /// of UTC gives "19700101_010000_000".
     std::string toIdString() const { return m_identifier; }
 
 private:
