@@ -20,12 +20,16 @@ namespace ko {
 class COMMONKIT_EXPORT ExportEntry : public LogEntry
 {
 public:
+    /// An export entry whose "Text" value is text.
     explicit ExportEntry(const QString& text = QString());
 
+    /// CategoryExport.
     LogCategory category() const override;
     /// "%1".
     QString format() const override;
 
+    /// The message, or for range and rename entries the template of it
+    /// (value "Text").
     QString text() const { return m_text.value; }
 
 private:
@@ -39,14 +43,21 @@ private:
 class COMMONKIT_EXPORT ExportRangeEntry : public ExportEntry
 {
 public:
+    /// An entry with the template text, whose %1 to %5 stand for format,
+    /// source, dest, from and to. A null from or to is not written.
     explicit ExportRangeEntry(const QString& text = QString(), const QString& format = QString(),
                               const QString& source = QString(), const QString& dest = QString(),
                               const QDateTime& from = QDateTime(), const QDateTime& to = QDateTime());
 
+    /// The untranslated name of the export format ("Form").
     QString exportFormat() const { return m_format.value; }
+    /// What was exported ("srcP").
     QString source() const { return m_source.value; }
+    /// Where it went ("dstP"); may be empty.
     QString dest() const { return m_dest.value; }
+    /// The start of the exported span, or its one time ("from"); null if none.
     QDateTime from() const { return m_from.value; }
+    /// The end of the exported span ("to  "); null if none.
     QDateTime to() const { return m_to.value; }
 
 private:
@@ -61,50 +72,60 @@ private:
 class COMMONKIT_EXPORT ExportStartEntry : public ExportRangeEntry
 {
 public:
+    /// See ExportRangeEntry::ExportRangeEntry().
     using ExportRangeEntry::ExportRangeEntry;
     FourChars type() const override;
     QString title() const override;
-    static const char* const k_title; // "Export start"
+    /// The untranslated title "Export start", as registered in the factory.
+    static const char* const k_title;
 };
 
 /// "ExpW": an export was written.
 class COMMONKIT_EXPORT ExportWrittenEntry : public ExportRangeEntry
 {
 public:
+    /// See ExportRangeEntry::ExportRangeEntry().
     using ExportRangeEntry::ExportRangeEntry;
     FourChars type() const override;
     QString title() const override;
-    static const char* const k_title; // "Export written"
+    /// The untranslated title "Export written", as registered in the factory.
+    static const char* const k_title;
 };
 
 /// "ExpD": an export ended well; the text is the whole message.
 class COMMONKIT_EXPORT ExportDoneEntry : public ExportEntry
 {
 public:
+    /// See ExportEntry::ExportEntry().
     using ExportEntry::ExportEntry;
     FourChars type() const override;
     QString title() const override;
-    static const char* const k_title; // "Export done"
+    /// The untranslated title "Export done", as registered in the factory.
+    static const char* const k_title;
 };
 
 /// "ExpA": an export was aborted; the text is the whole message.
 class COMMONKIT_EXPORT ExportAbortEntry : public ExportEntry
 {
 public:
+    /// See ExportEntry::ExportEntry().
     using ExportEntry::ExportEntry;
     FourChars type() const override;
     QString title() const override;
-    static const char* const k_title; // "Export abort"
+    /// The untranslated title "Export abort", as registered in the factory.
+    static const char* const k_title;
 };
 
 /// "ExpE": an export failed; the text is the whole message.
 class COMMONKIT_EXPORT ExportErrorEntry : public ExportEntry
 {
 public:
+    /// See ExportEntry::ExportEntry().
     using ExportEntry::ExportEntry;
     FourChars type() const override;
     QString title() const override;
-    static const char* const k_title; // "Export error"
+    /// The untranslated title "Export error", as registered in the factory.
+    static const char* const k_title;
 };
 
 /// "ExpR": an exported file was renamed. The values after the text, in this
@@ -113,15 +134,21 @@ public:
 class COMMONKIT_EXPORT ExportRenameEntry : public ExportEntry
 {
 public:
+    /// An entry with the template text, whose %1 to %3 stand for path,
+    /// source and dest.
     explicit ExportRenameEntry(const QString& text = QString(), const QString& path = QString(),
                                const QString& source = QString(), const QString& dest = QString());
 
     FourChars type() const override;
     QString title() const override;
-    static const char* const k_title; // "Export rename"
+    /// The untranslated title "Export rename", as registered in the factory.
+    static const char* const k_title;
 
+    /// The folder of the file ("path").
     QString path() const { return m_path.value; }
+    /// The old file name ("src ").
     QString source() const { return m_source.value; }
+    /// The new file name ("dest").
     QString dest() const { return m_dest.value; }
 
 private:

@@ -9,6 +9,8 @@
 namespace ko {
 
 namespace detail {
+/// The four letters packed into 32 bits, first letter in the most
+/// significant byte, as ko::FourChars packs them.
 constexpr unsigned int categoryCode(const char (&letters)[5])
 {
     return (static_cast<unsigned int>(static_cast<unsigned char>(letters[0])) << 24)
@@ -20,45 +22,46 @@ constexpr unsigned int categoryCode(const char (&letters)[5])
 
 /// The categories of action log entries. Each value is the 32-bit
 /// four-character code of its letters (first letter in the most significant
-/// byte), so ko::FourChars(CategoryAccess).toString() is "Aces".
+/// byte), so ko::FourChars(CategoryAccess).toString() is "Aces". Each value
+/// below is shown with its letters and its untranslated name.
 enum ELogCategory : unsigned int {
-    CategoryNone = detail::categoryCode("    "),
-    CategoryAccess = detail::categoryCode("Aces"),
-    CategoryLogon = detail::categoryCode("Logn"),
-    CategoryUserGroups = detail::categoryCode("UsGr"),
-    CategoryAuthorize = detail::categoryCode("Auth"),
-    CategorySoftwareUpdates = detail::categoryCode("SoUp"),
-    CategoryCameraSettings = detail::categoryCode("cSet"),
-    CategoryWebBrowser = detail::categoryCode("cWeB"),
-    CategoryNetworkMessages = detail::categoryCode("NMsg"),
-    CategorySoftbuttons = detail::categoryCode("SofB"),
-    CategoryFormatting = detail::categoryCode("Form"),
-    CategoryAppConfiguration = detail::categoryCode("appC"),
-    CategoryQuit = detail::categoryCode("aQit"),
-    CategoryLayoutManager = detail::categoryCode("lMgr"),
-    CategoryDisplayScaling = detail::categoryCode("DspS"),
-    CategoryContextMenus = detail::categoryCode("cMen"),
-    CategoryUploadAssistant = detail::categoryCode("uAss"),
-    CategoryActionLog = detail::categoryCode("aLog"),
-    CategoryEventSearch = detail::categoryCode("Srch"),
-    CategoryExport = detail::categoryCode("Expt"),
-    CategoryLocalArchive = detail::categoryCode("LoAr"),
-    CategoryVideoSearch = detail::categoryCode("SrVi"),
-    CategoryPlay = detail::categoryCode("Play"),
-    CategoryViewing = detail::categoryCode("View"),
-    CategoryAlarm = detail::categoryCode("Alrm"),
-    CategorySequencer = detail::categoryCode("Sequ"),
-    CategoryLayout = detail::categoryCode("Layo"),
-    CategoryAudio = detail::categoryCode("Audi"),
-    CategoryPtz = detail::categoryCode("lPTZ"),
-    CategoryPtzPost = detail::categoryCode("pPTZ"),
-    CategoryPtzConfig = detail::categoryCode("lPtC"),
-    CategoryPtzPostConfig = detail::categoryCode("pPtC"),
-    CategorySignalOuts = detail::categoryCode("cSgO"),
-    CategoryError = detail::categoryCode("Eror"),
-    CategoryRemoteControl = detail::categoryCode("Cont"),
-    CategoryDevices = detail::categoryCode("Devi"),
-    CategorySystem = detail::categoryCode("Syst")
+    CategoryNone = detail::categoryCode("    "), ///< "    ": None
+    CategoryAccess = detail::categoryCode("Aces"), ///< "Aces": Access
+    CategoryLogon = detail::categoryCode("Logn"), ///< "Logn": Logon & Logoff
+    CategoryUserGroups = detail::categoryCode("UsGr"), ///< "UsGr": User & Groups
+    CategoryAuthorize = detail::categoryCode("Auth"), ///< "Auth": Authorize
+    CategorySoftwareUpdates = detail::categoryCode("SoUp"), ///< "SoUp": Software updates
+    CategoryCameraSettings = detail::categoryCode("cSet"), ///< "cSet": Camera Settings
+    CategoryWebBrowser = detail::categoryCode("cWeB"), ///< "cWeB": Web browser
+    CategoryNetworkMessages = detail::categoryCode("NMsg"), ///< "NMsg": Network messages
+    CategorySoftbuttons = detail::categoryCode("SofB"), ///< "SofB": Softbuttons
+    CategoryFormatting = detail::categoryCode("Form"), ///< "Form": Formatting
+    CategoryAppConfiguration = detail::categoryCode("appC"), ///< "appC": Daxil configuration
+    CategoryQuit = detail::categoryCode("aQit"), ///< "aQit": Quit
+    CategoryLayoutManager = detail::categoryCode("lMgr"), ///< "lMgr": Layout Manager
+    CategoryDisplayScaling = detail::categoryCode("DspS"), ///< "DspS": Display scaling
+    CategoryContextMenus = detail::categoryCode("cMen"), ///< "cMen": Context menus
+    CategoryUploadAssistant = detail::categoryCode("uAss"), ///< "uAss": Upload Assistant
+    CategoryActionLog = detail::categoryCode("aLog"), ///< "aLog": Action log
+    CategoryEventSearch = detail::categoryCode("Srch"), ///< "Srch": Event Search
+    CategoryExport = detail::categoryCode("Expt"), ///< "Expt": Export
+    CategoryLocalArchive = detail::categoryCode("LoAr"), ///< "LoAr": Local archive
+    CategoryVideoSearch = detail::categoryCode("SrVi"), ///< "SrVi": Video search
+    CategoryPlay = detail::categoryCode("Play"), ///< "Play": Play
+    CategoryViewing = detail::categoryCode("View"), ///< "View": Viewing
+    CategoryAlarm = detail::categoryCode("Alrm"), ///< "Alrm": Alarm
+    CategorySequencer = detail::categoryCode("Sequ"), ///< "Sequ": Sequencer
+    CategoryLayout = detail::categoryCode("Layo"), ///< "Layo": Layout
+    CategoryAudio = detail::categoryCode("Audi"), ///< "Audi": Audio
+    CategoryPtz = detail::categoryCode("lPTZ"), ///< "lPTZ": PTZ
+    CategoryPtzPost = detail::categoryCode("pPTZ"), ///< "pPTZ": PTZ post
+    CategoryPtzConfig = detail::categoryCode("lPtC"), ///< "lPtC": PTZ config
+    CategoryPtzPostConfig = detail::categoryCode("pPtC"), ///< "pPtC": PTZ post config
+    CategorySignalOuts = detail::categoryCode("cSgO"), ///< "cSgO": Signal outs
+    CategoryError = detail::categoryCode("Eror"), ///< "Eror": Error
+    CategoryRemoteControl = detail::categoryCode("Cont"), ///< "Cont": Remote control
+    CategoryDevices = detail::categoryCode("Devi"), ///< "Devi": Devices
+    CategorySystem = detail::categoryCode("Syst") ///< "Syst": System
 };
 
 /// The category of a log entry: its code and its translated name.
@@ -77,8 +80,8 @@ struct COMMONKIT_EXPORT LogCategory
     /// The untranslated name of a table id, or null for an id not in the table.
     static const char* untranslatedName(ELogCategory id);
 
-    ELogCategory id;
-    QString name;
+    ELogCategory id; ///< The category's code, one of the table's ids.
+    QString name;    ///< The translated name, as looked up at construction.
 };
 
 } // namespace ko

@@ -24,13 +24,16 @@ class ILogWriter;
 class COMMONKIT_EXPORT LogEntry
 {
 public:
+    /// An entry stamped with the current local date-time and an empty user.
     LogEntry();
+    /// Destroys the entry; appended values are not owned and not deleted.
     virtual ~LogEntry();
     LogEntry(const LogEntry&) = delete;
     LogEntry& operator=(const LogEntry&) = delete;
 
     /// The kind's type code, e.g. "XmlP".
     virtual FourChars type() const = 0;
+    /// The category the kind belongs to.
     virtual LogCategory category() const = 0;
     /// The translated message template with %1, %2... for the values from
     /// index 2 on; may be empty.
@@ -45,9 +48,13 @@ public:
     /// themselves made of placeholders get there, as they multiply the length.
     virtual QString description();
 
+    /// When the action happened (the "Time" value).
     QDateTime time() const { return m_time.value; }
+    /// Sets the "Time" value; the action log stamps it when it logs the entry.
     void setTime(const QDateTime& time) { m_time.value = time; }
+    /// Who acted (the "User" value); empty until set.
     QString user() const { return m_user.value; }
+    /// Sets the "User" value; the action log stamps it when it logs the entry.
     void setUser(const QString& user) { m_user.value = user; }
 
     /// All values in order: time, user, then the kind's own.
@@ -70,6 +77,7 @@ public:
 
     /// Equal time, type, category and user; the other values are not compared.
     bool operator==(const LogEntry& other) const;
+    /// The negation of operator==().
     bool operator!=(const LogEntry& other) const { return !(*this == other); }
 
     /// Translation in the context "ActionLog".

@@ -24,11 +24,17 @@ class LogEntry;
 class COMMONKIT_EXPORT LogEntryFactory
 {
 public:
+    /// Creates a new default-constructed entry of one kind; the caller owns it.
     using Creator = LogEntry* (*)();
 
+    /// An empty factory; the process-wide one is logEntryFactory().
     LogEntryFactory();
+    /// Copies the registrations of other (read under its lock).
     LogEntryFactory(const LogEntryFactory& other);
+    /// Replaces the registrations by those of other; each factory is locked in
+    /// turn, never both at once.
     LogEntryFactory& operator=(const LogEntryFactory& other);
+    /// Destroys the factory.
     ~LogEntryFactory();
 
     /// Registers (or replaces) the creator and the untranslated display name

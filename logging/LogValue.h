@@ -15,6 +15,7 @@ namespace ko {
 class COMMONKIT_EXPORT LogValue
 {
 public:
+    /// A value with the attribute code id and the readable label name.
     LogValue(const FourChars& id, const QString& name);
     virtual ~LogValue();
 
@@ -29,14 +30,19 @@ public:
     /// Writes the text form.
     virtual QTextStream& write(QTextStream& stream) const = 0;
 
+    /// The four-character code, the attribute name in XML files.
     FourChars id() const { return m_id; }
+    /// The code's four letters as text.
     QString idToString() const { return m_id.toString(); }
+    /// The readable label given at construction (not translated).
     QString name() const { return m_name; }
     /// The text form, as write() produces it.
     QString toString() const;
 
 protected:
+    /// Copies id and name; for subclasses, whose copies are values too.
     LogValue(const LogValue&) = default;
+    /// Assigns id and name; for subclasses.
     LogValue& operator=(const LogValue&) = default;
 
 private:
@@ -55,11 +61,14 @@ template<typename T>
 class COMMONKIT_EXPORT TLogValue : public LogValue
 {
 public:
+    /// A value with the code id, the label name and the value initial.
     TLogValue(const FourChars& id, const QString& name, const T& initial = T())
         : LogValue(id, name), value(initial)
     {
     }
+    /// Copies code, label and value.
     TLogValue(const TLogValue&) = default;
+    /// Assigns code, label and value.
     TLogValue& operator=(const TLogValue&) = default;
 
     bool isSet() const override;
@@ -67,6 +76,7 @@ public:
     void assign(const LogValue& other) override;
     QTextStream& write(QTextStream& stream) const override;
 
+    /// The value itself; read and written directly.
     T value;
 };
 

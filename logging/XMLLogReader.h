@@ -14,13 +14,18 @@ namespace ko {
 /// category "Error"). Its values after time and user: "srcP" (named "source")
 /// holds the error text and "errT" (named "error") the file name, then "errL"
 /// the line and "errC" the column. With the template
+///
 ///     Error '%1' reading action log '%2' in line '%3', column '%4'.
+///
 /// the description names the error first and the file second. The user is
 /// "Unknown"; the time is the moment the error entry was made.
 class COMMONKIT_EXPORT ParseXMLLogEntry : public LogEntry
 {
 public:
+    /// An error entry with empty texts and line and column 0; the factory
+    /// creates these when reading error entries back.
     ParseXMLLogEntry();
+    /// An error entry for errorText found in fileName at line and column.
     ParseXMLLogEntry(const QString& errorText, const QString& fileName, int line, int column);
 
     FourChars type() const override;
@@ -28,11 +33,16 @@ public:
     QString format() const override;
     QString title() const override;
 
+    /// The parser's error text (value "srcP").
     QString errorText() const { return m_source.value; }
+    /// The name of the file that failed to read (value "errT").
     QString fileName() const { return m_error.value; }
+    /// The line of the error (value "errL"), 0 when unknown.
     int line() const { return m_line.value; }
+    /// The column of the error (value "errC"), 0 when unknown.
     int column() const { return m_column.value; }
 
+    /// The untranslated title "Action log error", as registered in the factory.
     static const char* const k_title;
 
 private:
@@ -49,11 +59,13 @@ private:
 /// as a ParseXMLLogEntry.
 ///
 /// Typical loop:
+///
 ///     XMLLogReader reader(&file);
 ///     while (!reader.atEnd() && !reader.hasError()) {
 ///         std::unique_ptr<LogEntry> entry(reader.readNextLogEntry());
 ///         ...
 ///     }
+///
 /// A file without its closing "</Entries>" (a live log) ends with a premature
 /// end of document, which is not treated as an error.
 class COMMONKIT_EXPORT XMLLogReader : public QXmlStreamReader
@@ -62,6 +74,7 @@ public:
     /// Reads from the file (not owned; opened by the caller). A null file gives
     /// a reader without input.
     explicit XMLLogReader(QFile* file);
+    /// Leaves the file open.
     ~XMLLogReader();
     XMLLogReader(const XMLLogReader&) = delete;
     XMLLogReader& operator=(const XMLLogReader&) = delete;

@@ -24,17 +24,24 @@ class COMMONKIT_EXPORT XMLLogWriter : public LogWriter, private QXmlStreamWriter
 {
 public:
     /// The name is not used; the "LogFile" attribute is setStartDocumentName().
-    /// The date is the header's "Date".
+    /// The date is the header's "Date". The stream is not owned and must
+    /// outlive the writer.
     XMLLogWriter(QTextStream* stream, const QString& name, const QDateTime& date);
     ~XMLLogWriter() override;
     XMLLogWriter(const XMLLogWriter&) = delete;
     XMLLogWriter& operator=(const XMLLogWriter&) = delete;
 
     /// Writes to another device from now on (the element nesting is kept).
+    /// The device is not owned. The text stream given at construction is
+    /// still the one flushed before each write.
     void setDevice(QIODevice* device);
+    /// The device the XML goes to (not owned); for a text stream on a string,
+    /// an internal device owned by the writer.
     QIODevice* device() const;
 
+    /// The header's "Date".
     QDateTime date() const { return m_date; }
+    /// Sets the header's "Date"; takes effect at the next writeStartDocument().
     void setDate(const QDateTime& date) { m_date = date; }
 
     /// The XML declaration and the "Entries" start tag with, in this order,
@@ -59,7 +66,9 @@ public:
     /// before another character ("a b ") is left out with a warning in ko::Log.
     void writeAttribute(const LogValue& value) override;
 
+    /// Answers "ko::XMLLogWriter" too, besides the names of LogWriter.
     void* getInterface(const char* name) override;
+    /// Answers "ko::XMLLogWriter" too, besides the names of LogWriter.
     const void* getInterface(const char* name) const override;
 
     /// The process-wide text stream on standard output used for a null stream.

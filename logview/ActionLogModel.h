@@ -32,16 +32,36 @@ class COMMONKIT_EXPORT ActionLogModel : public QAbstractTableModel
     Q_OBJECT
 
 public:
-    enum Column { TimeColumn = 0, UserColumn, CategoryColumn, TitleColumn, DescriptionColumn, ColumnCount };
-    enum Role { FieldsRole = Qt::UserRole + 1, TypeRole };
+    /// The columns, in their order.
+    enum Column {
+        TimeColumn = 0,    ///< The entry's date-time (a QDateTime).
+        UserColumn,        ///< The user.
+        CategoryColumn,    ///< The translated category name.
+        TitleColumn,       ///< The translated title of the kind.
+        DescriptionColumn, ///< The entry's description (LogEntry::description()).
+        ColumnCount        ///< The number of columns.
+    };
+    /// Roles beyond the display role (which the tool tip role repeats); they
+    /// give the same answer for every column of a row.
+    enum Role {
+        FieldsRole = Qt::UserRole + 1, ///< The entry's fields, a QVariantMap (ActionLogFilter::fieldsOf()).
+        TypeRole                       ///< The kind's four-letter type code as text.
+    };
 
     /// The log is not owned; the model empties itself when the log is deleted.
     explicit ActionLogModel(ActionLog* log, QObject* parent = nullptr);
+    /// Destroys the model; see the class notes on threads.
     ~ActionLogModel() override;
 
+    /// The number of entries shown; 0 for a valid parent (a flat table).
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
+    /// ColumnCount; 0 for a valid parent.
     int columnCount(const QModelIndex& parent = QModelIndex()) const override;
+    /// The cell for Qt::DisplayRole and Qt::ToolTipRole (see Column), or the
+    /// row's FieldsRole or TypeRole; an invalid QVariant otherwise.
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+    /// The translated column titles (context "ko::ActionLogModel") for the
+    /// horizontal display role; QAbstractTableModel's answer otherwise.
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
 
 private:

@@ -18,8 +18,11 @@ namespace platform {
 /// open file (Windows LockFileEx; POSIX open-file-description locks), so two
 /// descriptors opened separately on the same file exclude each other even in
 /// one process. Both return 0 or the system's error code (errno on POSIX,
-/// GetLastError() on Windows).
+/// GetLastError() on Windows). Give a length above 0: POSIX reads 0 as "to the
+/// end of the file and beyond", Windows does not.
 COMMONKIT_EXPORT int lockFileRange(int fd, std::uint64_t offset, std::uint64_t length);
+/// Releases a range locked with lockFileRange() on the same descriptor; offset
+/// and length must be those of the lock. Returns 0 or the system's error code.
 COMMONKIT_EXPORT int unlockFileRange(int fd, std::uint64_t offset, std::uint64_t length);
 
 /// Whether the open file fd is still the file at path (not removed or
@@ -34,18 +37,24 @@ COMMONKIT_EXPORT bool isSameFile(int fd, const std::string& path);
 class COMMONKIT_EXPORT LogonProvider
 {
 public:
+    /// A logon token (a Windows HANDLE).
     using Token = void*;
 
     /// The value of a token that holds no logon (Windows INVALID_HANDLE_VALUE).
     static Token invalidToken() { return reinterpret_cast<Token>(static_cast<std::intptr_t>(-1)); }
 
+    /// Destroys the provider.
     virtual ~LogonProvider();
     /// Logs the user on; on success stores a token to impersonate and close.
     /// logonType is the Windows LOGON32_LOGON_* value.
     virtual bool logonUser(const std::wstring& user, const std::wstring& domain,
                            const std::wstring& password, int logonType, Token* token) = 0;
+    /// Makes the calling thread act as the user of token; false on failure
+    /// (see lastError()).
     virtual bool impersonateLoggedOnUser(Token token) = 0;
+    /// Ends the calling thread's impersonation; false on failure.
     virtual bool revertToSelf() = 0;
+    /// Releases a token from logonUser(); null and invalidToken() are ignored.
     virtual void closeToken(Token token) = 0;
     /// The error code of the last failed call on this thread.
     virtual unsigned long lastError() const = 0;
@@ -54,7 +63,8 @@ public:
 /// The provider in use; the platform's own unless one was installed.
 COMMONKIT_EXPORT LogonProvider& logonProvider();
 /// Installs a provider (not owned) and returns the previous one; null restores
-/// the platform's own.
+/// the platform's own. The switch is atomic; a provider must stay alive while
+/// installed and while calls made through it run.
 COMMONKIT_EXPORT LogonProvider* setLogonProvider(LogonProvider* provider);
 
 /// The platform's own provider.

@@ -10,7 +10,9 @@ namespace ko {
 /// Installs the library's translator for the locale's language on the running
 /// QCoreApplication, replacing one installed earlier by this function. Returns
 /// false (and installs nothing) when the library carries no catalogue for the
-/// language; English needs none and also returns false.
+/// language; English needs none and also returns false. The translator
+/// installed earlier is removed in either case. Calls from several threads
+/// are serialised.
 COMMONKIT_EXPORT bool installTranslations(const QLocale& locale = QLocale());
 
 /// Removes the translator installed by installTranslations, if any.

@@ -17,10 +17,12 @@
 class COMMONKIT_EXPORT QMapModel : public json::CObjectModel
 {
 public:
+    /// A model with both type names "QVariantMap" and an empty working map.
     QMapModel();
+    /// Destroys the model and its working map.
     ~QMapModel() override;
 
-    /// object points to a QVariantMap.
+    /// object points to a QVariantMap; a null object gives a null variant.
     json::Variant variantFromCObject(const void* object) override;
     /// The value converted to a map (empty when it is no object), in the
     /// working map.

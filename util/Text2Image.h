@@ -18,16 +18,24 @@ namespace ko {
 class COMMONKIT_EXPORT CText2Image
 {
 public:
-    enum eGraphicSymbol { eSymbolMarker = 0 };
+    /// The graphic symbols of the strip.
+    enum eGraphicSymbol {
+        eSymbolMarker = 0 ///< The marker glyph, cell 14 of the strip.
+    };
 
+    /// Loads the glyph strip from the resources; when it is missing or
+    /// shorter than one glyph, glyphCount() is 0 and nothing is ever written.
     CText2Image();
+    /// Shares the glyph data with other.
     CText2Image(const CText2Image& other);
     /// Copies share the glyph data with the original.
     CText2Image& operator=(const CText2Image& other);
+    /// Releases the glyph data when no copy uses it any more.
     ~CText2Image();
 
     /// A new, uninitialised 960-byte block; release it with freeCharImage_RGB.
     unsigned char* allocCharImage_RGB();
+    /// Releases a block from allocCharImage_RGB(); null is allowed.
     void freeCharImage_RGB(unsigned char* block);
 
     /// Writes the glyph of c into a 960-byte block. Other characters than
@@ -38,8 +46,11 @@ public:
     /// Writes the symbol's glyph; unknown symbols write nothing.
     void symbol2Image(unsigned char* destination, eGraphicSymbol symbol);
 
+    /// The glyph width in pixels, 16.
     static int getWidth() { return 16; }
+    /// The glyph height in pixels, 20.
     static int getHeight() { return 20; }
+    /// The bytes of one glyph block, 960.
     static int sizeOfCharImage() { return 16 * 20 * 3; }
 
     /// The number of glyph cells in the strip (0 when it failed to load).

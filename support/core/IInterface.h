@@ -9,8 +9,13 @@ namespace ko {
 class COMMONKIT_EXPORT IInterface
 {
 public:
+    /// Destroys the object through its interface.
     virtual ~IInterface() = default;
+    /// A pointer to this object as the interface called name (its qualified
+    /// class name, e.g. "ko::ILogWriter"), to be cast to that type by the
+    /// caller; null for a null or unknown name. The object keeps ownership.
     virtual void* getInterface(const char* name) = 0;
+    /// The const form of getInterface().
     virtual const void* getInterface(const char* name) const = 0;
 };
 

@@ -10,13 +10,19 @@ namespace ko {
 class COMMONKIT_EXPORT Mutex
 {
 public:
+    /// An unlocked mutex.
     Mutex();
+    /// Destroys the mutex, which must not be locked.
     ~Mutex();
-    Mutex(const Mutex&) = delete;
-    Mutex& operator=(const Mutex&) = delete;
+    Mutex(const Mutex&) = delete;            ///< Not copyable.
+    Mutex& operator=(const Mutex&) = delete; ///< Not copyable.
 
+    /// Locks, waiting while another thread holds the mutex; the owning thread
+    /// may lock again and must unlock as often.
     void lock();
+    /// Locks without waiting; false when another thread holds the mutex.
     bool tryLock();
+    /// Undoes one lock() or successful tryLock() of the calling thread.
     void unlock();
 
 private:
@@ -27,10 +33,12 @@ private:
 class COMMONKIT_EXPORT MutexLocker
 {
 public:
+    /// Locks mutex, which must outlive the locker.
     explicit MutexLocker(Mutex& mutex) : m_mutex(mutex) { m_mutex.lock(); }
+    /// Unlocks the mutex.
     ~MutexLocker() { m_mutex.unlock(); }
-    MutexLocker(const MutexLocker&) = delete;
-    MutexLocker& operator=(const MutexLocker&) = delete;
+    MutexLocker(const MutexLocker&) = delete;            ///< Not copyable.
+    MutexLocker& operator=(const MutexLocker&) = delete; ///< Not copyable.
 
 private:
     Mutex& m_mutex;
