@@ -12,7 +12,7 @@ mkdir -p "$OUT"
 VERSION=$(sed -n 's/^project(CommonKit VERSION \([0-9.]*\).*/\1/p' "$ROOT/CMakeLists.txt")
 # The folders whose headers are installed (internal *_p.h headers excluded).
 INPUT=""
-for folder in support platform util properties expressions logging logview storage json rights resources; do
+for folder in support platform util properties expressions logging logview storage json rights resources docs/api; do
   [ -d "$ROOT/$folder" ] && INPUT="$INPUT $ROOT/$folder"
 done
 sed -e "s|@VERSION@|$VERSION|" -e "s|@OUTPUT@|$OUT|g" -e "s|@INPUT@|$INPUT|" -e "s|@SOURCE@|$ROOT|g" \
