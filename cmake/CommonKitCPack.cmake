@@ -37,13 +37,18 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # dependency for it); the component dependency names the runtime package.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${PROJECT_BINARY_DIR}")
 
+# A shlibs file for the package that holds the library, so that packages
+# built against it depend on at least this version of the same SOVERSION.
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
+# Each description's first line is the package's synopsis (see
+# CommonKitCPackOptions.cmake).
+set(CPACK_PROJECT_CONFIG_FILE "${PROJECT_SOURCE_DIR}/cmake/CommonKitCPackOptions.cmake")
+
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME "${COMMONKIT_DEB_RUNTIME}")
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
-# A shlibs file, so that packages built against this one depend on it.
-set(CPACK_DEBIAN_RUNTIME_PACKAGE_GENERATE_SHLIBS ON)
-set(CPACK_DEBIAN_RUNTIME_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
 set(CPACK_DEBIAN_RUNTIME_DESCRIPTION
-"${PROJECT_DESCRIPTION}
+"CommonKit building blocks for Qt desktop clients (shared library)
 CommonKit is a C++17 / Qt 5 library of building blocks for desktop clients:
 typed properties and filter expressions, an XML action log, an encrypted and
 signed file container, encrypted settings formats, password hashing, a JSON
@@ -56,7 +61,7 @@ set(CPACK_DEBIAN_DEVEL_PACKAGE_NAME "libcommonkit-dev")
 set(CPACK_DEBIAN_DEVEL_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVEL_PACKAGE_DEPENDS "qtbase5-dev, libboost-dev")
 set(CPACK_DEBIAN_DEVEL_DESCRIPTION
-"${PROJECT_DESCRIPTION} (development files)
+"CommonKit building blocks for Qt desktop clients (development files)
 CommonKit is a C++17 / Qt 5 library of building blocks for desktop clients.
 .
 This package holds the headers (include/CommonKit), the CMake package
@@ -65,10 +70,11 @@ This package holds the headers (include/CommonKit), the CMake package
 set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME "commonkit-tools")
 set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_TOOLS_DESCRIPTION
-"${PROJECT_DESCRIPTION} (command-line tool)
+"command-line tool of the CommonKit library
 The commonkit tool converts frame times and four-character codes, prints
 expression streams as SQL, shows, appends to and summarises action logs,
 creates, inspects, verifies and extracts encrypted containers, hashes
-passwords and runs a demonstration of the library.")
+passwords, shows and converts settings files, shows saved rights matrices,
+and runs a demonstration of the library.")
 
 include(CPack)

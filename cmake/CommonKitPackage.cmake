@@ -37,6 +37,7 @@ install(FILES "${PROJECT_BINARY_DIR}/CommonKitConfig.cmake"
 # unpacked. Absolute library or include directories are kept as they are.
 file(RELATIVE_PATH COMMONKIT_PC_PREFIX
      "${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig" "${CMAKE_INSTALL_PREFIX}")
+string(REGEX REPLACE "/$" "" COMMONKIT_PC_PREFIX "${COMMONKIT_PC_PREFIX}")
 set(COMMONKIT_PC_PREFIX "\${pcfiledir}/${COMMONKIT_PC_PREFIX}")
 foreach(dir IN ITEMS LIBDIR INCLUDEDIR)
   if(IS_ABSOLUTE "${CMAKE_INSTALL_${dir}}")

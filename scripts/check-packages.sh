@@ -10,8 +10,8 @@
 # packages, the links resolve inside ROOT, the pkg-config file points into
 # ROOT, and the unpacked tool runs.
 set -euo pipefail
-DIR=$1
-ROOT=$2
+DIR=$(realpath "$1")
+ROOT=$(realpath -m "$2")
 SRC=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
 fail() {
@@ -57,10 +57,10 @@ for deb in "$runtime_deb" "$dev_deb" "$tools_deb"; do
   [ -n "$(field "$deb" Maintainer)" ] && [ -n "$(field "$deb" Section)" ] || fail "$(basename "$deb"): no maintainer or section"
   echo "$(field "$deb" Package): Depends: $(field "$deb" Depends)"
 done
-for lib in libqt5core5a libqt5gui5 libssl3 zlib1g libstdc\\+\\+6 libc6; do
+for lib in libqt5core5a libssl3 zlib1g libstdc\\+\\+6 libc6; do
   has_dep "$runtime_deb" "$lib"
 done
-if field "$runtime_deb" Depends | grep -q -- '-dev\b'; then
+if grep -q -- '-dev\b' <<<"$(field "$runtime_deb" Depends)"; then
   fail "$RUNTIME depends on a -dev package"
 fi
 has_dep "$dev_deb" "$RUNTIME" "$debversion"
@@ -68,8 +68,9 @@ has_dep "$dev_deb" qtbase5-dev
 has_dep "$dev_deb" libboost-dev
 has_dep "$tools_deb" "$RUNTIME" "$debversion"
 has_dep "$tools_deb" libqt5core5a
-dpkg-deb --ctrl-tarfile "$runtime_deb" | tar -xO ./shlibs | grep -qx "libCommonKit $SOVERSION $RUNTIME (>= $debversion)" ||
-  fail "$RUNTIME has no shlibs line for libCommonKit $SOVERSION"
+shlibs=$(dpkg-deb --ctrl-tarfile "$runtime_deb" | tar -xO ./shlibs)
+[ "$shlibs" = "libCommonKit $SOVERSION $RUNTIME (>= $debversion)" ] ||
+  fail "$RUNTIME has the shlibs file '$shlibs'"
 
 # Files (not directories) of a package, without the leading "./".
 files_of() { dpkg-deb -c "$1" | awk '$1 !~ /^d/ { print $6 }' | sed 's|^\./||'; }

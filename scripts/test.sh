@@ -48,7 +48,10 @@ deb_start=$SECONDS
 DEBS="$ROOT/build/packages"
 DEBROOT="$DEBS/root"
 rm -rf "$DEBS" "$ROOT/build/consumer-deb"
-(cd "$RELEASE" && cpack -G DEB -B "$DEBS" >/dev/null)
+if ! (cd "$RELEASE" && cpack -G DEB -B "$DEBS" >"$ROOT/build/cpack.log" 2>&1); then
+  cat "$ROOT/build/cpack.log" >&2
+  exit 1
+fi
 bash "$ROOT/scripts/check-packages.sh" "$DEBS" "$DEBROOT"
 cmake -S "$ROOT/tests/consumer" -B "$ROOT/build/consumer-deb" -G Ninja \
   -DCMAKE_PREFIX_PATH="$DEBROOT/usr" >/dev/null
@@ -58,7 +61,7 @@ case "$found" in
   *) echo "consumer found CommonKit at '$found', not under $DEBROOT" >&2; exit 1 ;;
 esac
 cmake --build "$ROOT/build/consumer-deb" -j "$JOBS"
-if ! ldd "$ROOT/build/consumer-deb/consumer" | grep -q "libCommonKit.so.* => $DEBROOT/usr/lib/"; then
+if ! grep -q "libCommonKit.so.* => $DEBROOT/usr/lib/" <<<"$(ldd "$ROOT/build/consumer-deb/consumer")"; then
   echo "the consumer does not load libCommonKit from $DEBROOT" >&2
   exit 1
 fi
