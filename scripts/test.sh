@@ -3,8 +3,11 @@
 #   1. the release build with all tests, the tool and the benchmarks;
 #   2. the same tests under AddressSanitizer and UndefinedBehaviorSanitizer;
 #   3. a consumer project outside the tree, built against the installed package;
-#   4. the Windows platform sources, compiled with MinGW (objects only);
-#   5. the tests that use threads under ThreadSanitizer.
+#   4. the Debian packages (cpack), unpacked into a scratch root, checked, and
+#      the consumer project built against that root;
+#   5. the Windows platform sources, compiled with MinGW (objects only);
+#   6. the tests that use threads under ThreadSanitizer;
+#   7. every fuzz target briefly on its corpus.
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
 step() { printf '\n=== %s ===\n' "$*"; }
@@ -36,6 +39,34 @@ cmake --build "$ROOT/build/consumer" -j "$JOBS"
 "$ROOT/build/consumer/consumer"
 PKG_CONFIG_PATH="$PREFIX/lib/pkgconfig" pkg-config --cflags --libs CommonKit >/dev/null
 echo "pkg-config: CommonKit $(PKG_CONFIG_PATH="$PREFIX/lib/pkgconfig" pkg-config --modversion CommonKit)"
+
+# Debian packages from the release tree, unpacked (not installed) into a
+# scratch root: their control fields and contents, then the consumer project
+# built against the root, which the CMake package must find relocated there.
+step "Debian packages and consumer project"
+deb_start=$SECONDS
+DEBS="$ROOT/build/packages"
+DEBROOT="$DEBS/root"
+rm -rf "$DEBS" "$ROOT/build/consumer-deb"
+if ! (cd "$RELEASE" && cpack -G DEB -B "$DEBS" >"$ROOT/build/cpack.log" 2>&1); then
+  cat "$ROOT/build/cpack.log" >&2
+  exit 1
+fi
+bash "$ROOT/scripts/check-packages.sh" "$DEBS" "$DEBROOT"
+cmake -S "$ROOT/tests/consumer" -B "$ROOT/build/consumer-deb" -G Ninja \
+  -DCMAKE_PREFIX_PATH="$DEBROOT/usr" >/dev/null
+found=$(sed -n 's/^CommonKit_DIR:PATH=//p' "$ROOT/build/consumer-deb/CMakeCache.txt")
+case "$found" in
+  "$DEBROOT"/usr/*) ;;
+  *) echo "consumer found CommonKit at '$found', not under $DEBROOT" >&2; exit 1 ;;
+esac
+cmake --build "$ROOT/build/consumer-deb" -j "$JOBS"
+if ! grep -q "libCommonKit.so.* => $DEBROOT/usr/lib/" <<<"$(ldd "$ROOT/build/consumer-deb/consumer")"; then
+  echo "the consumer does not load libCommonKit from $DEBROOT" >&2
+  exit 1
+fi
+"$ROOT/build/consumer-deb/consumer"
+echo "Debian packages: $((SECONDS - deb_start)) s"
 
 step "Windows platform sources (MinGW, objects only)"
 bash "$ROOT/scripts/check-windows.sh"
