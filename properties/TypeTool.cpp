@@ -11,15 +11,12 @@
 
 namespace kogen {
 
-using typetool::convertsToString;
-using typetool::saturatedInt64;
+using namespace typetool;
 
 namespace {
 
 constexpr int kIntMin = std::numeric_limits<int>::min();
 constexpr int kIntMax = std::numeric_limits<int>::max();
-constexpr qint64 kI64Min = std::numeric_limits<qint64>::min();
-constexpr qint64 kI64Max = std::numeric_limits<qint64>::max();
 
 int clampToInt(qint64 value)
 {

@@ -12,15 +12,18 @@
 namespace kogen {
 namespace typetool {
 
+constexpr qint64 kI64Min = std::numeric_limits<qint64>::min();
+constexpr qint64 kI64Max = std::numeric_limits<qint64>::max();
+
 // A double truncated toward zero into the signed 64-bit range (NaN is 0).
 inline qint64 saturatedInt64(double value)
 {
     if (std::isnan(value))
         return 0;
     if (value >= 9223372036854775808.0)
-        return std::numeric_limits<qint64>::max();
+        return kI64Max;
     if (value < -9223372036854775808.0)
-        return std::numeric_limits<qint64>::min();
+        return kI64Min;
     return static_cast<qint64>(value);
 }
 

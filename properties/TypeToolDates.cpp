@@ -15,13 +15,9 @@
 
 namespace kogen {
 
-using typetool::convertsToString;
-using typetool::saturatedInt64;
+using namespace typetool;
 
 namespace {
-
-constexpr qint64 kI64Min = std::numeric_limits<qint64>::min();
-constexpr qint64 kI64Max = std::numeric_limits<qint64>::max();
 
 qint64 microSecondsPerDay()
 {
