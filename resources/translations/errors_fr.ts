@@ -50,6 +50,10 @@
 <context>
     <name>cktool</name>
     <message>
+        <source>%1: warning: %2: %3</source>
+        <translation>%1 : avertissement : %2 : %3</translation>
+    </message>
+    <message>
         <source>log finalize: %1</source>
         <translation>log finalize : %1</translation>
     </message>

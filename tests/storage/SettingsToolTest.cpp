@@ -158,7 +158,7 @@ TEST_F(SettingsTool, ShowWarnsAboutValuesBreakingTheSchema)
     const ToolRun run = settings({"show", path("start.conf"), "--schema", path("schema.json")});
     EXPECT_EQ(run.exitCode, 0);
     expectStartValues(parsed(run.out));
-    EXPECT_TRUE(run.err.contains(QLatin1String("does not follow the schema: The value at /camera/port ")))
+    EXPECT_TRUE(run.err.contains(QLatin1String("start.conf: The value at /camera/port does not match the schema: ")))
         << run.err.toStdString();
 
     const ToolRun text = settings({"convert", path("start.conf"), path("out.conf"), "--key-file", path("key")});

@@ -288,7 +288,7 @@ int runShow(const QStringList& arguments)
     QTextStream err(stderr);
     const QString warning = schemaWarning(value, schema);
     if (!warning.isEmpty())
-        err << tr("%1: warning: %2 does not follow the schema: %3").arg(command, path, warning) << "\n";
+        err << tr("%1: warning: %2: %3").arg(command, path, warning) << "\n";
     err.flush();
     std::string text;
     json::JsonPrinter printer(&json::JsonPrinter::appendToString, &text);
