@@ -134,7 +134,9 @@ private:
     mutable QString m_errorString;
 };
 
+/// Counts one more Schema::Ptr to schema (for boost::intrusive_ptr).
 COMMONKIT_EXPORT void intrusive_ptr_add_ref(const Schema* schema);
+/// Counts one Schema::Ptr less; the last one deletes schema.
 COMMONKIT_EXPORT void intrusive_ptr_release(const Schema* schema);
 
 } // namespace json

@@ -18,7 +18,9 @@ class List;
 class VariantIterator;
 class Schema;
 
+/// Counts one more Schema::Ptr to schema (declared again in Schema.h).
 COMMONKIT_EXPORT void intrusive_ptr_add_ref(const Schema* schema);
+/// Counts one Schema::Ptr less (declared again in Schema.h).
 COMMONKIT_EXPORT void intrusive_ptr_release(const Schema* schema);
 
 /// Thrown when a Variant is used as a type it does not have, for example when
