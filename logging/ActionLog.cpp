@@ -26,6 +26,16 @@ const char* const k_xmlErrorText = QT_TRANSLATE_NOOP("ActionLog", "Error reading
 const char* const k_openErrorText = QT_TRANSLATE_NOOP("ActionLog", "Could not open file '%1'");
 const char* const k_writeErrorText = QT_TRANSLATE_NOOP("ActionLog", "Could not write file '%1': %2");
 const char* const k_headerErrorText = QT_TRANSLATE_NOOP("ActionLog", "Action log '%1' invalid header version.");
+// errorString() texts: the file's name and the reason.
+const char* const k_openReasonText = QT_TRANSLATE_NOOP("ActionLog", "Could not open file '%1': %2");
+const char* const k_readReasonText =
+    QT_TRANSLATE_NOOP("ActionLog", "Could not read file '%1': %2 (line %3, column %4)");
+const char* const k_lockReasonText = QT_TRANSLATE_NOOP("ActionLog", "Could not lock file '%1'");
+const char* const k_backupExistsText =
+    QT_TRANSLATE_NOOP("ActionLog", "Could not back up '%1' to '%2': the backup file exists");
+const char* const k_backupReadOnlyText =
+    QT_TRANSLATE_NOOP("ActionLog", "Could not back up '%1' to '%2': the file is not writable");
+const char* const k_backupCopyText = QT_TRANSLATE_NOOP("ActionLog", "Could not back up '%1' to '%2': %3");
 
 QString translate(const char* text)
 {
@@ -195,11 +205,12 @@ void ActionLog::logLocked(const LogEntry& entry)
     followReplacedFile();
     m_currentEntryTime = entry.time();
     m_previousEntryTime = m_entries.isEmpty() ? entry.time() : m_entries.last()->time();
-    split();
+    // A file that cannot be moved aside takes the entry all the same.
+    noteFailure(split(), "ko::ActionLog::log");
 
     if (!m_file.isOpen()) {
-        readEntries(QIODevice::ReadWrite);
-        openForWriting();
+        noteFailure(readEntries(QIODevice::ReadWrite), "ko::ActionLog::log");
+        noteFailure(openForWriting(), "ko::ActionLog::log");
     } else {
         initWriting();
     }
@@ -234,8 +245,8 @@ void ActionLog::writeEntry(const LogEntry& entry)
     m_file.unsetError();
     QFile::resize(name, before);
     removeAllLogEntries();
-    throw ActionLogFileException(translate(k_writeErrorText).arg(name, reason), name,
-                                 ActionLogFileException::WriteFailed);
+    fail(translate(k_writeErrorText).arg(name, reason));
+    throw ActionLogFileException(m_errorString, name, ActionLogFileException::WriteFailed);
 }
 
 // Another process may remove or replace the open file (a cleanup, a
@@ -259,9 +270,9 @@ void ActionLog::readLog()
     signalFailures([this] {
         m_fileInfo.refresh();
         if (m_fileInfo.isWritable()) {
-            readEntries(QIODevice::ReadWrite);
+            noteFailure(readEntries(QIODevice::ReadWrite), "ko::ActionLog::readLog");
         } else {
-            readEntries(QIODevice::ReadOnly);
+            noteFailure(readEntries(QIODevice::ReadOnly), "ko::ActionLog::readLog");
             close();
         }
     });
@@ -273,8 +284,8 @@ void ActionLog::activate()
     if (m_file.isOpen())
         return;
     signalFailures([this] {
-        readEntries(QIODevice::ReadWrite);
-        openForWriting();
+        noteFailure(readEntries(QIODevice::ReadWrite), "ko::ActionLog::activate");
+        noteFailure(openForWriting(), "ko::ActionLog::activate");
     });
 }
 
@@ -329,18 +340,43 @@ bool ActionLog::backupFile(QString& name)
     QMutexLocker locker(m_mutex);
     name.prepend(m_fileInfo.absolutePath() + QLatin1Char('/'));
     m_fileInfo.refresh();
-    if (!m_fileInfo.isWritable() || QFile::exists(name))
-        return false;
+    const QString current = m_file.fileName();
+    if (!m_fileInfo.isWritable())
+        return fail(translate(k_backupReadOnlyText).arg(current, name));
+    if (QFile::exists(name))
+        return fail(translate(k_backupExistsText).arg(current, name));
     // Copying closes the device (not through close(): the lock goes with the
     // handle and logonMode stays); the next write starts a new file.
     m_file.QFile::close();
-    if (!QFile::copy(m_file.fileName(), name))
-        return false;
+    QFile source(current);
+    if (!source.copy(name))
+        return fail(translate(k_backupCopyText).arg(current, name, source.errorString()));
     if (!QFile::remove(m_file.fileName())) {
         LogLine(Log::Warning, "ko::ActionLog::backupFile")
             << "copied '" << m_file.fileName() << "' to '" << name << "' but could not remove it";
     }
     return true;
+}
+
+QString ActionLog::errorString() const
+{
+    QMutexLocker locker(m_mutex);
+    return m_errorString;
+}
+
+// Records why an operation failed; false, for `return fail(...)`.
+bool ActionLog::fail(const QString& reason)
+{
+    QMutexLocker locker(m_mutex);
+    m_errorString = reason;
+    return false;
+}
+
+// Operations whose failure the caller goes on after leave a diagnostic line.
+void ActionLog::noteFailure(bool succeeded, const char* where)
+{
+    if (!succeeded)
+        LogLine(Log::Warning, where) << m_errorString;
 }
 
 bool ActionLog::defaultActive() const
@@ -433,7 +469,7 @@ bool ActionLog::backupEntries(QList<LogEntry*>& list, const QString& path)
         return true;
     QFile output(path);
     if (!output.open(QIODevice::WriteOnly | QIODevice::Text))
-        return false;
+        return fail(translate(k_openReasonText).arg(path, output.errorString()));
     QTextStream stream(&output);
     XMLLogWriter writer(&stream, QString(), currentDateTime());
     writer.setStartDocumentName(path);
@@ -445,6 +481,9 @@ bool ActionLog::backupEntries(QList<LogEntry*>& list, const QString& path)
             entry->writeTo(writer);
     }
     writer.writeEndDocument();
+    stream.flush();
+    if (!output.flush() || output.error() != QFileDevice::NoError)
+        return fail(translate(k_writeErrorText).arg(path, output.errorString()));
     output.close();
     return true;
 }
@@ -506,6 +545,7 @@ bool ActionLog::readEntries(QIODevice::OpenMode mode)
         const QString error = reader.errorString();
         const int line = clampToInt(reader.lineNumber());
         const int column = clampToInt(reader.columnNumber());
+        fail(translate(k_readReasonText).arg(m_file.fileName(), error, QString::number(line), QString::number(column)));
         throw ActionLogXmlException(
             translate(k_xmlErrorText).arg(error, QString::number(line), QString::number(column)), error, line,
             column);
@@ -538,6 +578,10 @@ bool ActionLog::open(QFile& file, QIODevice::OpenMode mode)
     if (!m_defaultActive) {
         try {
             openLogon();
+        } catch (const ActionLogException& e) {
+            endLogon();
+            fail(e.message());
+            throw;
         } catch (...) {
             endLogon();
             throw;
@@ -552,16 +596,18 @@ bool ActionLog::open(QFile& file, QIODevice::OpenMode mode)
             const auto* device = qobject_cast<FileEncrypt*>(&file);
             const bool headerError = device && device->isHeaderError();
             const QString name = file.fileName();
-            if (headerError)
-                throw ActionLogFileException(translate(k_headerErrorText).arg(name), name,
-                                             ActionLogFileException::InvalidHeader);
+            if (headerError) {
+                fail(translate(k_headerErrorText).arg(name));
+                throw ActionLogFileException(m_errorString, name, ActionLogFileException::InvalidHeader);
+            }
+            fail(translate(k_openReasonText).arg(name, file.errorString()));
             throw ActionLogFileException(translate(k_openErrorText).arg(name), name,
                                          ActionLogFileException::CannotOpen);
         }
         if (m_lockEnabled) {
             const int handle = file.handle();
             if (handle < 0)
-                return false;
+                return fail(translate(k_lockReasonText).arg(file.fileName()));
             (void)platform::lockFileRange(handle, m_lockOffset, m_lockLength);
         }
     }
@@ -616,13 +662,15 @@ void ActionLog::close()
 bool ActionLog::finalize(QFile& file)
 {
     if (!file.open(QIODevice::ReadWrite | QIODevice::Text))
-        return false;
+        return fail(translate(k_openReasonText).arg(file.fileName(), file.errorString()));
     QTextStream stream(&file);
     stream.readAll();
     stream << "\n</Entries>\n";
     stream.flush();
+    const bool written = file.flush() && file.error() == QFileDevice::NoError;
+    const QString reason = file.errorString();
     file.close();
-    return true;
+    return written || fail(translate(k_writeErrorText).arg(file.fileName(), reason));
 }
 
 bool ActionLog::split()

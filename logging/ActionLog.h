@@ -61,6 +61,7 @@ public:
     int count() const;
     /// The entry at index, or null when out of range.
     LogEntry* entry(int index);
+    /// The entry at index, or null when out of range.
     const LogEntry* entry(int index) const;
 
     /// The translated name "ActionLog".
@@ -82,24 +83,44 @@ public:
     void setFileInfo(const QFileInfo& info);
     /// Copies the current file to name (a file name in the current file's
     /// directory; the full path is written back), then removes the current
-    /// file. Fails when the current file is not writable or the target exists.
-    bool backupFile(QString& name);
+    /// file. Fails when the current file is not writable or the target exists;
+    /// errorString() then tells why.
+    [[nodiscard]] bool backupFile(QString& name);
 
+    /// Why the last file operation failed, translated, with the file's name:
+    /// a backupFile() or one of the protected file operations that returned
+    /// false, or the failure a public operation last reported by signal.
+    /// Failures are still reported by the signals as well.
+    QString errorString() const;
+
+    /// Muted, log() drops every entry; the log starts muted.
     void mute(bool muted);
+    /// Whether log() drops entries.
     bool isMuted() const;
 
+    /// Whether the default file is in use (then no logon is made to open it).
     bool defaultActive() const;
+    /// Says whether the default file is in use.
     void setDefaultActive(bool active);
+    /// The file logged to now.
     QFileInfo fileInfo() const;
+    /// The last file other than the default one that was switched to.
     QFileInfo customFileInfo() const;
 
+    /// When the file rolls over (BySize by default).
     ESplitPolicy splitPolicy() const;
+    /// The size in bytes beyond which BySize rolls over (1048576 by default).
     int splitSize() const;
+    /// Sets the rollover size in bytes.
     void setSplitSize(int size);
+    /// Sets the rollover policy and size together.
     void setSplitPolicy(ESplitPolicy policy, int size);
 
-    void setAccessGroup(IAccessGroup* group); // not owned; may be null
+    /// The source of the user name of entries; not owned, may be null.
+    void setAccessGroup(IAccessGroup* group);
+    /// The application version written into the header of new files.
     void setAppVersion(const QString& version);
+    /// The language version written into the header of new files.
     void setLngVersion(const QString& version);
 
     /// Holds a one-byte lock on the open file from the next opening on, so
@@ -112,54 +133,85 @@ public:
     /// stored path: "%LOCALAPPDATA%".
     static const QString mLocalAppData;
 
-    /// <user log dir>/<organization>/<application>/<application>.kol
+    /// `<user log dir>/<organization>/<application>/<application>.kol`
     static QFileInfo defaultFileInfo();
 
     /// Stores the logon credentials for a custom file; a change makes the next
     /// setFileInfo() reopen the file even on the same path.
     void setFileUserPassword(const QString& user, const QString& password);
+    /// The stored logon credentials.
     void fileUserPassword(QString& user, QString& password) const;
 
     /// The user written into every entry: from the access group if set
     /// ("name (qualifier)" or "name"), else "$USERNAME (System)", else empty.
     QString userName() const;
 
-    /// The group "ActionLog" of the destination; a null destination is
-    /// ignored.
+    /// Reads the settings from the group "ActionLog" of the destination and
+    /// continues on the file they name; a null destination is ignored.
     void load(IPersistDestination* destination);
+    /// Writes the settings to the group "ActionLog" of the destination; a
+    /// null destination is ignored.
     void save(IPersistDestination* destination);
 
 signals:
+    /// Entries first to last (indices) are about to be appended.
     void addingLogEntries(int first, int last);
+    /// Entries first to last were appended.
     void logEntriesAdded(int first, int last);
+    /// Entries first to last are about to be removed. When all entries go at
+    /// once, last is the count (one past the last index).
     void removingLogEntries(int first, int last);
+    /// Entries first to last were removed (last as in removingLogEntries()).
     void logEntriesRemoved(int first, int last);
+    /// The logon as user for a custom file failed with the system error code;
+    /// the log went back to the default file.
     void errorLogon(const QString& user, int errorCode);
+    /// An operation on file failed; type is an ActionLogFileException::eType.
     void errorFile(const QString& file, int type);
+    /// The file is not well-formed XML at line and column; it was moved aside
+    /// when logging met it.
     void errorXml(const QString& error, int line, int column);
+    /// Logging continues on the file named fileName (without directory).
     void switchedFileHandle(const QString& fileName);
+    /// Kept for listeners written against it: the log reports an invalid
+    /// header through errorFile() with type InvalidHeader and never emits
+    /// this signal.
     void incompatibleHeader();
 
 protected:
     /// Adds an owned entry at the end.
     void append(LogEntry* entry);
     /// Writes list as a complete document to path, unless a file exists there.
-    bool backupEntries(QList<LogEntry*>& list, const QString& path);
+    [[nodiscard]] bool backupEntries(QList<LogEntry*>& list, const QString& path);
     /// Removes and deletes the in-memory entries that are in list.
-    bool deleteEntries(QList<LogEntry*>& list);
+    [[nodiscard]] bool deleteEntries(QList<LogEntry*>& list);
+    /// Removes and deletes all in-memory entries (see removingLogEntries()).
     void removeAllLogEntries();
     /// Reads the file into memory; with a writable mode the file stays open,
     /// positioned after the last complete entry (a partly written entry at
     /// the end is cut off).
-    bool readEntries(QIODevice::OpenMode mode);
-    bool open(QFile& file, QIODevice::OpenMode mode);
-    bool openForReading(QIODevice::OpenMode mode);
-    bool openForWriting();
+    [[nodiscard]] bool readEntries(QIODevice::OpenMode mode);
+    /// Opens file in mode (under the logon for a custom file), unless it is
+    /// open; takes the byte lock when lock() asked for it. Throws
+    /// ActionLogFileException when the file cannot be opened or has no XML
+    /// header, ActionLogImpersonateException when the logon fails; false when
+    /// the lock cannot be taken.
+    [[nodiscard]] bool open(QFile& file, QIODevice::OpenMode mode);
+    /// open() on the current file in mode, as text.
+    [[nodiscard]] bool openForReading(QIODevice::OpenMode mode);
+    /// Makes the current file ready for appending; a file not yet open is
+    /// started anew with the document's header.
+    [[nodiscard]] bool openForWriting();
+    /// Makes the stream and the XML writer of the current file.
     void initWriting();
+    /// Closes the current file, releasing the byte lock.
     void close();
     /// Closes a log document for good by appending "</Entries>".
-    bool finalize(QFile& file);
-    bool split();
+    [[nodiscard]] bool finalize(QFile& file);
+    /// Rolls the file over when the policy says so: moves it aside under a
+    /// name of the period (or of the time, for BySize) and clears the entries.
+    /// False when a BySize rollover could not move the file.
+    [[nodiscard]] bool split();
 
     /// The time stamped into logged entries; the current local date-time.
     virtual QDateTime currentDateTime() const;
@@ -175,6 +227,8 @@ private:
     void followReplacedFile();
     void cutPartialEntry(qint64 completeCharacters, qint64 readCharacters);
     QString backupName(const QString& suffix) const;
+    bool fail(const QString& reason);
+    void noteFailure(bool succeeded, const char* where);
     void openLogon();
     void endLogon();
     int logonType() const;
@@ -203,6 +257,7 @@ private:
     void* m_logonToken;
     quint32 m_lockLength = 1;
     quint64 m_lockOffset = 1;
+    QString m_errorString;
 };
 
 /// The split policies under the namespace as well: ko::ESplitPolicy.

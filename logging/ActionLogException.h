@@ -14,11 +14,15 @@ namespace ko {
 class COMMONKIT_EXPORT ActionLogException : public std::exception
 {
 public:
+    /// An exception with a translated message.
     explicit ActionLogException(const QString& message);
     ~ActionLogException() override;
-    ActionLogException(const ActionLogException&) = default;
-    ActionLogException& operator=(const ActionLogException&) = default;
+    /// A copy.
+    ActionLogException(const ActionLogException& other) = default;
+    /// Takes other's message.
+    ActionLogException& operator=(const ActionLogException& other) = default;
 
+    /// The translated message.
     QString message() const { return m_message; }
     /// The message in the local 8-bit encoding.
     const char* what() const noexcept override;
@@ -33,11 +37,20 @@ private:
 class COMMONKIT_EXPORT ActionLogFileException : public ActionLogException
 {
 public:
-    enum eType { CannotOpen = 1, WriteFailed = 2, BackupFailed = 3, InvalidHeader = 4 };
+    /// What went wrong; the numbers are those of ActionLog::errorFile().
+    enum eType {
+        CannotOpen = 1,   ///< the file could not be opened
+        WriteFailed = 2,  ///< writing an entry failed
+        BackupFailed = 3, ///< the file could not be copied aside
+        InvalidHeader = 4 ///< the file is not an action log (no XML header)
+    };
 
+    /// A failure of type (an eType) on file.
     ActionLogFileException(const QString& message, const QString& file, int type);
 
+    /// The path of the file concerned.
     QString file() const { return m_file; }
+    /// An eType value.
     int type() const { return m_type; }
 
 private:
@@ -49,9 +62,12 @@ private:
 class COMMONKIT_EXPORT ActionLogImpersonateException : public ActionLogException
 {
 public:
+    /// The logon of user failed with the system error code error.
     ActionLogImpersonateException(const QString& message, const QString& user, int error);
 
+    /// The account of the failed logon.
     QString user() const { return m_user; }
+    /// The system error code.
     int error() const { return m_error; }
 
 private:
@@ -63,10 +79,14 @@ private:
 class COMMONKIT_EXPORT ActionLogXmlException : public ActionLogException
 {
 public:
+    /// The XML reader's error text, at line and column (colum) from 1.
     ActionLogXmlException(const QString& message, const QString& error, int line, int colum);
 
+    /// The XML reader's error text.
     QString error() const { return m_error; }
+    /// The line of the error, from 1.
     int line() const { return m_line; }
+    /// The column of the error, from 1.
     int colum() const { return m_colum; }
 
 private:

@@ -12,7 +12,9 @@ namespace ko {
 class COMMONKIT_EXPORT IAccessGroup
 {
 public:
+    /// The name of the user working now.
     virtual QString userName() const = 0;
+    /// The user's group or another qualifier; may be empty.
     virtual QString groupName() const = 0;
     /// Declared after the two operations, which keep the first two slots.
     virtual ~IAccessGroup() = default;

@@ -27,6 +27,7 @@ namespace kogen {
 class COMMONKIT_EXPORT TypeTool
 {
 public:
+    /// A tool for one operation; the flags say which operands are constants.
     TypeTool(bool leftConstant, bool rightConstant);
 
     /// Negative, zero or positive as a is below, equal to or above b. Only the
@@ -42,14 +43,21 @@ public:
     /// Arithmetic: numbers in their common type (integers wrap around), dates
     /// plus or minus a date or a number, and texts joined by do_add.
     QVariant do_add(const QVariant& a, const QVariant& b);
+    /// a - b: numbers, or a date moved back by a date or a number.
     QVariant do_subtract(const QVariant& a, const QVariant& b);
+    /// a * b of two numbers.
     QVariant do_multiply(const QVariant& a, const QVariant& b);
+    /// a / b of two numbers in their common type; fails for a division by
+    /// zero (also in Double).
     QVariant do_divide(const QVariant& a, const QVariant& b);
+    /// a % b of two numbers; fails for a modulo by zero and for Double.
     QVariant do_modulo(const QVariant& a, const QVariant& b);
     /// Bitwise operations on integers. When the operands are not integers of a
     /// common type the result is invalid but the ok flag is left alone.
     QVariant do_bitand(const QVariant& a, const QVariant& b);
+    /// a | b of two integers (see do_bitand()).
     QVariant do_bitor(const QVariant& a, const QVariant& b);
+    /// a ^ b of two integers (see do_bitand()).
     QVariant do_bitxor(const QVariant& a, const QVariant& b);
 
     /// A date-like value as a number of the given numeric type, or a number as
@@ -65,8 +73,11 @@ public:
     /// U+FFFF.
     static QString invertString(const QString& text);
 
+    /// Date, Time or DateTime.
     static bool isDate(QVariant::Type type);
+    /// List or StringList.
     static bool isList(QVariant::Type type);
+    /// Int, UInt, LongLong, ULongLong or Double.
     static bool isNumeric(QVariant::Type type);
 
     /// Whether the last operation succeeded.

@@ -108,10 +108,6 @@
         <translation>log finalize: '%1' ist bereits geschlossen</translation>
     </message>
     <message>
-        <source>log finalize: cannot write '%1': %2</source>
-        <translation>log finalize: '%1' kann nicht geschrieben werden: %2</translation>
-    </message>
-    <message>
         <source>Keep printing the entries that are appended to the file, until interrupted (like tail -f).</source>
         <translation>Weiter die Einträge ausgeben, die an die Datei angehängt werden, bis zum Abbruch (wie tail -f).</translation>
     </message>
@@ -122,14 +118,6 @@
     <message>
         <source>'%1' is not an action log; it was moved aside</source>
         <translation>'%1' ist kein Aktionsprotokoll; die Datei wurde beiseitegelegt</translation>
-    </message>
-    <message>
-        <source>could not move '%1' aside</source>
-        <translation>'%1' konnte nicht beiseitegelegt werden</translation>
-    </message>
-    <message>
-        <source>cannot open '%1'</source>
-        <translation>'%1' kann nicht geöffnet werden</translation>
     </message>
     <message>
         <source>malformed at line %1, column %2: %3; the file is moved aside</source>

@@ -108,10 +108,6 @@
         <translation>log finalize : '%1' est déjà fermé</translation>
     </message>
     <message>
-        <source>log finalize: cannot write '%1': %2</source>
-        <translation>log finalize : impossible d'écrire '%1' : %2</translation>
-    </message>
-    <message>
         <source>Keep printing the entries that are appended to the file, until interrupted (like tail -f).</source>
         <translation>Continuer à afficher les entrées ajoutées au fichier, jusqu'à interruption (comme tail -f).</translation>
     </message>
@@ -122,14 +118,6 @@
     <message>
         <source>'%1' is not an action log; it was moved aside</source>
         <translation>'%1' n'est pas un journal des actions ; il a été mis de côté</translation>
-    </message>
-    <message>
-        <source>could not move '%1' aside</source>
-        <translation>impossible de mettre '%1' de côté</translation>
-    </message>
-    <message>
-        <source>cannot open '%1'</source>
-        <translation>impossible d'ouvrir '%1'</translation>
     </message>
     <message>
         <source>malformed at line %1, column %2: %3; the file is moved aside</source>

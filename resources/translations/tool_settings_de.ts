@@ -59,11 +59,6 @@
         <translation>Die Einstellungsdatei (.json, .ini oder .conf).</translation>
     </message>
     <message>
-        <location filename="../../tools/commonkit/SettingsCommand.cpp" line="291"/>
-        <source>%1: warning: %2 does not follow the schema: %3</source>
-        <translation>%1: Warnung: %2 entspricht nicht dem Schema: %3</translation>
-    </message>
-    <message>
         <location filename="../../tools/commonkit/SettingsCommand.cpp" line="304"/>
         <source>Converts a settings file into another format, chosen by the extension of the output.</source>
         <translation>Wandelt eine Einstellungsdatei in ein anderes Format um, gewählt nach der Endung der Ausgabe.</translation>

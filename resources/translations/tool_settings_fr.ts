@@ -59,11 +59,6 @@
         <translation>Le fichier de paramètres (.json, .ini ou .conf).</translation>
     </message>
     <message>
-        <location filename="../../tools/commonkit/SettingsCommand.cpp" line="291"/>
-        <source>%1: warning: %2 does not follow the schema: %3</source>
-        <translation>%1 : avertissement : %2 ne respecte pas le schéma : %3</translation>
-    </message>
-    <message>
         <location filename="../../tools/commonkit/SettingsCommand.cpp" line="304"/>
         <source>Converts a settings file into another format, chosen by the extension of the output.</source>
         <translation>Convertit un fichier de paramètres dans un autre format, choisi d’après l’extension de la sortie.</translation>

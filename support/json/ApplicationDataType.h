@@ -46,6 +46,8 @@ template<typename T>
 class ObjectValueProperty : public ApplicationDataType
 {
 public:
+    /// Adds the member key, read with getter(const T&) and written with
+    /// setter(T&, value); returns this type, for chained calls.
     template<typename Getter, typename Setter>
     ObjectValueProperty& add(std::string key, Getter getter, Setter setter)
     {
@@ -64,6 +66,7 @@ public:
         return *this;
     }
 
+    /// The object with every member added, in order.
     Variant toVariant(const T& object) const
     {
         Variant result = Object();

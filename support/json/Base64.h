@@ -27,6 +27,8 @@ COMMONKIT_EXPORT bool fromBase64(const std::string& text, std::string* bytes);
 /// decodeBase64 returns false when a marked string is not base64; that string
 /// stays as it is and the others are still decoded.
 COMMONKIT_EXPORT void encodeBase64(Variant& value, const boost::intrusive_ptr<Schema>& schema = nullptr);
+/// The reverse of encodeBase64 (see there); false when a marked string is not
+/// base64.
 COMMONKIT_EXPORT bool decodeBase64(Variant& value, const boost::intrusive_ptr<Schema>& schema = nullptr);
 
 } // namespace json

@@ -23,8 +23,10 @@ namespace json {
 class COMMONKIT_EXPORT JsonParser
 {
 public:
+    /// The nesting depth allowed unless setMaxDepth() says otherwise.
     static constexpr int k_defaultMaxDepth = 512;
 
+    /// A parser waiting for the first piece of a text.
     JsonParser();
     ~JsonParser();
     JsonParser(const JsonParser&) = delete;
@@ -33,6 +35,7 @@ public:
     /// Adds a piece of text. False when the text so far is not JSON (also for
     /// every piece after the first error).
     bool parse(const char* data, std::size_t length);
+    /// Adds a piece of text held in a string.
     bool parse(const std::string& text) { return parse(text.data(), text.size()); }
 
     /// Ends the text and returns its value. When the text is not JSON (a
@@ -42,13 +45,19 @@ public:
     /// lastError() keeps describing the one just ended until the next parse().
     Variant parseComplete();
 
+    /// Whether lastError() is set.
     bool hasError() const;
     /// Empty when there was no error.
     const std::string& lastError() const;
+    /// The line of the error, from 1; 0 without an error.
     int errorLine() const;
+    /// The column of the error, from 1, in characters; 0 without an error.
     int errorColumn() const;
 
+    /// The deepest nesting of objects and lists accepted; values below 1
+    /// count as 1.
     void setMaxDepth(int depth);
+    /// The nesting limit in force.
     int maxDepth() const;
 
     /// Discards the text given so far and the last error.

@@ -20,8 +20,8 @@ class Variant;
 /// significant digits, or, with precision 0 (the default), as the shortest
 /// text that reads back to the same double; a real whose text would look like
 /// an integer gets ".0" appended, and infinities and NaN print as null. In
-/// strings, quote, backslash and control characters are escaped (\b \f \n \r
-/// \t, others as \u00xx); UTF-8 sequences and all other bytes below 0x80 are
+/// strings, quote, backslash and control characters are escaped (`\b` `\f`
+/// `\n` `\r` `\t`, others as `\u00xx`); UTF-8 sequences and all other bytes below 0x80 are
 /// copied as they are, and bytes that do not form UTF-8 are replaced by U+FFFD
 /// (one per broken sequence), so the output is always text the parser accepts.
 class COMMONKIT_EXPORT JsonPrinter
@@ -31,16 +31,21 @@ public:
     /// constructor.
     using Output = void (*)(void* context, const char* data, int length);
 
+    /// A printer that hands its text to output, with context passed along.
     JsonPrinter(Output output, void* context);
     ~JsonPrinter();
     JsonPrinter(const JsonPrinter&) = delete;
     JsonPrinter& operator=(const JsonPrinter&) = delete;
 
+    /// The text of one indentation level; empty for compact output.
     void setIndent(const std::string& indent) { m_indent = indent; }
+    /// The indentation level's text in force.
     const std::string& indent() const { return m_indent; }
 
     /// Significant digits of reals, 1 to 17; 0 for the shortest exact text.
+    /// (Values outside are clamped.)
     void setFloatingPointPrecision(int digits);
+    /// The significant digits in force; 0 for the shortest exact text.
     int floatingPointPrecision() const { return m_precision; }
 
     /// Prints the value; the output has received all of it on return.

@@ -23,6 +23,7 @@ namespace json {
 class COMMONKIT_EXPORT CObjectModel
 {
 public:
+    /// A model known by the native type's name and the JSON type's name.
     CObjectModel(const std::string& cTypeName, const std::string& jsonTypeName);
     virtual ~CObjectModel();
 
@@ -34,7 +35,9 @@ public:
     /// A native object made from value, owned by the model.
     virtual void* objectPtrFromVariant(const Variant& value) = 0;
 
+    /// The native type's name.
     const std::string& cTypeName() const { return m_cTypeName; }
+    /// The name JSON documents use for the type.
     const std::string& jsonTypeName() const { return m_jsonTypeName; }
 
     /// variantFromCObject, with null for a null object.

@@ -35,6 +35,43 @@ std::string Path::toString(char separator) const
     return text;
 }
 
+bool Path::fromJsonPointer(const std::string& pointer, Path* path)
+{
+    std::vector<std::string> segments;
+    if (!pointer.empty() && pointer[0] != '/')
+        return false;
+    for (std::size_t i = 0; i < pointer.size(); ++i) {
+        const char c = pointer[i];
+        if (c == '/')
+            segments.emplace_back();
+        else if (c != '~')
+            segments.back() += c;
+        else if (i + 1 < pointer.size() && (pointer[i + 1] == '0' || pointer[i + 1] == '1'))
+            segments.back() += pointer[++i] == '0' ? '~' : '/';
+        else
+            return false;
+    }
+    path->m_segments = std::move(segments);
+    return true;
+}
+
+std::string Path::toJsonPointer() const
+{
+    std::string pointer;
+    for (const std::string& segment : m_segments) {
+        pointer += '/';
+        for (const char c : segment) {
+            if (c == '~')
+                pointer += "~0";
+            else if (c == '/')
+                pointer += "~1";
+            else
+                pointer += c;
+        }
+    }
+    return pointer;
+}
+
 void Path::removeLast()
 {
     if (!m_segments.empty())
@@ -121,6 +158,19 @@ bool Path::locate(const Variant& root, Variant* found) const
     if (found)
         *found = VariantAccess::alias(root, *node);
     return true;
+}
+
+std::vector<Variant> Path::trail(const Variant& root) const
+{
+    std::vector<Variant> values{root};
+    const Node* node = &VariantAccess::node(root);
+    for (const std::string& segment : m_segments) {
+        node = child(*this, *node, segment);
+        if (!node)
+            break;
+        values.push_back(VariantAccess::alias(root, *node));
+    }
+    return values;
 }
 
 Variant Path::value(const Variant& root) const

@@ -1,17 +1,63 @@
 #include <CommonKit/support/json/Schema.h>
 
 #include <CommonKit/support/core/Log.h>
+#include <CommonKit/support/json/Path.h>
 #include "support/json/SchemaDocuments_p.h"
 #include "support/json/SchemaValidation_p.h"
 
+#include <QCoreApplication>
+
 #include <atomic>
 #include <string>
+#include <vector>
 
 namespace json {
 namespace {
 
 const char* const k_tag = "json::Schema::resolve";
 const int k_maxRefHops = 32;
+
+const char* const k_context = "json::Schema";
+const char* const k_invalidText = QT_TRANSLATE_NOOP("json::Schema", "The value does not match the schema: %1");
+const char* const k_invalidAtText = QT_TRANSLATE_NOOP("json::Schema", "The value at %1 does not match the schema: %2");
+const char* const k_schemaUnusableText = QT_TRANSLATE_NOOP("json::Schema", "The schema %1 cannot be used: %2");
+const char* const k_valueUnusableText = QT_TRANSLATE_NOOP("json::Schema", "The value cannot be validated: %1");
+
+QString translated(const char* text)
+{
+    return QCoreApplication::translate(k_context, text);
+}
+
+// A failure as one line of validate()'s error text.
+std::string reasonLine(const schema::Failure& failure)
+{
+    switch (failure.kind) {
+    case schema::Failure::SchemaUnusable:
+        return "the schema cannot be used: " + failure.reason;
+    case schema::Failure::ValueUnusable:
+        return "the value cannot be validated: " + failure.reason;
+    case schema::Failure::Invalid:
+        break;
+    }
+    return (failure.pointer.empty() ? std::string("<root>") : failure.pointer) + ": " + failure.reason;
+}
+
+// A failure as errorString() tells it.
+QString describe(const schema::Failure& failure, const std::string& schemaUri)
+{
+    const QString reason = QString::fromStdString(failure.reason);
+    switch (failure.kind) {
+    case schema::Failure::SchemaUnusable:
+        return translated(k_schemaUnusableText).arg(QString::fromStdString(schemaUri), reason);
+    case schema::Failure::ValueUnusable:
+        return translated(k_valueUnusableText).arg(reason);
+    case schema::Failure::Invalid:
+        break;
+    }
+    if (failure.pointer.empty())
+        return translated(k_invalidText).arg(reason);
+    return translated(k_invalidAtText).arg(QString::fromStdString(failure.pointer), reason);
+}
 
 } // namespace
 
@@ -65,12 +111,32 @@ Schema::Ptr Schema::fromVariant(const Variant& document, const std::string& url)
 
 bool Schema::validate(const Variant& value, std::string* error) const
 {
-    return schema::validate(schema::locationOf(m_url, m_root, m_pointer, m_node), value, error);
+    std::vector<schema::Failure> failures;
+    const bool valid = schema::validate(schema::locationOf(m_url, m_root, m_pointer, m_node), value, &failures);
+    // valijson gives no reason for the schema false.
+    if (!valid && failures.empty())
+        failures.push_back(schema::Failure{schema::Failure::Invalid, std::string(), "No value is valid here."});
+    if (error) {
+        error->clear();
+        for (const schema::Failure& failure : failures)
+            *error += reasonLine(failure) + "\n";
+    }
+    const QString text = valid ? QString() : describe(failures.front(), m_url + "#" + m_pointer);
+    std::lock_guard<std::mutex> lock(m_errorMutex);
+    m_errorString = text;
+    return valid;
+}
+
+QString Schema::errorString() const
+{
+    std::lock_guard<std::mutex> lock(m_errorMutex);
+    return m_errorString;
 }
 
 Schema::Ptr Schema::child(const std::string& segment, const Variant& node) const
 {
-    return Ptr(new Schema(m_url, m_pointer + "/" + segment, m_root, node))->target();
+    // segment: the child's JSON pointer relative to this node.
+    return Ptr(new Schema(m_url, m_pointer + segment, m_root, node))->target();
 }
 
 Schema::Ptr Schema::target() const
@@ -106,11 +172,14 @@ Schema::Ptr Schema::member(const std::string& key) const
     if (!self)
         return Ptr();
     const Variant properties = self->m_node.value("properties");
-    if (properties.contains(key))
-        return self->child("properties/" + schema::pointerToken(key), properties.value(key));
+    if (properties.contains(key)) {
+        Path path("properties");
+        path.append(key);
+        return self->child(path.toJsonPointer(), properties.value(key));
+    }
     const Variant additional = self->m_node.value("additionalProperties");
     if (additional.isObject())
-        return self->child("additionalProperties", additional);
+        return self->child("/additionalProperties", additional);
     return Ptr();
 }
 
@@ -120,7 +189,7 @@ Schema::Ptr Schema::items() const
     if (!self)
         return Ptr();
     const Variant items = self->m_node.value("items");
-    return items.isObject() ? self->child("items", items) : Ptr();
+    return items.isObject() ? self->child("/items", items) : Ptr();
 }
 
 std::string Schema::type() const

@@ -5,7 +5,10 @@
 
 #include <boost/intrusive_ptr.hpp>
 
+#include <QString>
+
 #include <atomic>
+#include <mutex>
 #include <string>
 
 namespace json {
@@ -25,6 +28,7 @@ namespace json {
 class COMMONKIT_EXPORT Schema
 {
 public:
+    /// Schemas are shared, reference-counted and immutable.
     using Ptr = boost::intrusive_ptr<Schema>;
 
     /// The schema in the document at url (a fragment selects a part: a JSON
@@ -41,21 +45,30 @@ public:
     /// url resolved against base, as RFC 3986 says.
     static std::string resolveUrl(const std::string& url, const std::string& base);
 
-    /// The document's URL and the JSON pointer of this node in it ("" for the
-    /// root).
+    /// The URL of the document this node belongs to.
     const std::string& documentUrl() const { return m_url; }
+    /// The JSON pointer of this node in its document ("" for the root).
     const std::string& pointer() const { return m_pointer; }
     /// This node's schema object (or boolean schema).
     const Variant& value() const { return m_node; }
 
     /// Validates value against this node. On failure, *error lists the
-    /// reasons, one per line.
-    bool validate(const Variant& value, std::string* error = nullptr) const;
+    /// reasons, one per line ("/path/in/value: reason"), and errorString()
+    /// tells the first of them. A schema that cannot be applied (a "$ref"
+    /// naming nothing, "multipleOf" not above 0, nesting too deep) fails
+    /// every value, with that reason.
+    [[nodiscard]] bool validate(const Variant& value, std::string* error = nullptr) const;
+    /// Why the last validate() on this node failed, translated: the JSON
+    /// pointer of the part of the value that breaks the schema and the rule
+    /// it breaks, or why the schema or the value cannot be used. Empty after
+    /// a validate() that succeeded.
+    QString errorString() const;
 
     /// The sub-schema of object member `key` ("properties", else an
     /// "additionalProperties" schema) and of list elements ("items" as one
     /// schema); "$ref"s are followed. Null when the schema says nothing.
     Ptr member(const std::string& key) const;
+    /// The sub-schema of the elements of a list (see member()).
     Ptr items() const;
     /// This node with its "$ref" followed (repeatedly); itself without one.
     Ptr target() const;
@@ -64,13 +77,20 @@ public:
 
     /// "type" when it is one name, else empty.
     std::string type() const;
-    bool isStringList() const; // {"type":"array","items":{"type":"string"}}
-    bool isFlatList() const;   // an array whose items are strings, numbers, integers or booleans
-    bool isDate() const;       // {"type":"string","format":"date"}
-    bool isTime() const;       // ... "time"
-    bool isDateTime() const;   // ... "date-time"
-    bool isUuid() const;       // ... "uuid"
-    bool isBinary() const;     // {"type":"string","contentEncoding":"base64"}
+    /// A list of strings: {"type": "array", "items": {"type": "string"}}.
+    bool isStringList() const;
+    /// A list whose items are strings, numbers, integers or booleans.
+    bool isFlatList() const;
+    /// A date string: {"type": "string", "format": "date"}.
+    bool isDate() const;
+    /// A time string: {"type": "string", "format": "time"}.
+    bool isTime() const;
+    /// A date-time string: {"type": "string", "format": "date-time"}.
+    bool isDateTime() const;
+    /// A uuid string: {"type": "string", "format": "uuid"}.
+    bool isUuid() const;
+    /// Binary data as text: {"type": "string", "contentEncoding": "base64"}.
+    bool isBinary() const;
 
     /// Application data types: native types with a JSON form, each known by
     /// a type name and the URI of the schema node that describes its form
@@ -110,9 +130,13 @@ private:
     Variant m_root;
     Variant m_node;
     mutable std::atomic<int> m_references{0};
+    mutable std::mutex m_errorMutex;
+    mutable QString m_errorString;
 };
 
+/// Counts one more Schema::Ptr to schema (for boost::intrusive_ptr).
 COMMONKIT_EXPORT void intrusive_ptr_add_ref(const Schema* schema);
+/// Counts one Schema::Ptr less; the last one deletes schema.
 COMMONKIT_EXPORT void intrusive_ptr_release(const Schema* schema);
 
 } // namespace json

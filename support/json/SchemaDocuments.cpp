@@ -64,9 +64,9 @@ QUrl toUrl(const std::string& text, bool reference)
     return url;
 }
 
-// Walks the schemas of a document for "$id"s. pointer is the walk's
-// position, extended and cut back in place.
-void indexSchema(const Variant& node, const std::string& base, std::string& pointer, int depth, Index* index)
+// Walks the schemas of a document for "$id"s. path is the walk's position,
+// extended and cut back in place.
+void indexSchema(const Variant& node, const std::string& base, Path& path, int depth, Index* index)
 {
     if (depth > k_maxDepth || !node.isObject() || node.contains("$ref"))
         return;
@@ -75,6 +75,7 @@ void indexSchema(const Variant& node, const std::string& base, std::string& poin
     if (id.isString() && index->size < k_maxIndexSize) {
         const std::string text = id.toString();
         const std::string absolute = resolveReference(text, base);
+        const std::string pointer = path.toJsonPointer();
         if (!text.empty() && text[0] != '#' && !below.empty() && index->resources.emplace(below, pointer).second)
             index->size += below.size() + pointer.size();
         const std::string name = fragmentOf(absolute);
@@ -83,34 +84,29 @@ void indexSchema(const Variant& node, const std::string& base, std::string& poin
         if (index->size >= k_maxIndexSize)
             ko::LogLine(ko::Log::Warning, k_tag) << "too many \"$id\"s, the rest are not indexed";
     }
-    const std::size_t length = pointer.size();
-    const auto enter = [&](const std::string& token, const Variant& child) {
-        const std::size_t before = pointer.size();
-        pointer += '/';
-        pointer += token;
-        indexSchema(child, below, pointer, depth + 1, index);
-        pointer.resize(before);
+    const auto enter = [&](const std::string& segment, const Variant& child) {
+        path.append(segment);
+        indexSchema(child, below, path, depth + 1, index);
+        path.removeLast();
     };
     for (VariantIterator it(node); !it.atEnd(); it.next()) {
         const Variant value = it.value();
         const Holds holds = keywordHolds(it.key());
         if (holds == Holds::Value)
             continue;
-        const std::string keyword = pointerToken(it.key());
         if (holds == Holds::Schema || (holds == Holds::SchemaOrList && !value.isList())) {
-            enter(keyword, value);
+            enter(it.key(), value);
             continue;
         }
-        pointer += '/';
-        pointer += keyword;
+        path.append(it.key());
         if ((holds == Holds::SchemaList || holds == Holds::SchemaOrList) && value.isList()) {
             for (VariantIterator element(value); !element.atEnd(); element.next())
                 enter(std::to_string(element.index()), element.value());
         } else if ((holds == Holds::SchemaMap || holds == Holds::Dependencies) && value.isObject()) {
             for (VariantIterator member(value); !member.atEnd(); member.next())
-                enter(pointerToken(member.key()), member.value());
+                enter(member.key(), member.value());
         }
-        pointer.resize(length);
+        path.removeLast();
     }
 }
 
@@ -118,8 +114,8 @@ std::shared_ptr<const Index> indexDocument(const std::string& url, const Variant
 {
     auto index = std::make_shared<Index>();
     index->resources.emplace(url, std::string());
-    std::string pointer;
-    indexSchema(root, url, pointer, 0, index.get());
+    Path path;
+    indexSchema(root, url, path, 0, index.get());
     return index;
 }
 
@@ -179,32 +175,29 @@ bool entryFor(const std::string& url, Entry* entry)
     return cachedEntry(url, entry);
 }
 
-// The base URI at the end of a pointer's walk from the root: "$id"s apply
-// where the walk is at a schema, not inside plain values.
-std::string baseAt(const std::string& url, const Variant& root, const std::vector<std::string>& tokens)
+// The base URI at the end of path's walk from the root: "$id"s apply where
+// the walk is at a schema, not inside plain values. Past the end of what
+// exists there is no "$id" to apply.
+std::string baseAt(const std::string& url, const Variant& root, const Path& path)
 {
     enum class At { Schema, SchemaList, SchemaMap, Dependencies, Value };
+    const std::vector<Variant> trail = path.trail(root);
     std::string base = url;
-    Variant node = root;
     At at = At::Schema;
-    for (std::size_t i = 0;; ++i) {
+    for (std::size_t i = 0; i < trail.size(); ++i) {
+        const Variant& node = trail[i];
         if (at == At::Schema) {
             // Beside a "$ref" there are no schemas.
             if (node.isObject() && node.contains("$ref"))
                 return base;
             base = baseOf(node, base);
         }
-        if (i == tokens.size() || at == At::Value)
+        if (i + 1 == trail.size() || at == At::Value)
             return base;
-        Variant child;
-        std::size_t index = 0;
-        if (node.isObject())
-            child = node.value(tokens[i]);
-        else if (node.isList() && Path().listIndex(tokens[i], &index) && index < node.size())
-            child = node.at(index);
+        const Variant& child = trail[i + 1];
         switch (at) {
         case At::Schema:
-            switch (keywordHolds(tokens[i])) {
+            switch (keywordHolds(path.segments()[i])) {
             case Holds::Schema: at = At::Schema; break;
             case Holds::SchemaList: at = At::SchemaList; break;
             case Holds::SchemaOrList: at = child.isList() ? At::SchemaList : At::Schema; break;
@@ -218,8 +211,8 @@ std::string baseAt(const std::string& url, const Variant& root, const std::vecto
         case At::Dependencies: at = node.isObject() && !child.isList() ? At::Schema : At::Value; break;
         case At::Value: break;
         }
-        node = child;
     }
+    return base;
 }
 
 } // namespace
@@ -273,42 +266,6 @@ std::string fragmentOf(const std::string& uri)
         : QUrl::fromPercentEncoding(QByteArray::fromStdString(uri.substr(hash + 1))).toStdString();
 }
 
-bool pointerTokens(const std::string& pointer, std::vector<std::string>* tokens)
-{
-    tokens->clear();
-    if (pointer.empty())
-        return true;
-    if (pointer[0] != '/')
-        return false;
-    for (std::size_t i = 0; i < pointer.size(); ++i) {
-        const char c = pointer[i];
-        if (c == '/') {
-            tokens->emplace_back();
-        } else if (c != '~') {
-            tokens->back() += c;
-        } else if (i + 1 < pointer.size() && (pointer[i + 1] == '0' || pointer[i + 1] == '1')) {
-            tokens->back() += pointer[++i] == '0' ? '~' : '/';
-        } else {
-            return false;
-        }
-    }
-    return true;
-}
-
-std::string pointerToken(const std::string& name)
-{
-    std::string token;
-    for (const char c : name) {
-        if (c == '~')
-            token += "~0";
-        else if (c == '/')
-            token += "~1";
-        else
-            token += c;
-    }
-    return token;
-}
-
 bool loadDocument(const std::string& url, Variant* root)
 {
     Entry entry;
@@ -328,27 +285,19 @@ void storeDocument(const std::string& url, const Variant& root)
 bool locatePointer(const std::string& url, const std::string& pointer, Location* result)
 {
     Entry entry;
-    std::vector<std::string> tokens;
-    if (!entryFor(url, &entry) || !pointerTokens(pointer, &tokens))
-        return false;
     Path path;
-    std::string canonical;
-    for (const std::string& token : tokens) {
-        path.append(token);
-        canonical += "/" + pointerToken(token);
-    }
     Variant node;
-    if (!path.locate(entry.root, &node))
+    if (!entryFor(url, &entry) || !Path::fromJsonPointer(pointer, &path) || !path.locate(entry.root, &node))
         return false;
-    *result = Location{url, canonical, entry.root, node, baseAt(url, entry.root, tokens)};
+    *result = Location{url, path.toJsonPointer(), entry.root, node, baseAt(url, entry.root, path)};
     return true;
 }
 
 Location locationOf(const std::string& url, const Variant& root, const std::string& pointer, const Variant& node)
 {
-    std::vector<std::string> tokens;
-    pointerTokens(pointer, &tokens);
-    return Location{url, pointer, root, node, baseAt(url, root, tokens)};
+    Path path;
+    Path::fromJsonPointer(pointer, &path);
+    return Location{url, pointer, root, node, baseAt(url, root, path)};
 }
 
 bool locate(const std::string& uri, const std::string& context, Location* result)

@@ -14,7 +14,6 @@
 #include <CommonKit/support/json/Variant.h>
 
 #include <string>
-#include <vector>
 
 namespace json {
 namespace schema {
@@ -44,12 +43,6 @@ std::string resolveReference(const std::string& reference, const std::string& ba
 std::string withoutFragment(const std::string& uri);
 // The fragment of uri, percent-decoded; empty without one.
 std::string fragmentOf(const std::string& uri);
-
-// The member names and list indices of a JSON pointer ("" or "/a/0/b");
-// false when the text is no JSON pointer (RFC 6901).
-bool pointerTokens(const std::string& pointer, std::vector<std::string>* tokens);
-// name escaped as one JSON pointer token ('~' as "~0", '/' as "~1").
-std::string pointerToken(const std::string& name);
 
 // A node of a schema document.
 struct Location

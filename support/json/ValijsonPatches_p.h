@@ -2,8 +2,10 @@
 
 // Private to the JSON support library, included by SchemaValidation.cpp
 // only, before valijson's validator is used: checks of valijson's validation
-// visitor given anew for the two kinds of value it visits (JSON values, and
-// member names for "propertyNames").
+// visitor given anew. The validator sees nlohmann values only: member names
+// checked by "propertyNames" are validated as JSON strings too (valijson
+// would use a string adapter of its own, and every check here would be
+// needed a second time for it).
 //
 // - std::regex matches by recursion on every character of the text, so a
 //   long string (some 100 000 characters against "^[a-z]+$") overflows the
@@ -21,7 +23,6 @@
 
 #define VALIJSON_USE_EXCEPTIONS 1
 #include <valijson/adapters/nlohmann_json_adapter.hpp>
-#include <valijson/adapters/std_string_adapter.hpp>
 #include <valijson/validation_visitor.hpp>
 
 #include <cmath>
@@ -165,47 +166,69 @@ inline bool report(const char* failure, ValidationResults* results, const std::v
 
 } // namespace patches
 
-#define COMMONKIT_VALIJSON_PATCHES(Adapter)                                                                          \
-    template<>                                                                                                       \
-    inline bool ValidationVisitor<Adapter>::validateSchema(const Subschema& subschema)                               \
-    {                                                                                                                \
-        const patches::NestingGuard guard;                                                                           \
-        if (subschema.getAlwaysInvalid())                                                                            \
-            return false;                                                                                            \
-        Subschema::ApplyFunction fn(std::bind(validationCallback, std::placeholders::_1, std::ref(*this)));          \
-        return m_results ? subschema.apply(fn) : subschema.applyStrict(fn);                                          \
-    }                                                                                                                \
-    template<>                                                                                                       \
-    inline bool ValidationVisitor<Adapter>::visit(const constraints::PatternConstraint& constraint)                  \
-    {                                                                                                                \
-        return patches::report(patches::patternFailure(m_target, m_strictTypes, m_regexesCache,                      \
-                                                       constraint.getPattern<std::string::allocator_type>()),        \
-                               m_results, m_context);                                                                \
-    }                                                                                                                \
-    template<>                                                                                                       \
-    inline bool ValidationVisitor<Adapter>::visit(const constraints::FormatConstraint& constraint)                   \
-    {                                                                                                                \
-        return patches::report(patches::formatFailure(m_target, constraint.getFormat()), m_results, m_context);      \
-    }                                                                                                                \
-    template<>                                                                                                       \
-    inline bool ValidationVisitor<Adapter>::visit(const constraints::MultipleOfDoubleConstraint& constraint)         \
-    {                                                                                                                \
-        return patches::report(patches::multipleOfFailure(m_target, constraint.getDivisor()), m_results, m_context); \
-    }                                                                                                                \
-    template<>                                                                                                       \
-    inline bool ValidationVisitor<Adapter>::visit(const constraints::MultipleOfIntConstraint& constraint)            \
-    {                                                                                                                \
-        return patches::report(patches::multipleOfFailure(m_target, constraint.getDivisor()), m_results, m_context); \
+using PatchedVisitor = ValidationVisitor<adapters::NlohmannJsonAdapter>;
+
+template<>
+inline bool PatchedVisitor::validateSchema(const Subschema& subschema)
+{
+    const patches::NestingGuard guard;
+    if (subschema.getAlwaysInvalid())
+        return false;
+    Subschema::ApplyFunction fn(std::bind(validationCallback, std::placeholders::_1, std::ref(*this)));
+    return m_results ? subschema.apply(fn) : subschema.applyStrict(fn);
+}
+
+template<>
+inline bool PatchedVisitor::visit(const constraints::PatternConstraint& constraint)
+{
+    return patches::report(patches::patternFailure(m_target, m_strictTypes, m_regexesCache,
+                                                   constraint.getPattern<std::string::allocator_type>()),
+                           m_results, m_context);
+}
+
+template<>
+inline bool PatchedVisitor::visit(const constraints::FormatConstraint& constraint)
+{
+    return patches::report(patches::formatFailure(m_target, constraint.getFormat()), m_results, m_context);
+}
+
+template<>
+inline bool PatchedVisitor::visit(const constraints::MultipleOfDoubleConstraint& constraint)
+{
+    return patches::report(patches::multipleOfFailure(m_target, constraint.getDivisor()), m_results, m_context);
+}
+
+template<>
+inline bool PatchedVisitor::visit(const constraints::MultipleOfIntConstraint& constraint)
+{
+    return patches::report(patches::multipleOfFailure(m_target, constraint.getDivisor()), m_results, m_context);
+}
+
+template<>
+inline bool PatchedVisitor::visit(const constraints::PropertyNamesConstraint& constraint)
+{
+    if ((m_strictTypes && !m_target.isObject()) || !m_target.maybeObject())
+        return true;
+    bool valid = true;
+    for (const adapters::NlohmannJsonAdapter::ObjectMember m : m_target.asObject()) {
+        const nlohmann::json name = m.first;
+        const adapters::NlohmannJsonAdapter target(name);
+        std::vector<std::string> context = m_context;
+        context.push_back("[" + m.first + "]");
+        PatchedVisitor validator(target, context, m_strictTypes, nullptr, m_regexesCache);
+        if (validator.validateSchema(*constraint.getSubschema()))
+            continue;
+        valid = false;
+        if (!m_results)
+            break;
+        m_results->pushError(context, "Member name '" + m.first + "' does not match the 'propertyNames' schema.");
     }
-
-COMMONKIT_VALIJSON_PATCHES(adapters::NlohmannJsonAdapter)
-COMMONKIT_VALIJSON_PATCHES(adapters::StdStringAdapter)
-
-#undef COMMONKIT_VALIJSON_PATCHES
+    return valid;
+}
 
 template<>
 template<>
-inline bool ValidationVisitor<adapters::NlohmannJsonAdapter>::ValidatePatternPropertySubschemas::operator()(
+inline bool PatchedVisitor::ValidatePatternPropertySubschemas::operator()(
     const constraints::PropertiesConstraint::String& patternProperty, const Subschema* subschema) const
 {
     const std::string patternPropertyStr(patternProperty.c_str());

@@ -122,19 +122,24 @@ TEST_F(SchemaTest, ValidatesWithReferencesAndFormats)
 {
     const Schema::Ptr root = Schema::resolve("https://schemas.example.invalid/settings.json");
     ASSERT_TRUE(root);
-    const struct { const char* value; bool valid; } rows[] = {
-        {R"({"names": ["a", "b"], "ports": [1, 2]})", true}, {R"({"names": ["a", 2]})", false},
-        {R"({"cams": [{"name": "front"}, {"name": "back"}]})", true}, {R"({"cams": [{"title": "front"}]})", false},
-        {R"({"origin": {"x": 1, "y": 2}})", true}, {R"({"origin": {"x": 1}})", false},
-        {R"({"origin": {"x": 1.5, "y": 2}})", false}, {R"({"changed": "2024-05-06T07:08:09Z"})", true},
-        {R"({"changed": "yesterday"})", false}, {R"({"day": "2024-02-30"})", false},
-        {R"({"unlisted": 3.5})", true}, {R"({"unlisted": "text"})", false},
-        {R"([1])", false},
+    // at: how errorString() names the failing part of the value.
+    const struct { const char* value; bool valid; const char* at; } rows[] = {
+        {R"({"names": ["a", "b"], "ports": [1, 2]})", true, ""}, {R"({"names": ["a", 2]})", false, "at /names/1 "},
+        {R"({"cams": [{"name": "front"}, {"name": "back"}]})", true, ""},
+        {R"({"cams": [{"title": "front"}]})", false, "at /cams/0 "},
+        {R"({"origin": {"x": 1, "y": 2}})", true, ""}, {R"({"origin": {"x": 1}})", false, "at /origin "},
+        {R"({"origin": {"x": 1.5, "y": 2}})", false, "at /origin/x "},
+        {R"({"changed": "2024-05-06T07:08:09Z"})", true, ""}, {R"({"changed": "yesterday"})", false, "at /changed "},
+        {R"({"day": "2024-02-30"})", false, "at /day "}, {R"({"a~b/c": 1})", false, "at /a~0b~1c "},
+        {R"({"unlisted": 3.5})", true, ""}, {R"({"unlisted": "text"})", false, "at /unlisted "},
+        {R"([1])", false, "The value does not match"},
     };
     for (const auto& row : rows) {
         std::string error;
         EXPECT_EQ(root->validate(parse(row.value), &error), row.valid) << row.value << "\n" << error;
         EXPECT_EQ(error.empty(), row.valid) << row.value;
+        EXPECT_EQ(root->errorString().isEmpty(), row.valid) << row.value;
+        EXPECT_TRUE(root->errorString().contains(QLatin1String(row.at))) << root->errorString().toStdString();
     }
     // A part of a document validates on its own.
     const Schema::Ptr origin = root->member("origin");
@@ -191,6 +196,7 @@ TEST_F(SchemaTest, ValidatesDocumentsWhoseNamesHaveNoSlashes)
         std::string error;
         EXPECT_FALSE(dangling->validate(parse("[1]"), &error)) << text;
         EXPECT_NE(error.find("names no schema"), std::string::npos) << text << ": " << error;
+        EXPECT_TRUE(dangling->errorString().contains(QLatin1String("cannot be used: \"$ref\""))) << text;
     }
 }
 
@@ -327,6 +333,7 @@ TEST_F(SchemaTest, MultipleOfNeedsAPositiveDivisor)
         EXPECT_EQ(schema->validate(parse(row.value), &error), row.valid) << row.schema << " " << row.value << "\n" << error;
         EXPECT_EQ(error.find("\"multipleOf\" must be greater than 0") != std::string::npos, row.rejected)
             << row.schema << ": " << error;
+        EXPECT_EQ(schema->errorString().startsWith(QLatin1String("The schema urn:")), row.rejected);
     }
 }
 

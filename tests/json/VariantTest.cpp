@@ -8,6 +8,8 @@
 
 #include <cstdint>
 #include <limits>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -226,6 +228,38 @@ TEST(JsonPath, WithoutAutoIndexDecimalSegmentsMakeObjects)
     EXPECT_TRUE(json::Path().set(replaced, 5));
     EXPECT_EQ(replaced, Variant(5));
     EXPECT_EQ(json::Path("x/y/z").parent().toString(), "x/y");
+}
+
+// The examples of RFC 6901, section 5; expected: the value found (compact
+// JSON), empty for no JSON pointer.
+TEST(JsonPath, JsonPointersFollowTheRfcExamples)
+{
+    Variant document = json::Object();
+    for (const auto& member : std::vector<std::pair<const char*, Variant>>{
+             {"", 0}, {"a/b", 1}, {"c%d", 2}, {"e^f", 3}, {"g|h", 4}, {"i\\j", 5}, {"k\"l", 6}, {" ", 7}, {"m~n", 8}})
+        document.set(member.first, member.second);
+    Variant foo;
+    foo.append("bar");
+    foo.append("baz");
+    document.set("foo", foo);
+    const struct { const char* pointer; const char* expected; } rows[] = {
+        {"/foo", R"(["bar","baz"])"}, {"/foo/0", R"("bar")"}, {"/", "0"}, {"/a~1b", "1"}, {"/c%d", "2"},
+        {"/e^f", "3"}, {"/g|h", "4"}, {"/i\\j", "5"}, {"/k\"l", "6"}, {"/ ", "7"}, {"/m~0n", "8"},
+        {"foo", ""}, {"/~2", ""}, {"/m~", ""},
+    };
+    for (const auto& row : rows) {
+        json::Path path;
+        ASSERT_EQ(json::Path::fromJsonPointer(row.pointer, &path), *row.expected != 0) << row.pointer;
+        if (!*row.expected)
+            continue;
+        EXPECT_EQ(path.value(document).toJson(), row.expected) << row.pointer;
+        EXPECT_EQ(path.toJsonPointer(), row.pointer);
+        EXPECT_EQ(path.trail(document).size(), path.size() + 1) << row.pointer;
+    }
+    json::Path root;
+    EXPECT_TRUE(json::Path::fromJsonPointer("", &root));
+    EXPECT_EQ(root.trail(document).size(), 1u);
+    EXPECT_EQ(json::Path("foo/7").trail(document).size(), 2u); // ends where the path leaves the value
 }
 
 } // namespace

@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -302,6 +304,21 @@ TEST_F(ActionLogFile, EntryListOperationsAndTheirSignals)
     QList<ko::LogEntry*> none;
     EXPECT_TRUE(log.backupEntries(none, copy)); // an existing file is left alone
     EXPECT_EQ(readFile(copy), before);
+
+    // Failures tell the file and the reason.
+    const QString missing = dir.filePath(QStringLiteral("no/such.kol"));
+    QFile absent(missing);
+    QString taken = QStringLiteral("copy.kol");
+    const std::pair<std::function<bool()>, QString> failures[] = {
+        {[&] { return log.backupEntries(all, missing); }, QStringLiteral("Could not open file '%1': ").arg(missing)},
+        {[&] { return log.finalize(absent); }, QStringLiteral("Could not open file '%1': ").arg(missing)},
+        {[&] { return log.backupFile(taken); },
+         QStringLiteral("Could not back up '%1' to '%2': the backup file exists").arg(path, copy)},
+    };
+    for (const auto& failure : failures) {
+        EXPECT_FALSE(failure.first());
+        EXPECT_TRUE(log.errorString().startsWith(failure.second)) << log.errorString().toStdString();
+    }
 
     recorder.lines.clear();
     log.removeAllLogEntries();

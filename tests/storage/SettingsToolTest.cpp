@@ -158,7 +158,8 @@ TEST_F(SettingsTool, ShowWarnsAboutValuesBreakingTheSchema)
     const ToolRun run = settings({"show", path("start.conf"), "--schema", path("schema.json")});
     EXPECT_EQ(run.exitCode, 0);
     expectStartValues(parsed(run.out));
-    EXPECT_TRUE(run.err.contains(QLatin1String("does not follow the schema"))) << run.err.toStdString();
+    EXPECT_TRUE(run.err.contains(QLatin1String("start.conf: The value at /camera/port does not match the schema: ")))
+        << run.err.toStdString();
 
     const ToolRun text = settings({"convert", path("start.conf"), path("out.conf"), "--key-file", path("key")});
     EXPECT_EQ(text.exitCode, 2);

@@ -77,10 +77,10 @@ class ErrorPrinter
 public:
     explicit ErrorPrinter(ko::ActionLog& log)
     {
-        QObject::connect(&log, &ko::ActionLog::errorFile, [this](const QString& file, int type) {
+        // The log's errorString() tells the file and the reason.
+        QObject::connect(&log, &ko::ActionLog::errorFile, [this, &log](const QString& file, int type) {
             report(type == 4 ? cktool::tr("'%1' is not an action log; it was moved aside").arg(file)
-                   : type == 3 ? cktool::tr("could not move '%1' aside").arg(file)
-                               : cktool::tr("cannot open '%1'").arg(file));
+                             : log.errorString());
         });
         QObject::connect(&log, &ko::ActionLog::errorXml, [this](const QString& error, int line, int column) {
             report(cktool::tr("malformed at line %1, column %2: %3; the file is moved aside")
@@ -174,7 +174,7 @@ int runLogFinalize(const QStringList& arguments)
         throw CommandError(tr("log finalize: '%1' is already closed").arg(path));
     ToolActionLog log(path);
     if (!log.finalize(file))
-        throw CommandError(tr("log finalize: cannot write '%1': %2").arg(path, file.errorString()));
+        throw CommandError(tr("log finalize: %1").arg(log.errorString()));
     return 0;
 }
 

@@ -178,13 +178,12 @@ json::Variant jsonOf(const SettingsMap& map, const json::Schema::Ptr& schema)
     return value.isNull() ? json::Variant(json::Object()) : value;
 }
 
-// One line per reason why the value does not follow the schema.
-QStringList schemaWarnings(const json::Variant& value, const json::Schema::Ptr& schema)
+// Why the value does not follow the schema; empty when it does.
+QString schemaWarning(const json::Variant& value, const json::Schema::Ptr& schema)
 {
-    std::string reasons;
-    if (!schema || schema->validate(value, &reasons))
-        return QStringList();
-    return QString::fromStdString(reasons).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    if (!schema || schema->validate(value))
+        return QString();
+    return schema->errorString();
 }
 
 // A file written beside the target and renamed over it only when complete,
@@ -287,8 +286,9 @@ int runShow(const QStringList& arguments)
 
     const json::Variant value = jsonOf(map, schema);
     QTextStream err(stderr);
-    for (const QString& warning : schemaWarnings(value, schema))
-        err << tr("%1: warning: %2 does not follow the schema: %3").arg(command, path, warning) << "\n";
+    const QString warning = schemaWarning(value, schema);
+    if (!warning.isEmpty())
+        err << tr("%1: warning: %2: %3").arg(command, path, warning) << "\n";
     err.flush();
     std::string text;
     json::JsonPrinter printer(&json::JsonPrinter::appendToString, &text);
