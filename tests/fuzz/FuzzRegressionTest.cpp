@@ -2,7 +2,7 @@
 // broke one of its checks. Each row runs its committed file through the
 // library function the target calls and checks the documented outcome.
 
-#include "support/LogCapture.h"
+#include "testlib/LogCapture.h"
 #include <CommonKit/json/JsonSettings.h>
 #include <CommonKit/json/VariantConversion.h>
 #include <CommonKit/storage/EncryptedSettings.h>

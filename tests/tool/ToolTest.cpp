@@ -1,6 +1,6 @@
 // Runs the commonkit tool as a user would and checks what it prints.
 
-#include "support/ToolRunner.h"
+#include "testlib/ToolRunner.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
 // commonkit rights show, run as a user would.
 
-#include "MatrixTestSupport.h"
+#include "../rights/MatrixTestSupport.h"
 
 #include <CommonKit/storage/Settings.h>
-#include "support/ToolRunner.h"
+#include "testlib/ToolRunner.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include <CommonKit/support/crypto/IODevice.h>
 #include <CommonKit/support/crypto/LockedString.h>
 #include <CommonKit/support/crypto/SecureAllocator.h>
-#include "support/ReferenceDecrypt.h"
+#include "testlib/ReferenceDecrypt.h"
 
 #include <gtest/gtest.h>
 

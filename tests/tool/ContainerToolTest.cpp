@@ -1,7 +1,7 @@
 // The container and keygen subcommands of the commonkit tool.
 
-#include "support/TestFiles.h"
-#include "support/ToolRunner.h"
+#include "testlib/TestFiles.h"
+#include "testlib/ToolRunner.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // The settings subcommand of the commonkit tool.
 
-#include "support/TestFiles.h"
-#include "support/ReferenceDecrypt.h"
-#include "support/ToolRunner.h"
+#include "testlib/TestFiles.h"
+#include "testlib/ReferenceDecrypt.h"
+#include "testlib/ToolRunner.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // commonkit crypt, ha1 and access-line, run as a user would.
 
 #include <CommonKit/storage/Crypt.h>
-#include "support/ToolRunner.h"
+#include "testlib/ToolRunner.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
 // commonkit log show, run as a user would.
 
-#include "TestEntries.h"
+#include "../logging/TestEntries.h"
 
 #include <CommonKit/logging/XMLLogReader.h>
-#include "support/ToolRunner.h"
+#include "testlib/ToolRunner.h"
 
 #include <gtest/gtest.h>
 

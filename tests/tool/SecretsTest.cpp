@@ -3,13 +3,13 @@
 // and through the tool, with the right key and with a wrong one. Each secret
 // is searched for as it stands, in hexadecimal and in Base64.
 
-#include "support/LogCapture.h"
-#include "support/TestFiles.h"
+#include "testlib/LogCapture.h"
+#include "testlib/TestFiles.h"
 #include <CommonKit/storage/EncryptedFile.h>
 #include <CommonKit/storage/EncryptedSettings.h>
 #include <CommonKit/support/core/Log.h>
 #include <CommonKit/support/crypto/RSAKeyPair.h>
-#include "support/ToolRunner.h"
+#include "testlib/ToolRunner.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // ko::EncryptedFile: round trips, file layout, signatures, tampering and
 // hostile trailers.
 
-#include "support/TestFiles.h"
+#include "testlib/TestFiles.h"
 #include <CommonKit/storage/EncryptedFile.h>
 #include <CommonKit/storage/MetadataDigest.h>
 #include <CommonKit/support/core/Log.h>

@@ -1,5 +1,5 @@
 #include <CommonKit/support/crypto/IODevice.h>
-#include "support/ReferenceDecrypt.h"
+#include "testlib/ReferenceDecrypt.h"
 
 #include <gtest/gtest.h>
 

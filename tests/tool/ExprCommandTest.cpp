@@ -1,6 +1,6 @@
 #include <CommonKit/expressions/Expressions.h>
 #include <CommonKit/properties/Properties.h>
-#include "support/ToolRunner.h"
+#include "testlib/ToolRunner.h"
 
 #include <gtest/gtest.h>
 
