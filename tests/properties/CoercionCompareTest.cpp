@@ -1,4 +1,5 @@
 #include "TypeToolProbe.h"
+#include "testlib/DataTable.h"
 
 #include <CommonKit/expressions/Operators.h>
 #include <CommonKit/support/core/Exception.h>
@@ -10,6 +11,7 @@
 #include <QTime>
 
 #include <cmath>
+#include <map>
 
 // A registered value type with no conversions of its own.
 struct Opaque { int id; };
@@ -24,75 +26,19 @@ constexpr auto ULL = QVariant::ULongLong;
 constexpr auto D = QVariant::Double;
 constexpr auto X = QVariant::Invalid;
 
-const qulonglong kTwoTo63 = Q_UINT64_C(9223372036854775808);
-
-struct CoercionRow
-{
-    QVariant left;
-    QVariant right;
-    QVariant::Type expected[4]; // by kFlagCombos: none, right, left, both
-};
-
 // Every ordered pair of the five numeric types, with values on both sides of
 // the limits that decide whether a constant may narrow the type.
-const CoercionRow kCoercionRows[] = {
-    {1, 2, {I, I, I, I}},
-    {1u, 2u, {U, U, U, U}},
-    {1LL, 2LL, {LL, LL, LL, LL}},
-    {1ULL, 2ULL, {ULL, ULL, ULL, ULL}},
-    {1.0, 2.0, {D, D, D, D}},
-    {1.0, 2, {D, D, D, D}},          {2, 1.0, {D, D, D, D}},
-    {1.0, 2u, {D, D, D, D}},         {2u, 1.0, {D, D, D, D}},
-    {1.0, 2LL, {D, D, D, D}},        {2LL, 1.0, {D, D, D, D}},
-    {1.0, 2ULL, {D, D, D, D}},       {2ULL, 1.0, {D, D, D, D}},
-    // Int with UInt
-    {-1, 5u, {LL, I, LL, I}},
-    {3, 2147483646u, {LL, I, U, I}},
-    {3, 2147483647u, {LL, LL, U, U}},
-    {3, 3000000000u, {LL, LL, U, U}},
-    // UInt with Int
-    {5u, -1, {LL, LL, I, I}},
-    {2147483646u, 3, {LL, U, I, I}},
-    {2147483647u, 3, {LL, U, LL, U}},
-    {3000000000u, -3, {LL, LL, LL, LL}},
-    // with LongLong, and UInt with ULongLong
-    {1, 2LL, {LL, LL, LL, LL}},      {2LL, 1, {LL, LL, LL, LL}},
-    {1u, 2LL, {LL, LL, LL, LL}},     {2LL, 1u, {LL, LL, LL, LL}},
-    {1u, 2ULL, {ULL, ULL, ULL, ULL}}, {2ULL, 1u, {ULL, ULL, ULL, ULL}},
-    // Int with ULongLong and back
-    {-1, 5ULL, {X, I, X, I}},
-    {-1, 2147483646ULL, {X, I, X, I}},
-    {-1, 2147483647ULL, {X, X, X, X}},
-    {3, 2147483647ULL, {X, X, ULL, ULL}},
-    {3, 5000000000ULL, {X, X, ULL, ULL}},
-    {5ULL, -1, {X, X, I, I}},
-    {2147483646ULL, -1, {X, X, I, I}},
-    {2147483647ULL, -1, {X, X, X, X}},
-    {5ULL, 3, {X, ULL, I, ULL}},
-    {5000000000ULL, 3, {X, ULL, X, ULL}},
-    {5000000000ULL, -3, {X, X, X, X}},
-    // LongLong with ULongLong and back
-    {-1LL, 5ULL, {X, LL, X, LL}},
-    {3LL, 9223372036854775807ULL, {X, X, ULL, ULL}},
-    {-3LL, kTwoTo63, {X, X, X, X}},
-    {-3LL, 9223372036854775806ULL, {X, LL, X, LL}},
-    {-3LL, 9223372036854775807ULL, {X, X, X, X}},
-    {5ULL, -1LL, {X, X, LL, LL}},
-    {9223372036854775806ULL, -3LL, {X, X, LL, LL}},
-    {9223372036854775807ULL, -3LL, {X, X, X, X}},
-    {kTwoTo63, 3LL, {X, ULL, X, ULL}},
-    {kTwoTo63, -3LL, {X, X, X, X}},
-};
-
 TEST(TypeToolCoercion, NumericPairsForEveryFlagCombination)
 {
-    for (const CoercionRow& row : kCoercionRows) {
+    const std::map<std::string, QVariant::Type> types = {{"I", I}, {"U", U}, {"LL", LL}, {"ULL", ULL}, {"D", D}, {"X", X}};
+    for (const cktest::DataRow& row : cktest::dataRows("properties/numeric-coercion.tsv", 6)) {
+        const QVariant left = cktest::variantOf(row[0]);
+        const QVariant right = cktest::variantOf(row[1]);
         for (int combo = 0; combo < 4; ++combo) {
             const Flags flags = kFlagCombos[combo];
-            SCOPED_TRACE(::testing::Message() << describe(row.left) << " with " << describe(row.right)
-                                              << ", constant left " << flags.left << " right " << flags.right);
+            SCOPED_TRACE(::testing::Message() << row.where << ", constant left " << flags.left << " right " << flags.right);
             const TypeToolProbe tool(flags.left, flags.right);
-            EXPECT_EQ(tool.coerceNumericTypes(row.left, row.right), row.expected[combo]);
+            EXPECT_EQ(tool.coerceNumericTypes(left, right), types.at(row[2 + combo]));
         }
     }
 }
@@ -126,59 +72,23 @@ TEST(TypeToolCoercion, NonNumbersHaveNoNumericTypeButMayShareAnother)
     EXPECT_EQ(tool.coerceOtherTypes(true, QDate(2020, 1, 1)), QVariant::String);
 }
 
-struct CompareRow { QVariant left; QVariant right; Flags flags; int sign; bool ok; };
-
-const Flags kNone{false, false};
-const Flags kRight{false, true};
-const Flags kLeft{true, false};
-
-const CompareRow kCompareRows[] = {
-    {-1, 5u, kNone, -1, true},                   // as LongLong
-    {-1, 5u, kRight, -1, true},                  // as Int
-    {3, 3000000000u, kLeft, -1, true},           // as UInt
-    {4000000000u, 1u, kNone, 1, true},
-    {10, 9ULL, kNone, -1, true},                 // no common type: "10" < "9"
-    {10, 9ULL, kRight, 1, true},                 // as Int
-    {10ULL, 9LL, kNone, -1, true},               // texts again
-    {10ULL, 9LL, kRight, 1, true},               // as ULongLong
-    {kIntMin, kIntMax, kNone, -1, true},
-    {std::numeric_limits<qlonglong>::max(), -1LL, kNone, 1, true},
-    {std::numeric_limits<qlonglong>::min(), 1LL, kNone, -1, true},
-    {std::numeric_limits<qulonglong>::max(), 0ULL, kNone, 1, true},
-    {2.0, 1, kNone, 1, true},
-    {1.5, 1.0, kNone, 0, true},                  // the difference is truncated
-    {-0.5, 0.0, kNone, 0, true},
-    {1e300, 0.0, kNone, 1, true},
-    {QVariant(1.5f), 2, kNone, -1, true},        // float compares as text
-    {QDate(1970, 1, 2), 86400000, kNone, 0, true},
-    {QDate(1970, 1, 2), 86400000000LL, kNone, 0, true},
-    {QDate(1970, 1, 2), 1.0, kNone, 0, true},
-    {QDate(1970, 1, 2), 1.5, kNone, -1, true},
-    {86400001, QDate(1970, 1, 2), kNone, 1, true},
-    {QTime(0, 0, 1), 1000, kNone, 0, true},
-    {QTime(0, 0, 1), QTime(0, 0, 2), kNone, -1, true},
-    {QDate(2020, 1, 1), QDateTime(QDate(2020, 1, 1), QTime(0, 0), Qt::UTC), kNone, 0, true},
-    {QDateTime(QDate(2020, 1, 1), QTime(0, 0, 0, 1), Qt::UTC), QDate(2020, 1, 1), kNone, 1, true},
-    {QStringLiteral("a"), QStringLiteral("B"), kNone, 1, true},
-    {QStringLiteral("abc"), QStringLiteral("abd"), kNone, -1, true},
-    {QStringLiteral("7"), 7, kNone, 0, true},
-    {QRect(0, 0, 1, 1), QRect(0, 0, 5, 5), kNone, 0, false},
-    {QRect(0, 0, 1, 1), 3, kNone, 0, false},
-    {QVariant(), QVariant(), kNone, 0, false},
-};
-
 TEST(TypeToolCompare, MixedKindsGiveTheExpectedSign)
 {
-    for (const CompareRow& row : kCompareRows) {
-        SCOPED_TRACE(::testing::Message() << describe(row.left) << " vs " << describe(row.right));
-        kogen::TypeTool tool(row.flags.left, row.flags.right);
-        EXPECT_EQ(signOf(tool.compare(row.left, row.right)), row.sign);
-        EXPECT_EQ(tool.wasOK(), row.ok);
+    for (const cktest::DataRow& row : cktest::dataRows("properties/compare-signs.tsv", 6)) {
+        SCOPED_TRACE(row.where);
+        const QVariant left = cktest::variantOf(row[0]);
+        const QVariant right = cktest::variantOf(row[1]);
+        const Flags flags{row[2] == "left", row[2] == "right"};
+        const int sign = std::stoi(row[3]);
+        const bool ok = row[4] == "true";
+        kogen::TypeTool tool(flags.left, flags.right);
+        EXPECT_EQ(signOf(tool.compare(left, right)), sign);
+        EXPECT_EQ(tool.wasOK(), ok);
         // Swapping the operands (and their flags) turns the sign unless the
         // operands fell back to texts for one order only.
-        if (row.ok && row.left.type() == row.right.type()) {
-            kogen::TypeTool swapped(row.flags.right, row.flags.left);
-            EXPECT_EQ(signOf(swapped.compare(row.right, row.left)), -row.sign);
+        if (ok && left.type() == right.type()) {
+            kogen::TypeTool swapped(flags.right, flags.left);
+            EXPECT_EQ(signOf(swapped.compare(right, left)), -sign);
         }
     }
 }

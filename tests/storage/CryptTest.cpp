@@ -1,6 +1,7 @@
 // kogen::Crypt against independent implementations: the system's crypt(3)
 // (libcrypt), libcrypto's DES crypt and QCryptographicHash.
 
+#include "testlib/DataTable.h"
 #include <CommonKit/storage/Crypt.h>
 
 #include <CommonKit/support/core/QtDeprecated.h>
@@ -162,25 +163,10 @@ TEST(Crypt, SaltCharactersOutsideTheAlphabetUseTheTraditionalValues)
     // these hashes were made with it from the alphabet character of the same
     // value ('3' for ':', 'U' for '['), and agree with libcrypto's DES_fcrypt
     // given the salt as it stands.
-    const struct { const char* salt; const char* hash; } known[] = {
-        {":x", ":xUi/T4EQ76kg"}, {"Z:", "Z:jBWi2RrhXKA"},
-        {";x", ";xd5yuFLrBSCs"}, {"Z;", "Z;VUajP33QY8o"},
-        {"<x", "<xx6dmxrv2v6Q"}, {"Z<", "Z<NXAuPCA/qcg"},
-        {"=x", "=x/zCUtJIkZW2"}, {"Z=", "Z=ZF/pg.hYdCk"},
-        {">x", ">x7.R4h/nUXkE"}, {"Z>", "Z>vXa3FpBW4l6"},
-        {"?x", "?xP/9OoO8jlVc"}, {"Z?", "Z?GKplLJoogbg"},
-        {"@x", "@xfVMXbcoTt8."}, {"Z@", "Z@QrkD/2Zwzhk"},
-        {"[x", "[xi00MX956usc"}, {"Z[", "Z[7Rz3XGxvpq6"},
-        {"\\x", "\\xFNhqZA//cUg"}, {"Z\\", "Z\\H4MBeuxW/wU"},
-        {"]x", "]xsc7uQTUdlXU"}, {"Z]", "Z]e6WWZgUpLRM"},
-        {"^x", "^xHOzdX10g80U"}, {"Z^", "Z^EkE1rfz8cL6"},
-        {"_x", "_xUwneUNGo6hU"}, {"Z_", "Z_zkUPb0dAg3s"},
-        {"`x", "`xzAXQJc1jx/Q"}, {"Z`", "Z`Z8TICLujB8Q"},
-    };
-    for (const auto& k : known) {
-        EXPECT_EQ(oursBytes("secret", k.salt), k.hash) << k.salt;
-        EXPECT_EQ(ours(QString::fromLatin1(k.salt), QStringLiteral("secret")).toStdString(), k.hash) << k.salt;
-        EXPECT_EQ(libcrypto("secret", k.salt), k.hash) << k.salt;
+    for (const cktest::DataRow& k : cktest::dataRows("storage/crypt-traditional-salts.tsv", 2)) {
+        EXPECT_EQ(oursBytes("secret", k[0]), k[1]) << k.where;
+        EXPECT_EQ(ours(QString::fromStdString(k[0]), QStringLiteral("secret")).toStdString(), k[1]) << k.where;
+        EXPECT_EQ(libcrypto("secret", k[0]), k[1]) << k.where;
     }
     // Every other code counts as value 0, like '.', but stays in the hash.
     const QString reference = ours(QStringLiteral(".."), QStringLiteral("secret"));
