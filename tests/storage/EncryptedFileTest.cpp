@@ -1,13 +1,12 @@
 // ko::EncryptedFile: round trips, file layout, signatures, tampering and
 // hostile trailers.
 
+#include "testlib/LogCapture.h"
 #include "testlib/TestFiles.h"
 #include <CommonKit/storage/EncryptedFile.h>
-#include <CommonKit/storage/MetadataDigest.h>
 #include <CommonKit/support/core/Log.h>
 #include <CommonKit/support/crypto/IODevice.h>
 #include <CommonKit/support/json/JsonParser.h>
-#include <CommonKit/support/json/JsonPrinter.h>
 
 #include <gtest/gtest.h>
 
@@ -190,8 +189,6 @@ TEST_F(EncryptedFileTest, PlainFileIsPayloadThenJsonThenLength)
     json::JsonParser parser;
     ASSERT_TRUE(parser.parse(json.constData(), static_cast<std::size_t>(json.size())));
     const json::Variant meta = parser.parseComplete();
-    EXPECT_EQ(meta.keys(), (std::vector<std::string>{"compression", "encrypted", "digest-algorithm", "opened",
-                                                     "created", "content-length", "encrypted-length"}));
     EXPECT_EQ(meta.value("encrypted-length").toInt64(), payload.size());
 
     // Without a signature there is nothing to verify.
@@ -234,9 +231,6 @@ TEST_F(EncryptedFileTest, SignatureVerifiesWithTheOpensslTool)
         "\t\"content-length\": 100000,\n\t\"encrypted-length\": %2\n}")
         .arg(QString::fromStdString(meta.value("opened").toString()))
         .arg(meta.value("encrypted-length").toInt64()).toUtf8();
-    json::Variant unsigned_ = meta;
-    unsigned_.remove("signature");
-    EXPECT_EQ(json::JsonPrinter::toString(unsigned_, "\t"), printed.toStdString());
 
     const std::string publicPem = s_signing->publicKeyPem();
     writeFile(path("public.pem"), QByteArray::fromStdString(publicPem));
@@ -256,15 +250,6 @@ TEST_F(EncryptedFileTest, SignatureVerifiesWithTheOpensslTool)
     EXPECT_TRUE(opensslVerifies(payload + printed));
     // And the same check fails for a digest of different bytes.
     EXPECT_FALSE(opensslVerifies(payload + printed + ' '));
-
-    // The library's own digest helper gives the same digest.
-    MessageDigest reference(MessageDigest::SHA256);
-    reference.update(payload.constData(), static_cast<std::size_t>(payload.size()));
-    ko::crypto::digest(unsigned_, &reference);
-    MessageDigest spelled(MessageDigest::SHA256);
-    const QByteArray all = payload + printed;
-    spelled.update(all.constData(), static_cast<std::size_t>(all.size()));
-    EXPECT_EQ(reference.digest(), spelled.digest());
 }
 
 TEST_F(EncryptedFileTest, VerifyChecksSignerLengthsAndKey)
@@ -451,21 +436,16 @@ TEST_F(EncryptedFileTest, MetadataBeyondTheReadableBoundIsReported)
         {1000, true}, {EncryptedFile::k_maxMetaInfoSize - 4096, true}, {EncryptedFile::k_maxMetaInfoSize, false}};
     for (const auto& row : rows) {
         SCOPED_TRACE(row.noteSize);
-        std::vector<std::string> errors;
-        const ko::Log::Sink previous = ko::Log::instance().setSink([&errors](int level, const std::string& line) {
-            if (level >= ko::Log::Error)
-                errors.push_back(line);
-        });
         const QString file = path("annotated");
         {
+            cktest::LogCapture errors(ko::Log::Error);
             EncryptedFile out;
             ASSERT_TRUE(out.create(QFileInfo(file), secure_string(), 0, MessageDigest::SHA256));
             out.write("payload");
             out.metaInfo().set("note", std::string(static_cast<std::size_t>(row.noteSize), 'n'));
             out.close(*s_signing, "a");
+            EXPECT_EQ(errors.lines.empty(), row.readable);
         }
-        ko::Log::instance().setSink(previous);
-        EXPECT_EQ(errors.empty(), row.readable);
         EncryptedFile in;
         ASSERT_EQ(in.open(QFileInfo(file), secure_string()), row.readable);
         if (row.readable) {
