@@ -1,4 +1,5 @@
 #include "TypeToolProbe.h"
+#include "testlib/DataTable.h"
 
 #include <QDate>
 #include <QDateTime>
@@ -108,50 +109,26 @@ TEST(TypeToolDateScale, DatesCastToNumbersAndBack)
 TEST(TypeToolDateScale, NegativeNumbersCastToDatesWrapAsUnsignedFrameTimes)
 {
     // The count is taken as an unsigned frame time, whose seconds wrap as
-    // Qt's 32-bit time_t: the instants below were worked out by hand from
-    // 2^64 - |count| microseconds.
-    const struct { QVariant value; QDateTime expected; } rows[] = {
-        {-1, utc(2101, 8, 26, 13, 4, 45, 550)},                   // -1000 us
-        {-1500, utc(2101, 8, 26, 13, 4, 44, 51)},
-        {kIntMin, utc(2101, 8, 1, 16, 33, 21, 903)},
-        {-1LL, utc(2101, 8, 26, 13, 4, 45, 551)},
-        {std::numeric_limits<qlonglong>::min(), utc(2035, 10, 29, 6, 32, 22, 775)},
-        {-1.0, utc(2101, 8, 25, 13, 4, 45, 551)},                  // days
-        {-0.5, utc(2101, 8, 26, 1, 4, 45, 551)},
-        {4294967295u, utc(1970, 2, 19, 17, 2, 47, 295)},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(::testing::Message() << row.value.typeName() << ' ' << row.value.toString().toStdString());
-        EXPECT_TRUE(sameVariant(kogen::TypeTool::castDate(row.value, QVariant::DateTime), row.expected));
-        EXPECT_TRUE(sameVariant(kogen::TypeTool::castDate(row.value, QVariant::Date), row.expected.date()));
-        EXPECT_TRUE(sameVariant(kogen::TypeTool::castDate(row.value, QVariant::Time), row.expected.time()));
+    // Qt's 32-bit time_t.
+    for (const cktest::DataRow& row : cktest::dataRows("properties/negative-dates.tsv", 3)) {
+        SCOPED_TRACE(row.where);
+        const QVariant value = cktest::variantOf(row[0]);
+        const QDateTime expected = cktest::variantOf(row[1]).toDateTime();
+        EXPECT_TRUE(sameVariant(kogen::TypeTool::castDate(value, QVariant::DateTime), expected));
+        EXPECT_TRUE(sameVariant(kogen::TypeTool::castDate(value, QVariant::Date), expected.date()));
+        EXPECT_TRUE(sameVariant(kogen::TypeTool::castDate(value, QVariant::Time), expected.time()));
     }
 }
 
 TEST(TypeToolDateArithmetic, AddingAndSubtractingKeepsTheKindWhenItCan)
 {
-    const QDate newYear(2020, 1, 1);
-    const struct { bool add; QVariant left; QVariant right; QVariant expected; } rows[] = {
-        {true, newYear, kMicrosPerDay, QDate(2020, 1, 2)},
-        {true, newYear, 1000LL, utc(2020, 1, 1, 0, 0, 0, 1)},
-        {true, newYear, 1.0, QDate(2020, 1, 2)},
-        {true, 86400000, newYear, QDate(2020, 1, 2)},       // the date may stand right
-        {true, 1, newYear, utc(2020, 1, 1, 0, 0, 0, 1)},
-        {true, QTime(10, 0), 3600000, QTime(11, 0)},
-        {true, QTime(23, 0), 7200000, utc(1970, 1, 2, 1)},  // past midnight
-        {true, utc(2020, 2, 28, 12), 1.5, utc(2020, 3, 1)},
-        {true, utc(2020, 2, 28, 12), QTime(1, 0), utc(2020, 2, 28, 13)},
-        {false, newYear, kMicrosPerDay, QDate(2019, 12, 31)},
-        {false, utc(2020, 1, 1, 0, 0, 1), 500, utc(2020, 1, 1, 0, 0, 0, 500)},
-        {false, QDate(2020, 1, 3), newYear, QDate(1970, 1, 3)},
-        {false, QTime(12, 0), QTime(11, 59, 59), QTime(0, 0, 1)},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(::testing::Message() << row.left.toString().toStdString() << (row.add ? " + " : " - ")
-                                          << row.right.toString().toStdString());
+    for (const cktest::DataRow& row : cktest::dataRows("properties/date-arithmetic.tsv", 5)) {
+        SCOPED_TRACE(row.where);
+        const QVariant left = cktest::variantOf(row[1]);
+        const QVariant right = cktest::variantOf(row[2]);
         kogen::TypeTool tool(false, true);
-        const QVariant result = row.add ? tool.do_add(row.left, row.right) : tool.do_subtract(row.left, row.right);
-        EXPECT_TRUE(sameVariant(result, row.expected));
+        const QVariant result = row[0] == "+" ? tool.do_add(left, right) : tool.do_subtract(left, right);
+        EXPECT_TRUE(sameVariant(result, cktest::variantOf(row[3])));
         EXPECT_TRUE(tool.wasOK());
     }
 }
