@@ -1,3 +1,4 @@
+#include "testlib/DataTable.h"
 #include <CommonKit/support/crypto/MessageDigest.h>
 
 #include <gtest/gtest.h>
@@ -17,29 +18,13 @@ std::string hex(const ko::crypto::secure_string& bytes)
 
 TEST(MessageDigest, KnownVectors)
 {
-    struct Case { MessageDigest::Algorithm algorithm; std::string input; std::string expected; };
-    const std::string twoBlocks = "abcdbcdecdefdefgefghfghighijhijkijkljklmklmnlmnomnopnopq";
-    const Case cases[] = {
-        {MessageDigest::MD5, "", "d41d8cd98f00b204e9800998ecf8427e"},
-        {MessageDigest::MD5, "abc", "900150983cd24fb0d6963f7d28e17f72"},
-        {MessageDigest::SHA1, "abc", "a9993e364706816aba3e25717850c26c9cd0d89d"},
-        {MessageDigest::SHA1, twoBlocks, "84983e441c3bd26ebaae4aa1f95129e5e54670f1"},
-        {MessageDigest::SHA224, "abc", "23097d223405d8228642a477bda255b32aadbce4bda0b3f7e36c9da7"},
-        {MessageDigest::SHA256, "", "e3b0c44298fc1c149afbf4c8996fb92427ae41e4649b934ca495991b7852b855"},
-        {MessageDigest::SHA256, "abc", "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad"},
-        {MessageDigest::SHA256, twoBlocks, "248d6a61d20638b8e5c026930c3e6039a33ce45964ff2167f6ecedd419db06c1"},
-        {MessageDigest::SHA384, "abc",
-         "cb00753f45a35e8bb5a03d699ac65007272c32ab0eded1631a8b605a43ff5bed8086072ba1e7cc2358baeca134c825a7"},
-        {MessageDigest::SHA512, "abc",
-         "ddaf35a193617abacc417349ae20413112e6fa4e89a97ea20a9eeee64b55d39a2192992a274fc1a836ba3c23a3feebbd"
-         "454d4423643ce80e2a9ac94fa54ca49f"},
-    };
-    for (const Case& c : cases) {
-        MessageDigest md(c.algorithm);
-        md.update(c.input);
-        EXPECT_EQ(md.hexDigest(), c.expected) << MessageDigest::algorithmName(c.algorithm) << " of " << c.input;
-        EXPECT_EQ(hex(MessageDigest::digest(c.algorithm, c.input.data(), c.input.size())), c.expected);
-        EXPECT_EQ(md.digest().size(), static_cast<std::size_t>(MessageDigest::digestSize(c.algorithm)));
+    for (const cktest::DataRow& row : cktest::dataRows("crypto/digests.tsv", 3)) {
+        const MessageDigest::Algorithm algorithm = MessageDigest::algorithmFromName(row[0]);
+        MessageDigest md(algorithm);
+        md.update(row[1]);
+        EXPECT_EQ(md.hexDigest(), row[2]) << row.where;
+        EXPECT_EQ(hex(MessageDigest::digest(algorithm, row[1].data(), row[1].size())), row[2]) << row.where;
+        EXPECT_EQ(md.digest().size(), static_cast<std::size_t>(MessageDigest::digestSize(algorithm)));
     }
 
     MessageDigest million(MessageDigest::SHA256);
