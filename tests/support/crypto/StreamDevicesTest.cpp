@@ -7,7 +7,6 @@
 
 #include <QBuffer>
 #include <QByteArray>
-#include <QTemporaryFile>
 
 #include <functional>
 #include <memory>
@@ -151,54 +150,6 @@ TEST(StreamDevices, OpeningChecksTheWrappedDeviceTheSameWay)
         EXPECT_FALSE(filter->open(c.mode));
         EXPECT_TRUE(filter->isOpen());
     }
-}
-
-// The stacking an encrypted, compressed and digested file uses: write
-// through digest -> zlib -> AES -> file, append a trailer, then read back
-// through clip -> AES -> zlib -> digest.
-TEST(StreamDeviceStack, WritesAndReadsAClippedEncryptedCompressedPayload)
-{
-    const QByteArray payload = pattern(400000) + QByteArray(300000, 'z');
-    const QByteArray trailer("{\"trailer\":true}");
-    const secure_string key("stack key");
-    QTemporaryFile file;
-    ASSERT_TRUE(file.open());
-    file.close();
-
-    QFile target(file.fileName());
-    ASSERT_TRUE(target.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered));
-    {
-        ko::crypto::IODevice cipher(&target, key);
-        ko::ZlibDevice zlib(&cipher, ko::ZlibDevice::k_defaultCompression);
-        DigestingIODevice digest(&zlib, MessageDigest::SHA256);
-        ASSERT_TRUE(digest.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
-        for (int pos = 0; pos < payload.size(); pos += 10000)
-            ASSERT_EQ(digest.write(payload.mid(pos, 10000)), std::min(10000, payload.size() - pos));
-        digest.close();
-        EXPECT_FALSE(target.isOpen());
-        EXPECT_EQ(digest.count(), static_cast<std::uint64_t>(payload.size()));
-        EXPECT_EQ(digest.digest(), sha256(payload));
-    }
-    ASSERT_TRUE(target.open(QIODevice::WriteOnly | QIODevice::Append));
-    const qint64 payloadSize = target.pos();
-    EXPECT_LT(payloadSize, payload.size() / 2) << "the payload was compressed";
-    target.write(trailer);
-    target.close();
-
-    QFile source(file.fileName());
-    ASSERT_TRUE(source.open(QIODevice::ReadOnly));
-    ClippedIODevice clip(&source);
-    clip.setMax(payloadSize);
-    ko::crypto::IODevice cipher(&clip, key);
-    ko::ZlibDevice zlib(&cipher, ko::ZlibDevice::k_defaultCompression);
-    DigestingIODevice digest(&zlib, MessageDigest::SHA256);
-    ASSERT_TRUE(digest.open(QIODevice::ReadOnly));
-    EXPECT_TRUE(digest.read(12345) == payload.left(12345));
-    ASSERT_TRUE(digest.seek(payload.size()));
-    EXPECT_TRUE(digest.atEnd());
-    EXPECT_EQ(digest.digest(), sha256(payload));
-    digest.close();
-    EXPECT_FALSE(source.isOpen());
 }
 
 } // namespace
