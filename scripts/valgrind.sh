@@ -4,10 +4,10 @@
 # writer) traced as well. A run fails when memcheck reports an invalid
 # access, a use of uninitialised memory or a definite leak, or when a test
 # fails. It takes far longer than the plain suite: about half an hour on two
-# cores after the build (the container tests alone take some 14 minutes).
+# cores after the build (the storage tests alone take some 14 minutes).
 #
 #   scripts/valgrind.sh                         every test executable
-#   COMMONKIT_VALGRIND_TESTS='crypto|hashing' scripts/valgrind.sh
+#   COMMONKIT_VALGRIND_TESTS='crypto|storage' scripts/valgrind.sh
 #                                               only executables whose names match
 #   scripts/valgrind.sh --gtest_filter='Crypt*' extra arguments go to each executable
 #
@@ -53,7 +53,7 @@ memcheck() {
 }
 export -f memcheck
 
-mapfile -t executables < <(find "$BUILD/tests" -maxdepth 2 -type f -perm -u+x -name '*_tests' |
+mapfile -t executables < <(find "$BUILD/tests" -maxdepth 3 -type f -perm -u+x -name '*_tests' |
   grep -E "${COMMONKIT_VALGRIND_TESTS:-.}" | sort)
 echo "memcheck: ${#executables[@]} test executables, $JOBS at a time"
 status=0

@@ -4,6 +4,7 @@
 // gets an exact message.
 
 #include "ExpressionTestSupport.h"
+#include "testlib/DataTable.h"
 
 #include <gtest/gtest.h>
 
@@ -102,36 +103,10 @@ TEST_F(FilterParserTest, PrintedTextsReadBackIntoTheirTrees)
 
 TEST_F(FilterParserTest, OtherSpellingsSettleOnThePrintedForm)
 {
-    struct Case { const char* text; const char* printed; };
-    const Case cases[] = {
-        {"a+b-a+b", "((a+b)-a)+b"},
-        {"a+b*2", "a+(b*2)"},
-        {"a*b+2", "(a*b)+2"},
-        {"a = 1 and b = 2 or s = 'x'", "(a = 1 AND b = 2) OR s = 'x'"},
-        {"NOT a = 1 AND b = 2", " NOT a = 1 AND b = 2"},
-        {"a NOT IN (1, 2)", " NOT a IN (1,2)"},
-        {"a <> 1 OR a == 2", "a != 1 OR a = 2"},
-        {"a % 2", "a mod 2"},
-        {"+a - - 5", "a- -5"},
-        {"- 5 * -(3)", "-5*-3"},
-        {"007 + 1.50", "7+1.5"},
-        {"((a)) > (1)", "a > 1"},
-        {"(a = b) = (b < 1)", "a = b = b < 1"},
-        {"(a < b) < 1 OR (a = 1) IN (1) OR NOT (a = 1)", "a < b < 1 OR a = 1 IN (1) OR  NOT a = 1"},
-        {"my_field AS al", "my_field AS al"},
-        {"case when a=1 then 2 end", "CASE  WHEN a = 1 THEN 2 END"},
-        {"like(s, 'x%')", "(s LIKE 'x%')"},
-        {"  \t\n", ""},
-        {"CAST(a AS al AS int)", "CAST(a AS al AS int)"},
-        // Found by fuzzing: the negation of a number that fits only an
-        // unsigned integer must not become a negative double.
-        {"1^- - 13049021121120120960- 0938", "1^(- -13049021121120120960-938)"},
-        {"-9223372036854775808-9223372036854775808", "-9223372036854775808-9223372036854775808"},
-    };
-    for (const Case& c : cases) {
-        const QString once = parse(QString::fromUtf8(c.text))->toString(Expression::PrintSql);
-        EXPECT_EQ(once.toStdString(), c.printed) << c.text;
-        EXPECT_EQ(parse(once)->toString(Expression::PrintSql), once) << c.text;
+    for (const cktest::DataRow& row : cktest::dataRows("expressions/filter-spellings.tsv", 2)) {
+        const QString once = parse(QString::fromStdString(row[0]))->toString(Expression::PrintSql);
+        EXPECT_EQ(once.toStdString(), row[1]) << row.where;
+        EXPECT_EQ(parse(once)->toString(Expression::PrintSql), once) << row.where;
     }
 }
 
@@ -165,54 +140,15 @@ TEST_F(FilterParserTest, LiteralsAreBoundInPrintOrder)
 
 TEST_F(FilterParserTest, BadInputGetsTheOffendingTokenAndColumn)
 {
-    struct Case { const char* text; const char* message; int column; };
-    const Case cases[] = {
-        {"a > (1", "unexpected end of text at column 7", 7},
-        {"(a > 1))", "unexpected ')' at column 8", 8},
-        {"a >", "unexpected end of text at column 4", 4},
-        {"a = = 1", "unexpected '=' at column 5", 5},
-        {"a > 1 b", "unexpected 'b' at column 7", 7},
-        {"a > ?", "unexpected '?' at column 5", 5},
-        {"a ! 1", "unexpected '!' at column 3", 3},
-        {"a = \"x\"", "unexpected '\"' at column 5", 5},
-        {"NOT", "unexpected end of text at column 4", 4},
-        {"a = NOT b", "unexpected 'NOT' at column 5", 5},
-        {"a AND AND b", "unexpected 'AND' at column 7", 7},
-        {"zz > 1", "unknown property 'zz' at column 1", 1},
-        {"a > 1 AND my_fieldx < 2", "unknown property 'my_fieldx' at column 11", 11},
-        {"s = 'abc", "unterminated string at column 5", 5},
-        {"a = 'x''", "unterminated string at column 5", 5},
-        {"a--5", "'--' at column 2 starts a comment in SQL; write '- -'", 2},
-        {"a > 1e999", "number out of range '1e999' at column 5", 5},
-        {"foo(a)", "unknown function 'foo' at column 1", 1},
-        {"abs(a, b)", "too many arguments for 'abs' at column 1 (at most 1)", 1},
-        {"coalesce(a)", "too few arguments for 'coalesce' at column 1 (at least 2)", 1},
-        {"(s REGEXP 'a' ESCAPE '!')", "too many arguments for 'regexp' at column 4 (at most 2)", 4},
-        {"CAST(a AS banana)", "unknown type 'banana' at column 11", 11},
-        {"CAST(a int)", "unexpected 'int' at column 8", 8},
-        {"CASE a WHEN 1 THEN 2", "unexpected end of text at column 21", 21},
-        {"a IN 1", "unexpected '1' at column 6", 6},
-        {"a + (b = 1)", "the comparison in parentheses at column 5 cannot be an operand of '+'", 5},
-        {"(a = 1) < 2", "the comparison in parentheses at column 1 cannot be an operand of '<'", 1},
-        {"a = (b = 1)", "the comparison in parentheses at column 5 cannot be an operand of '='", 5},
-        {"a < (b < 1)", "the comparison in parentheses at column 5 cannot be an operand of '<'", 5},
-        {"(NOT a = 1) = b", "the comparison in parentheses at column 1 cannot be an operand of '='", 1},
-        {"-(NOT a = 1)", "the comparison in parentheses at column 2 cannot be an operand of '-'", 2},
-        {"CAST(currentDate() AS int)", "'currentDate' at column 6 cannot stand inside a function call, a CAST or an ELSE part", 6},
-        {"abs(currentDate())", "'currentDate' at column 5 cannot stand inside a function call, a CAST or an ELSE part", 5},
-        {"CASE WHEN a = 1 THEN 2 ELSE currentTime() END",
-         "'currentTime' at column 29 cannot stand inside a function call, a CAST or an ELSE part", 29},
-        {"\xF0\x9F\x93\xB7 = 1", "unexpected '\xF0\x9F\x93\xB7' at column 1", 1},
-        {"s = '\xF0\x9F\x93\xB7' ) ", "unexpected ')' at column 9", 9},
-    };
-    for (const Case& c : cases) {
+    for (const cktest::DataRow& row : cktest::dataRows("expressions/filter-errors.tsv", 3)) {
+        const QString text = QString::fromStdString(row[0]);
         QString error = QStringLiteral("not cleared");
-        const ExpressionHandle tree = Expression::parse(QString::fromUtf8(c.text), schema, &error);
-        EXPECT_EQ(tree.constData(), nullptr) << c.text;
-        EXPECT_EQ(error.toStdString(), c.message) << c.text;
+        const ExpressionHandle tree = Expression::parse(text, schema, &error);
+        EXPECT_EQ(tree.constData(), nullptr) << row.where;
+        EXPECT_EQ(error.toStdString(), row[1]) << row.where;
         FilterParser parser(schema);
-        parser.parse(QString::fromUtf8(c.text));
-        EXPECT_EQ(parser.errorColumn(), c.column) << c.text;
+        parser.parse(text);
+        EXPECT_EQ(parser.errorColumn(), std::stoi(row[2])) << row.where;
     }
     // A long token is shortened, and markers inside it stay as they are.
     QString error;

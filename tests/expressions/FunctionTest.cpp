@@ -1,4 +1,4 @@
-#include "support/LogCapture.h"
+#include "testlib/LogCapture.h"
 #include "ExpressionTestSupport.h"
 
 #include <CommonKit/support/core/Log.h>

@@ -2,15 +2,20 @@
 // broke one of its checks. Each row runs its committed file through the
 // library function the target calls and checks the documented outcome.
 
-#include "support/LogCapture.h"
+#include "testlib/LogCapture.h"
+#include <CommonKit/expressions/Expressions.h>
 #include <CommonKit/json/JsonSettings.h>
 #include <CommonKit/json/VariantConversion.h>
 #include <CommonKit/storage/EncryptedSettings.h>
+#include <CommonKit/properties/Properties.h>
 #include <CommonKit/support/core/Log.h>
+#include <CommonKit/support/json/JsonParser.h>
+#include <CommonKit/support/json/Schema.h>
 
 #include <gtest/gtest.h>
 
 #include <QBuffer>
+#include <QDataStream>
 #include <QFile>
 
 #include <algorithm>
@@ -155,5 +160,80 @@ TEST(FuzzInputs, HugeListIndexIsSkippedWhenWriting)
     map.remove(hugeKey);
     EXPECT_EQ(again, map);
 }
+
+// filterparser_fuzz: a filter text against the target's schema; it must
+// parse, and its printed SQL must parse and print the same again. The
+// negation of a number that fits only an unsigned integer once became a
+// negative double, whose printed form read back differently.
+class FilterText : public ::testing::TestWithParam<const char*>
+{
+};
+
+TEST_P(FilterText, PrintsAndReadsBackAlike)
+{
+    kogen::PropertySet schema;
+    for (const char* name : {"a", "b"})
+        schema.add(new kogen::IntProperty(QString::fromLatin1(name)));
+    schema.add(new kogen::StringProperty(QStringLiteral("s")));
+    schema.add(new kogen::DoubleProperty(QStringLiteral("d")));
+    kogen::FilterParser parser(schema);
+    const kogen::ExpressionHandle tree = parser.parse(QString::fromUtf8(input("filterparser", GetParam())));
+    ASSERT_TRUE(tree.constData()) << parser.errorString().toStdString();
+    const QString printed = tree->toString(kogen::Expression::PrintSql);
+    const kogen::ExpressionHandle again = parser.parse(printed);
+    ASSERT_TRUE(again.constData()) << printed.toStdString() << ": " << parser.errorString().toStdString();
+    EXPECT_EQ(again->toString(kogen::Expression::PrintSql), printed);
+}
+
+INSTANTIATE_TEST_SUITE_P(Fuzz, FilterText, ::testing::Values("negated-unsigned-integer"),
+                         [](const ::testing::TestParamInfo<const char*>& row) { return rowName(row.param); });
+
+// schema_fuzz: "schema NUL value". A schema that applies itself to the same
+// value overflowed the stack; validation now ends with an error.
+class SelfApplyingSchema : public ::testing::TestWithParam<const char*>
+{
+};
+
+TEST_P(SelfApplyingSchema, FailsWithAnError)
+{
+    const QList<QByteArray> parts = input("schema", GetParam()).split('\0');
+    ASSERT_EQ(parts.size(), 2);
+    json::Variant documents[2];
+    for (int i = 0; i < 2; ++i) {
+        json::JsonParser parser;
+        parser.parse(parts[i].constData(), static_cast<std::size_t>(parts[i].size()));
+        documents[i] = parser.parseComplete();
+        ASSERT_FALSE(parser.hasError()) << i;
+    }
+    const json::Schema::Ptr schema = json::Schema::fromVariant(documents[0], "https://fuzz.invalid/schema.json");
+    ASSERT_TRUE(schema);
+    std::string error;
+    EXPECT_FALSE(schema->validate(documents[1], &error));
+    EXPECT_NE(error.find("levels deep"), std::string::npos) << error;
+}
+
+INSTANTIATE_TEST_SUITE_P(Fuzz, SelfApplyingSchema, ::testing::Values("self-applying-allof", "self-applying-anyof-not"),
+                         [](const ::testing::TestParamInfo<const char*>& row) { return rowName(row.param); });
+
+// expressionstream_fuzz: a constant date-time in a time zone that does not
+// exist. Qt could not write such a value again; the reader refuses it.
+class ExpressionStreamInput : public ::testing::TestWithParam<const char*>
+{
+};
+
+TEST_P(ExpressionStreamInput, IsRefusedAsCorrupt)
+{
+    const QByteArray bytes = input("expressionstream", GetParam());
+    QDataStream in(bytes);
+    const kogen::ExpressionHandle tree = kogen::Expression::readExpression(in);
+    EXPECT_EQ(in.status(), QDataStream::ReadCorruptData);
+    QByteArray again;
+    QDataStream out(&again, QIODevice::WriteOnly);
+    out << tree;
+    EXPECT_FALSE(again.isEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Fuzz, ExpressionStreamInput, ::testing::Values("unknown-time-zone"),
+                         [](const ::testing::TestParamInfo<const char*>& row) { return rowName(row.param); });
 
 } // namespace

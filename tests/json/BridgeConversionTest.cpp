@@ -1,7 +1,7 @@
 // QVariant <-> json::Variant: the conversion tables, tagged meta types, and
 // the flat layout against QSettings' own array layout.
 
-#include "support/LogCapture.h"
+#include "testlib/LogCapture.h"
 #include <CommonKit/json/VariantConversion.h>
 #include <CommonKit/support/core/Log.h>
 #include <CommonKit/support/json/JsonParser.h>

@@ -1,7 +1,7 @@
 // QSettings in JSON files: what the format writes is checked with
 // QJsonDocument, what it reads with QSettings itself.
 
-#include "support/LogCapture.h"
+#include "testlib/LogCapture.h"
 #include <CommonKit/json/JsonSettings.h>
 #include <CommonKit/json/VariantConversion.h>
 #include <CommonKit/support/core/Log.h>

@@ -1,7 +1,7 @@
 // The action log's file: creation, appending, rollover, switching and
 // recovery, checked against the files as an independent XML parser sees them.
 
-#include "support/TestFiles.h"
+#include "testlib/TestFiles.h"
 #include "ActionLogSupport.h"
 #include "TestEntries.h"
 

@@ -1,6 +1,7 @@
 // Log values, entries, the category table and the entry factory.
 
 #include "TestEntries.h"
+#include "testlib/DataTable.h"
 
 #include <CommonKit/logging/LogEntryFactory.h>
 #include <CommonKit/logging/LogWriter.h>
@@ -251,27 +252,18 @@ ko::ELogCategory categoryOf(const char* letters)
 
 TEST(LogCategory, TableHasThirtySevenRowsInOrder)
 {
-    const struct { const char* id; const char* name; } table[] = {
-        {"    ", "None"}, {"Aces", "Access"}, {"Logn", "Logon & Logoff"}, {"UsGr", "User & Groups"},
-        {"Auth", "Authorize"}, {"SoUp", "Software updates"}, {"cSet", "Camera Settings"},
-        {"cWeB", "Web browser"}, {"NMsg", "Network messages"}, {"SofB", "Softbuttons"},
-        {"Form", "Formatting"}, {"appC", "Daxil configuration"}, {"aQit", "Quit"},
-        {"lMgr", "Layout Manager"}, {"DspS", "Display scaling"}, {"cMen", "Context menus"},
-        {"uAss", "Upload Assistant"}, {"aLog", "Action log"}, {"Srch", "Event Search"}, {"Expt", "Export"},
-        {"LoAr", "Local archive"}, {"SrVi", "Video search"}, {"Play", "Play"}, {"View", "Viewing"},
-        {"Alrm", "Alarm"}, {"Sequ", "Sequencer"}, {"Layo", "Layout"}, {"Audi", "Audio"}, {"lPTZ", "PTZ"},
-        {"pPTZ", "PTZ post"}, {"lPtC", "PTZ config"}, {"pPtC", "PTZ post config"}, {"cSgO", "Signal outs"},
-        {"Eror", "Error"}, {"Cont", "Remote control"}, {"Devi", "Devices"}, {"Syst", "System"},
-    };
+    const std::vector<cktest::DataRow> table = cktest::dataRows("logging/categories.tsv", 2);
     const QList<ko::ELogCategory> ids = ko::LogCategory::categoryIds();
     ASSERT_EQ(ids.size(), 37);
+    ASSERT_EQ(table.size(), 37u);
     QStringList names;
     for (int i = 0; i < ids.size(); ++i) {
-        EXPECT_EQ(ko::FourChars(ids.at(i)).toString(), QString::fromLatin1(table[i].id)) << i;
-        const ko::LogCategory category(categoryOf(table[i].id));
+        const cktest::DataRow& row = table[static_cast<std::size_t>(i)];
+        EXPECT_EQ(ko::FourChars(ids.at(i)).toString().toStdString(), row[0]) << row.where;
+        const ko::LogCategory category(categoryOf(row[0].c_str()));
         EXPECT_EQ(category.id, ids.at(i));
-        EXPECT_EQ(category.name, QString::fromLatin1(table[i].name)) << table[i].id;
-        names << QString::fromLatin1(table[i].name);
+        EXPECT_EQ(category.name.toStdString(), row[1]) << row.where;
+        names << QString::fromStdString(row[1]);
     }
     names.sort(Qt::CaseSensitive);
     EXPECT_EQ(ko::LogCategory::categoryNames(), names);

@@ -7,7 +7,7 @@
 #include <CommonKit/logview/ActionLogFilterModel.h>
 #include <CommonKit/logview/ActionLogModel.h>
 #include <CommonKit/resources/Translations.h>
-#include "support/ToolRunner.h"
+#include "testlib/ToolRunner.h"
 
 #include <gtest/gtest.h>
 

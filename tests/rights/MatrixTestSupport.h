@@ -3,7 +3,7 @@
 // Helpers of the rights tests: log capture, matrices of a given shape and an
 // independent encoder of the "Matrix" text.
 
-#include "support/LogCapture.h"
+#include "testlib/LogCapture.h"
 #include <CommonKit/rights/FeatureMatrix.h>
 #include <CommonKit/support/core/Log.h>
 

@@ -1,6 +1,6 @@
-#include "support/TestFiles.h"
+#include "testlib/TestFiles.h"
 #include <CommonKit/storage/EncryptedSettings.h>
-#include "support/ReferenceDecrypt.h"
+#include "testlib/ReferenceDecrypt.h"
 #include <CommonKit/support/json/JsonParser.h>
 #include <CommonKit/support/json/Schema.h>
 

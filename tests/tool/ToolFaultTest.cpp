@@ -2,7 +2,7 @@
 // shell that starts it) reports the failure and leaves an existing output as
 // it was, with no partial file beside it.
 
-#include "support/TestFiles.h"
+#include "testlib/TestFiles.h"
 #include <gtest/gtest.h>
 
 #include <QDir>

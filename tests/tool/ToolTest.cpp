@@ -1,6 +1,7 @@
 // Runs the commonkit tool as a user would and checks what it prints.
 
-#include "support/ToolRunner.h"
+#include "testlib/DataTable.h"
+#include "testlib/ToolRunner.h"
 
 #include <gtest/gtest.h>
 
@@ -96,31 +97,20 @@ TEST(Tool, FourccConvertsBothWays)
     EXPECT_EQ(run.err.toStdString(), "note: only the first four characters count: \"ab\\x0ac\"\n");
 }
 
+// Line feeds in arguments stay inside the one line of the message.
 TEST(Tool, BadInputGivesOneLineAndNonZeroExit)
 {
-    const QList<QStringList> cases = {
-        {QStringLiteral("time"), QStringLiteral("yesterday")},
-        {QStringLiteral("time"), QStringLiteral("1969-12-31T23:59:59Z")},
-        {QStringLiteral("time")},
-        {QStringLiteral("fourcc"), QStringLiteral("0xZZ")},
-        {QStringLiteral("fourcc"), QStringLiteral("99999999999")},
-        {QStringLiteral("stamp"), QStringLiteral("12:AB"), QStringLiteral("--out"), QStringLiteral("/tmp/x.bmp")},
-        {QStringLiteral("stamp"), QStringLiteral("12")},
-        {QStringLiteral("time"), QStringLiteral("--bogus"), QStringLiteral("1")},
-        {QStringLiteral("nosuchcommand")},
-        {QStringLiteral("--lang"), QStringLiteral("xx"), QStringLiteral("time"), QStringLiteral("1")},
-        {},
-        {QStringLiteral("--lang")},
-        {QStringLiteral("--lang"), QStringLiteral("de")},
-        // Line feeds in the input stay inside the one line.
-        {QStringLiteral("time"), QStringLiteral("a\nb")},
-        {QStringLiteral("no\ncommand")},
-        {QStringLiteral("stamp"), QStringLiteral("1\n2"), QStringLiteral("--out"), QStringLiteral("/tmp/x.bmp")},
-        {QStringLiteral("log"), QStringLiteral("show"), QStringLiteral("no\r\nfile")},
-    };
-    for (const QStringList& arguments : cases) {
-        const ToolRun run = runTool(arguments);
+    std::vector<std::pair<QStringList, QByteArray>> runs = {{QStringList(), QByteArray()}};
+    for (const cktest::DataRow& row : cktest::dataRows("tool/bad-input.tsv", -2)) {
+        QStringList arguments;
+        for (std::size_t i = 1; i < row.fields.size(); ++i)
+            arguments << QString::fromStdString(row[i]);
+        runs.emplace_back(arguments, QByteArray::fromStdString(row[0]));
+    }
+    for (const auto& [arguments, input] : runs) {
+        const ToolRun run = runTool(arguments, "UTC0", input);
         EXPECT_NE(run.exitCode, 0) << arguments.join(' ').toStdString();
+        EXPECT_TRUE(run.out.isEmpty()) << arguments.join(' ').toStdString() << ": " << run.out.toStdString();
         EXPECT_TRUE(run.err.startsWith(QStringLiteral("commonkit: "))) << run.err.toStdString();
         EXPECT_EQ(run.err.count(QLatin1Char('\n')), 1) << run.err.toStdString();
     }

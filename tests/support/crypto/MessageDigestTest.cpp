@@ -1,0 +1,118 @@
+#include "testlib/DataTable.h"
+#include <CommonKit/support/crypto/MessageDigest.h>
+
+#include <gtest/gtest.h>
+
+#include <QByteArray>
+#include <QCryptographicHash>
+#include <QRandomGenerator>
+
+namespace {
+
+using ko::crypto::MessageDigest;
+
+std::string hex(const ko::crypto::secure_string& bytes)
+{
+    return QByteArray(bytes.data(), static_cast<int>(bytes.size())).toHex().toStdString();
+}
+
+TEST(MessageDigest, KnownVectors)
+{
+    for (const cktest::DataRow& row : cktest::dataRows("crypto/digests.tsv", 3)) {
+        const MessageDigest::Algorithm algorithm = MessageDigest::algorithmFromName(row[0]);
+        MessageDigest md(algorithm);
+        md.update(row[1]);
+        EXPECT_EQ(md.hexDigest(), row[2]) << row.where;
+        EXPECT_EQ(hex(MessageDigest::digest(algorithm, row[1].data(), row[1].size())), row[2]) << row.where;
+        EXPECT_EQ(md.digest().size(), static_cast<std::size_t>(MessageDigest::digestSize(algorithm)));
+    }
+
+    MessageDigest million(MessageDigest::SHA256);
+    const std::string tenA(10, 'a');
+    for (int i = 0; i < 100000; ++i)
+        million.update(tenA);
+    EXPECT_EQ(million.count(), 1000000u);
+    EXPECT_EQ(million.hexDigest(), "cdc76e5c9914fb9281a1c7e284d73e67f1809a48a497200e046d39ccc7112cd0");
+}
+
+TEST(MessageDigest, AgreesWithQtOnPiecewiseInput)
+{
+    const struct { MessageDigest::Algorithm ours; QCryptographicHash::Algorithm qt; } pairs[] = {
+        {MessageDigest::MD5, QCryptographicHash::Md5},       {MessageDigest::SHA1, QCryptographicHash::Sha1},
+        {MessageDigest::SHA224, QCryptographicHash::Sha224}, {MessageDigest::SHA256, QCryptographicHash::Sha256},
+        {MessageDigest::SHA384, QCryptographicHash::Sha384}, {MessageDigest::SHA512, QCryptographicHash::Sha512},
+    };
+    QRandomGenerator random(20240506);
+    QByteArray data(300000, Qt::Uninitialized);
+    for (char& c : data)
+        c = static_cast<char>(random.bounded(256));
+    for (const auto& pair : pairs) {
+        MessageDigest md(pair.ours);
+        int pos = 0;
+        while (pos < data.size()) {
+            const int piece = std::min(data.size() - pos, static_cast<int>(random.bounded(1, 9000)));
+            md.update(data.constData() + pos, static_cast<std::size_t>(piece));
+            pos += piece;
+        }
+        EXPECT_EQ(md.count(), static_cast<std::uint64_t>(data.size()));
+        EXPECT_EQ(hex(md.digest()), QCryptographicHash::hash(data, pair.qt).toHex().toStdString())
+            << MessageDigest::algorithmName(pair.ours);
+    }
+}
+
+TEST(MessageDigest, NamesValuesAndSizes)
+{
+    struct Case { MessageDigest::Algorithm algorithm; int value; const char* name; int size; };
+    const Case cases[] = {
+        {MessageDigest::MD5, 1, "MD5", 16},       {MessageDigest::SHA1, 2, "SHA1", 20},
+        {MessageDigest::SHA224, 11, "SHA224", 28}, {MessageDigest::SHA256, 12, "SHA256", 32},
+        {MessageDigest::SHA384, 13, "SHA384", 48}, {MessageDigest::SHA512, 14, "SHA512", 64},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(static_cast<int>(c.algorithm), c.value);
+        EXPECT_EQ(MessageDigest::algorithmName(c.algorithm), c.name);
+        EXPECT_EQ(MessageDigest::algorithmFromName(c.name), c.algorithm);
+        EXPECT_EQ(MessageDigest::algorithmFromName(QByteArray(c.name).toLower().toStdString()), c.algorithm);
+        EXPECT_EQ(MessageDigest::digestSize(c.algorithm), c.size);
+        EXPECT_EQ(MessageDigest::algorithmForDigestSize(static_cast<std::size_t>(c.size)), c.algorithm);
+    }
+    EXPECT_EQ(MessageDigest::algorithmFromName("Sha256"), MessageDigest::SHA256);
+    for (const char* unknown : {"", "SHA-256", "SHA2566", "sha", "RIPEMD160"})
+        EXPECT_EQ(MessageDigest::algorithmFromName(unknown), MessageDigest::Unknown) << unknown;
+    EXPECT_EQ(MessageDigest::algorithmName(static_cast<MessageDigest::Algorithm>(3)), "");
+    EXPECT_EQ(MessageDigest::algorithmForDigestSize(33), MessageDigest::Unknown);
+
+    MessageDigest unknown(static_cast<MessageDigest::Algorithm>(99));
+    EXPECT_FALSE(unknown.isValid());
+    EXPECT_EQ(unknown.algorithm(), MessageDigest::Unknown);
+    unknown.update("abc");
+    EXPECT_TRUE(unknown.digest().empty());
+    EXPECT_EQ(unknown.count(), 0u);
+}
+
+TEST(MessageDigest, DigestContinuesResetsAndCopies)
+{
+    MessageDigest md(MessageDigest::SHA256);
+    md.update("ab");
+    const auto partial = md.digest();
+    EXPECT_EQ(md.digest(), partial) << "taking the digest must not change the state";
+    md.update("c");
+    EXPECT_EQ(md.hexDigest(), "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad");
+
+    MessageDigest copy(md);
+    copy.update("d");
+    EXPECT_EQ(md.hexDigest(), "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad");
+    EXPECT_EQ(copy.digest(), MessageDigest::digest(MessageDigest::SHA256, "abcd", 4));
+    EXPECT_EQ(copy.count(), 4u);
+
+    MessageDigest assigned(MessageDigest::MD5);
+    assigned = copy;
+    EXPECT_EQ(assigned.algorithm(), MessageDigest::SHA256);
+    EXPECT_EQ(assigned.digest(), copy.digest());
+
+    md.reset();
+    EXPECT_EQ(md.count(), 0u);
+    EXPECT_EQ(md.hexDigest(), "e3b0c44298fc1c149afbf4c8996fb92427ae41e4649b934ca495991b7852b855");
+}
+
+} // namespace

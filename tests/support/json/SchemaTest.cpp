@@ -1,0 +1,396 @@
+// json::Schema: loading, references, the converter's questions, validation.
+
+#include <CommonKit/support/json/JsonParser.h>
+#include <CommonKit/support/json/Schema.h>
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <QUrl>
+
+namespace {
+
+using json::Schema;
+
+json::Variant parse(const std::string& text)
+{
+    json::JsonParser parser;
+    EXPECT_TRUE(parser.parse(text)) << parser.lastError();
+    return parser.parseComplete();
+}
+
+// A schema (a document name or a schema text), a value, and whether the value
+// is valid.
+struct Row { const char* schema; std::string value; bool valid; };
+
+void expectValidation(const Schema::Ptr& schema, const Row& row)
+{
+    ASSERT_TRUE(schema) << row.schema;
+    std::string error;
+    EXPECT_EQ(schema->validate(parse(row.value), &error), row.valid)
+        << row.schema << " " << row.value.substr(0, 40) << "\n" << error.substr(0, 200);
+}
+
+const char* const k_types = R"({
+  "$id": "https://schemas.example.invalid/types.json",
+  "definitions": {
+    "point": {"$id": "#point", "type": "object",
+              "properties": {"x": {"type": "integer"}, "y": {"type": "integer"}},
+              "required": ["x", "y"]},
+    "stamp": {"type": "string", "format": "date-time"}
+  }
+})";
+
+const char* const k_settings = R"({
+  "type": "object",
+  "properties": {
+    "names": {"type": "array", "items": {"type": "string"}},
+    "ports": {"type": "array", "items": {"type": "integer"}},
+    "cams": {"type": "array", "items": {"$ref": "#/definitions/cam"}},
+    "day": {"type": "string", "format": "date"},
+    "at": {"type": "string", "format": "time"},
+    "id": {"type": "string", "format": "uuid"},
+    "blob": {"type": "string", "contentEncoding": "base64"},
+    "origin": {"$ref": "types.json#point"},
+    "changed": {"$ref": "types.json#/definitions/stamp"},
+    "a~b/c": {"type": "boolean"}
+  },
+  "additionalProperties": {"type": "number"},
+  "definitions": {
+    "cam": {"type": "object", "properties": {"name": {"type": "string"}}, "required": ["name"]}
+  }
+})";
+
+class SchemaTest : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        Schema::registerSchema("https://schemas.example.invalid/types.json", parse(k_types));
+        Schema::registerSchema("https://schemas.example.invalid/settings.json", parse(k_settings));
+    }
+};
+
+TEST_F(SchemaTest, AnswersTheConvertersQuestions)
+{
+    const Schema::Ptr root = Schema::resolve("https://schemas.example.invalid/settings.json");
+    ASSERT_TRUE(root);
+    EXPECT_EQ(root->type(), "object");
+    struct Row { const char* key; bool stringList, flatList, date, time, dateTime, uuid, binary; const char* type; };
+    const Row rows[] = {
+        {"names", true, true, false, false, false, false, false, "array"},
+        {"ports", false, true, false, false, false, false, false, "array"},
+        {"cams", false, false, false, false, false, false, false, "array"},
+        {"day", false, false, true, false, false, false, false, "string"},
+        {"at", false, false, false, true, false, false, false, "string"},
+        {"id", false, false, false, false, false, true, false, "string"},
+        {"blob", false, false, false, false, false, false, true, "string"},
+        {"changed", false, false, false, false, true, false, false, "string"},
+        {"origin", false, false, false, false, false, false, false, "object"},
+        {"a~b/c", false, false, false, false, false, false, false, "boolean"},
+        {"unlisted", false, false, false, false, false, false, false, "number"},
+    };
+    for (const Row& row : rows) {
+        const Schema::Ptr member = root->member(row.key);
+        ASSERT_TRUE(member) << row.key;
+        EXPECT_EQ(member->isStringList(), row.stringList) << row.key;
+        EXPECT_EQ(member->isFlatList(), row.flatList) << row.key;
+        EXPECT_EQ(member->isDate(), row.date) << row.key;
+        EXPECT_EQ(member->isTime(), row.time) << row.key;
+        EXPECT_EQ(member->isDateTime(), row.dateTime) << row.key;
+        EXPECT_EQ(member->isUuid(), row.uuid) << row.key;
+        EXPECT_EQ(member->isBinary(), row.binary) << row.key;
+        EXPECT_EQ(member->type(), row.type) << row.key;
+    }
+    // References are followed to their targets, across documents.
+    const Schema::Ptr origin = root->member("origin");
+    EXPECT_EQ(origin->documentUrl(), "https://schemas.example.invalid/types.json");
+    EXPECT_EQ(origin->pointer(), "/definitions/point");
+    EXPECT_EQ(origin->member("x")->type(), "integer");
+    EXPECT_EQ(root->member("cams")->items()->member("name")->type(), "string");
+    EXPECT_EQ(Schema::resolve("settings.json#/properties/a~0b~1c", "https://schemas.example.invalid/x")->type(),
+              "boolean");
+    // The unresolved node still tells which type URI it names.
+    const Schema::Ptr originNode = Schema::resolve("https://schemas.example.invalid/settings.json#/properties/origin");
+    ASSERT_TRUE(originNode);
+    EXPECT_EQ(originNode->ref(), "https://schemas.example.invalid/types.json#point");
+    EXPECT_FALSE(root->member("names")->member("x"));
+}
+
+TEST_F(SchemaTest, ValidatesWithReferencesAndFormats)
+{
+    const Schema::Ptr root = Schema::resolve("https://schemas.example.invalid/settings.json");
+    ASSERT_TRUE(root);
+    // at: how errorString() names the failing part of the value.
+    const struct { const char* value; bool valid; const char* at; } rows[] = {
+        {R"({"names": ["a", "b"], "ports": [1, 2]})", true, ""}, {R"({"names": ["a", 2]})", false, "at /names/1 "},
+        {R"({"cams": [{"name": "front"}, {"name": "back"}]})", true, ""},
+        {R"({"cams": [{"title": "front"}]})", false, "at /cams/0 "},
+        {R"({"origin": {"x": 1, "y": 2}})", true, ""}, {R"({"origin": {"x": 1}})", false, "at /origin "},
+        {R"({"origin": {"x": 1.5, "y": 2}})", false, "at /origin/x "},
+        {R"({"changed": "2024-05-06T07:08:09Z"})", true, ""}, {R"({"changed": "yesterday"})", false, "at /changed "},
+        {R"({"day": "2024-02-30"})", false, "at /day "}, {R"({"a~b/c": 1})", false, "at /a~0b~1c "},
+        {R"({"unlisted": 3.5})", true, ""}, {R"({"unlisted": "text"})", false, "at /unlisted "},
+        {R"([1])", false, "The value does not match"},
+    };
+    for (const auto& row : rows) {
+        std::string error;
+        EXPECT_EQ(root->validate(parse(row.value), &error), row.valid) << row.value << "\n" << error;
+        EXPECT_EQ(error.empty(), row.valid) << row.value;
+        EXPECT_EQ(root->errorString().isEmpty(), row.valid) << row.value;
+        EXPECT_TRUE(root->errorString().contains(QLatin1String(row.at))) << root->errorString().toStdString();
+    }
+    // A part of a document validates on its own.
+    const Schema::Ptr origin = root->member("origin");
+    EXPECT_TRUE(origin->validate(parse(R"({"x": 1, "y": 2})")));
+    EXPECT_FALSE(origin->validate(parse(R"({"x": "1", "y": 2})")));
+}
+
+// A schema that is a "$ref" to a "$ref": every step into a document must
+// reuse the document fetched for the first (the address sanitizer run reports
+// each copy that is dropped instead).
+TEST_F(SchemaTest, ValidatesThroughChainsOfReferencesAtTheTop)
+{
+    Schema::registerSchema("https://schemas.example.invalid/chain.json",
+                           parse(R"({"$ref": "#/definitions/a",
+                                    "definitions": {"a": {"$ref": "#/definitions/b"},
+                                                    "b": {"$ref": "types.json#/definitions/c"},
+                                                    "list": {"type": "array", "items": {"$ref": "#/definitions/a"}}}})"));
+    Schema::registerSchema("https://schemas.example.invalid/types.json",
+                           parse(R"({"definitions": {"c": {"$ref": "#/definitions/d"},
+                                                     "d": {"type": "integer", "maximum": 9}}})"));
+    const Row rows[] = {
+        {"chain.json", "3", true}, {"chain.json", "10", false}, {"chain.json", "\"3\"", false},
+        {"chain.json#/definitions/b", "9", true}, {"chain.json#/definitions/b", "9.5", false},
+        {"chain.json#/definitions/list", "[1, 2, 3]", true}, {"chain.json#/definitions/list", "[1, 20]", false},
+        {"types.json#/definitions/c", "-4", true}, {"types.json#/definitions/c", "null", false},
+    };
+    for (const Row& row : rows)
+        expectValidation(Schema::resolve(row.schema, "https://schemas.example.invalid/"), row);
+}
+
+// Documents named without "://" ("mem:", short URNs) are found like any
+// other, and a "$ref" to such a name that is not registered fails cleanly
+// instead of being taken for a path into the document that holds it.
+TEST_F(SchemaTest, ValidatesDocumentsWhoseNamesHaveNoSlashes)
+{
+    Schema::registerSchema("mem:numbers", parse(R"({"definitions": {"small": {"type": "integer", "maximum": 9}},
+                                                    "type": "string"})"));
+    Schema::registerSchema("urn:x", parse(R"({"$ref": "mem:numbers#/definitions/small"})"));
+    Schema::fromVariant(parse(R"({"type": "array", "items": {"$ref": "urn:x"}})"), "mem:list");
+    const Row rows[] = {
+        {"mem:numbers", "\"text\"", true}, {"mem:numbers", "3", false},
+        {"mem:numbers#/definitions/small", "3", true}, {"mem:numbers#/definitions/small", "10", false},
+        {"urn:x", "9", true}, {"urn:x", "\"9\"", false},
+        {"mem:list", "[1, 2]", true}, {"mem:list", "[1, 20]", false},
+    };
+    for (const Row& row : rows)
+        expectValidation(Schema::resolve(row.schema), row);
+
+    // Each of the first three once overflowed the stack.
+    for (const char* text : {R"({"$ref": "b:c"})", R"({"$ref": "b:c#"})", R"({"items": {"$ref": "mem:nothing#/a"}})",
+                             R"({"$ref": "https://nowhere.example.invalid/x.json"})"}) {
+        const Schema::Ptr dangling = Schema::fromVariant(parse(text));
+        ASSERT_TRUE(dangling) << text;
+        std::string error;
+        EXPECT_FALSE(dangling->validate(parse("[1]"), &error)) << text;
+        EXPECT_NE(error.find("names no schema"), std::string::npos) << text << ": " << error;
+        EXPECT_TRUE(dangling->errorString().contains(QLatin1String("cannot be used: \"$ref\""))) << text;
+    }
+}
+
+// References reach the node a JSON pointer names, whatever its member names
+// hold, or are refused.
+TEST_F(SchemaTest, ReferencesReachTheNodeTheResolverFinds)
+{
+    const char* const definitions = R"("definitions": {"a%25b": {"type": "integer"}, "c~d/e": {"type": "string"},
+                                                       "%7E": {"type": "boolean"}, "": {"type": "null"}})";
+    const Row rows[] = {
+        {"#/definitions/a%2525b", "1", true}, {"#/definitions/a%2525b", "\"1\"", false},
+        {"#/definitions/c~0d~1e", "\"x\"", true}, {"#/definitions/c~0d~1e", "1", false},
+        {"#/definitions/%257E", "true", true}, {"#/definitions/%257E", "1", false},
+        // An empty name is a name; a pointer to no member (this one once
+        // overflowed the stack) is refused.
+        {"#/definitions/", "null", true}, {"#/definitions/", "1", false}, {"#/", "true", false},
+    };
+    for (const Row& row : rows)
+        expectValidation(
+            Schema::fromVariant(parse(std::string(R"({"$ref": ")") + row.schema + R"(", )" + definitions + "}")), row);
+}
+
+// "$ref"s resolve against the base URI of their place, which every "$id"
+// above changes (a sibling of "$ref" excepted); "$id"s declare resources and
+// plain names; "$ref" inside a plain value is data.
+TEST_F(SchemaTest, ResolvesReferencesAgainstTheirBaseUri)
+{
+    const struct { const char* schema; const char* valid; const char* invalid; } rows[] = {
+        {R"({"$id": "https://schemas.example.invalid/sub/a.json", "allOf": [{"$ref": "../types.json#point"}]})",
+         R"({"x": 1, "y": 2})", R"({"x": 1})"},
+        {R"({"allOf": [{"$ref": "https://other.example.invalid/n.json"}],
+             "definitions": {"n": {"$id": "https://other.example.invalid/n.json", "type": "integer"}}})",
+         "1", "1.5"},
+        {R"({"$id": "https://other.example.invalid/x/", "allOf": [{"$ref": "#n"}],
+             "definitions": {"n": {"$id": "y.json#n", "type": "string"}, "m": {"$id": "#n", "type": "null"}}})",
+         "null", R"("a")"},
+        {R"({"$id": "https://other.example.invalid/x/", "allOf": [{"$ref": "y.json#n"}],
+             "definitions": {"n": {"$id": "y.json#n", "type": "string"}, "m": {"$id": "#n", "type": "null"}}})",
+         R"("a")", "null"},
+        {R"({"$id": "https://other.example.invalid/r/", "allOf": [{"$id": "https://other.example.invalid/", "$ref": "s.json"}],
+             "definitions": {"s": {"$id": "s.json", "type": "string"}, "t": {"$id": "/s.json", "type": "null"}}})",
+         R"("a")", "null"},
+        {R"({"enum": [{"$ref": "#/definitions/s"}], "definitions": {"s": {"type": "string"}}})",
+         R"({"$ref": "#/definitions/s"})", R"("a")"},
+        // The draft 7 meta-schema is built in.
+        {R"({"$ref": "http://json-schema.org/draft-07/schema#"})", R"({"minLength": 1, "items": [{"type": "string"}]})",
+         R"({"definitions": {"a": {"type": 1}}})"},
+    };
+    for (const auto& row : rows) {
+        const Schema::Ptr schema = Schema::fromVariant(parse(row.schema));
+        expectValidation(schema, {row.schema, row.valid, true});
+        expectValidation(schema, {row.schema, row.invalid, false});
+    }
+
+    // The converter's questions follow the same resolution.
+    const Schema::Ptr nested = Schema::fromVariant(parse(R"({"$id": "https://schemas.example.invalid/sub/",
+                                                             "properties": {"p": {"$ref": "../types.json#point"}}})"));
+    ASSERT_TRUE(nested && nested->member("p"));
+    EXPECT_EQ(nested->member("p")->pointer(), "/definitions/point");
+    EXPECT_EQ(Schema::resolve(nested->documentUrl() + "#/properties/p")->ref(),
+              "https://schemas.example.invalid/types.json#point");
+}
+
+// Numbers are compared by value: whole reals are integers and counts; number
+// keywords ignore other values, "format" ignores all but strings.
+TEST_F(SchemaTest, ChecksNumbersByValue)
+{
+    const Row rows[] = {
+        {R"({"type": "integer"})", "1.0", true}, {R"({"type": "integer"})", "1.5", false},
+        {R"({"maxLength": 2.0})", R"("ab")", true}, {R"({"maxLength": 2.0})", R"("abc")", false},
+        {R"({"minItems": 1.0})", "[]", false}, {R"({"const": 2})", "2.0", true},
+        {R"({"uniqueItems": true})", "[1, 1.0]", false}, {R"({"enum": [{"a": [1]}]})", R"({"a": [1.0]})", true},
+        {R"({"multipleOf": 2})", "4.5", false}, {R"({"multipleOf": 2})", "4.0", true},
+        {R"({"multipleOf": 2})", "1e300", true}, {R"({"multipleOf": 1e-8})", "12391239123", true},
+        {R"({"multipleOf": 1e-8})", "0.5e-8", false}, {R"({"multipleOf": 0.1})", "0.3", true},
+        {R"({"propertyNames": {"multipleOf": 2}})", R"({"3": 1})", true},
+        {R"({"propertyNames": {"maximum": 2}})", R"({"3": 1})", true},
+        {R"({"format": "date"})", "12", true}, {R"({"format": "date-time"})", "[]", true},
+        {R"({"format": "time"})", "null", true}, {R"({"format": "date"})", R"("2024-13-01")", false},
+    };
+    for (const Row& row : rows)
+        expectValidation(Schema::fromVariant(parse(row.schema)), row);
+}
+
+// Regular expressions meet long values and names without overflowing the
+// stack or backtracking for ever, and accept what they always did.
+TEST_F(SchemaTest, PatternsAndFormatsCopeWithLongStrings)
+{
+    const std::string longWord(200000, 'a');
+    const std::string longDigits(200000, '1');
+    const Row rows[] = {
+        {R"({"pattern": "^[a-z]+$"})", '"' + longWord + '"', true},
+        {R"({"pattern": "^[a-z]+$"})", '"' + longWord + "1\"", false},
+        {R"({"pattern": "^(a|aa)+$"})", '"' + std::string(80, 'a') + "b\"", false},
+        {R"({"pattern": "^(a)\\1$"})", R"("aa")", true}, {R"({"pattern": "^(a)\\1$"})", R"("ab")", false},
+        {R"({"format": "date"})", '"' + longDigits + "-05-06\"", true},
+        {R"({"format": "date"})", '"' + longDigits + "-02-30\"", false},
+        {R"({"format": "date"})", R"("2024-5-06")", false},
+        {R"({"format": "time"})", "\"07:08:09." + longDigits + "Z\"", true},
+        {R"({"format": "time"})", "\"07:08:09." + longDigits + "\"", false},
+        {R"({"format": "date-time"})", "\"2024-05-06T07:08:09." + longDigits + "+02:00\"", true},
+        {R"({"format": "date-time"})", R"("2024-04-31T07:08:09Z")", false},
+        {R"({"patternProperties": {"^a+$": {"type": "integer"}}})", "{\"" + longWord + "\": 1}", true},
+        {R"({"patternProperties": {"^a+$": {"type": "integer"}}})", "{\"" + longWord + "\": \"1\"}", false},
+        {R"({"propertyNames": {"pattern": "^a+$"}})", "{\"" + longWord + "\": 1}", true},
+        {R"({"propertyNames": {"pattern": "^a+$"}})", "{\"" + longWord + "b\": 1}", false},
+        {R"({"propertyNames": {"format": "date"}})", "{\"" + longDigits + "-05-06\": 1}", true},
+    };
+    for (const Row& row : rows)
+        expectValidation(Schema::fromVariant(parse(row.schema)), row);
+}
+
+TEST_F(SchemaTest, MultipleOfNeedsAPositiveDivisor)
+{
+    const struct
+    {
+        const char* schema;
+        const char* value;
+        bool valid;
+        bool rejected; // the schema itself is refused
+    } rows[] = {
+        {R"({"multipleOf": 3})", "9", true, false}, {R"({"multipleOf": 3})", "-9223372036854775807", false, false},
+        {R"({"multipleOf": 0.5})", "2.5", true, false}, {R"({"multipleOf": 0.5})", "2.25", false, false},
+        // A divisor of zero or below is no schema: validation says so instead
+        // of dividing by it (the first two once stopped the process).
+        {R"({"multipleOf": 0})", "5", false, true}, {R"({"multipleOf": -1})", "-9223372036854775808", false, true},
+        {R"({"anyOf": [{"type": "string"}, {"multipleOf": 0}]})", "2", false, true},
+        {R"({"multipleOf": 0.0})", "2.5", false, true}, {R"({"multipleOf": -2})", "4", false, true},
+    };
+    for (const auto& row : rows) {
+        const Schema::Ptr schema = Schema::fromVariant(parse(row.schema));
+        ASSERT_TRUE(schema) << row.schema;
+        std::string error;
+        EXPECT_EQ(schema->validate(parse(row.value), &error), row.valid) << row.schema << " " << row.value << "\n" << error;
+        EXPECT_EQ(error.find("\"multipleOf\" must be greater than 0") != std::string::npos, row.rejected)
+            << row.schema << ": " << error;
+        EXPECT_EQ(schema->errorString().startsWith(QLatin1String("The schema urn:")), row.rejected);
+    }
+}
+
+TEST_F(SchemaTest, LoadsFilesAndResourcesAndFailsCleanly)
+{
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("limits.json"));
+    {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(R"({"type": "integer", "maximum": 10, "definitions": {"n": {"$ref": "#"}}})");
+    }
+    const std::string url = QUrl::fromLocalFile(path).toString().toStdString();
+    for (const std::string& name : {url, path.toStdString()}) {
+        const Schema::Ptr limits = Schema::resolve(name);
+        ASSERT_TRUE(limits) << name;
+        EXPECT_TRUE(limits->validate(json::Variant(7)));
+        EXPECT_FALSE(limits->validate(json::Variant(11)));
+    }
+    // Cached: a changed file is not read again.
+    QFile::remove(path);
+    EXPECT_TRUE(Schema::resolve(url));
+    EXPECT_EQ(Schema::resolve("limits.json#/definitions/n", url)->type(), "integer");
+
+    const std::string broken = dir.filePath(QStringLiteral("broken.json")).toStdString();
+    {
+        QFile file(QString::fromStdString(broken));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write("{\"type\": ");
+    }
+    EXPECT_FALSE(Schema::resolve(broken));
+    EXPECT_FALSE(Schema::resolve(dir.filePath(QStringLiteral("missing.json")).toStdString()));
+    EXPECT_FALSE(Schema::resolve("qrc:/no/such/schema.json"));
+    EXPECT_FALSE(Schema::resolve("https://nowhere.example.invalid/unregistered.json"));
+    EXPECT_FALSE(Schema::resolve("https://schemas.example.invalid/types.json#nosuchanchor"));
+    EXPECT_FALSE(Schema::resolve("https://schemas.example.invalid/types.json#/definitions/none"));
+
+    // A reference loop ends instead of hanging.
+    const Schema::Ptr loop = Schema::fromVariant(parse(R"({"definitions": {"a": {"$ref": "#/definitions/b"},
+                                                            "b": {"$ref": "#/definitions/a"}},
+                                                           "properties": {"x": {"$ref": "#/definitions/a"}}})"),
+                                                 "https://schemas.example.invalid/loop.json");
+    ASSERT_TRUE(loop);
+    EXPECT_FALSE(loop->member("x"));
+    std::string loopError;
+    EXPECT_FALSE(loop->validate(json::Variant(1), &loopError));
+    EXPECT_NE(loopError.find("circle"), std::string::npos) << loopError;
+    std::string error;
+    // Deep recursion along a value is fine.
+    const Schema::Ptr nested =
+        Schema::fromVariant(parse(R"({"anyOf": [{"type": "integer"}, {"type": "array", "items": {"$ref": "#"}}]})"));
+    EXPECT_TRUE(nested->validate(parse(std::string(500, '[') + "1" + std::string(500, ']')), &error)) << error;
+    EXPECT_FALSE(nested->validate(parse(std::string(500, '[') + "null" + std::string(500, ']'))));
+    // Recursion through properties is fine.
+    const Schema::Ptr tree = Schema::fromVariant(parse(R"({"type": "object", "properties": {"child": {"$ref": "#"}}})"));
+    EXPECT_TRUE(tree->validate(parse(R"({"child": {"child": {}}})")));
+    EXPECT_FALSE(tree->validate(parse(R"({"child": {"child": 3}})")));
+}
+
+} // namespace

@@ -1,0 +1,173 @@
+// Keys never reach the diagnostic log, the tool's output or a written file:
+// the encrypted settings key and the container key, used through the library
+// and through the tool, with the right key and with a wrong one. Each secret
+// is searched for as it stands, in hexadecimal and in Base64.
+
+#include "testlib/LogCapture.h"
+#include "testlib/TestFiles.h"
+#include <CommonKit/storage/EncryptedFile.h>
+#include <CommonKit/storage/EncryptedSettings.h>
+#include <CommonKit/support/core/Log.h>
+#include <CommonKit/support/crypto/RSAKeyPair.h>
+#include "testlib/ToolRunner.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QSettings>
+#include <QTemporaryDir>
+
+#include <string>
+#include <vector>
+
+namespace {
+
+using cktest::LogCapture;
+
+using cktest::readFile;
+using cktest::writeFile;
+
+using ko::EncryptedSettings;
+using ko::crypto::secure_string;
+
+// The forms in which a secret could leak.
+QList<QByteArray> formsOf(const QByteArray& secret)
+{
+    return {secret, secret.toHex(), secret.toHex().toUpper(), secret.toBase64()};
+}
+
+// The forms of `secret` found in `text`, for the failure message.
+std::string leaked(const QByteArray& text, const QByteArray& secret)
+{
+    std::string found;
+    for (const QByteArray& form : formsOf(secret)) {
+        if (text.contains(form))
+            found += " [" + form.toStdString() + "]";
+    }
+    return found;
+}
+
+// The bytes of every file under `dir` except the key files themselves.
+QByteArray writtenFiles(const QString& dir, const QStringList& keyFiles)
+{
+    QByteArray all;
+    QDirIterator it(dir, QDir::Files, QDirIterator::Subdirectories);
+    while (it.hasNext()) {
+        const QString path = it.next();
+        if (!keyFiles.contains(QFileInfo(path).fileName()))
+            all += readFile(path);
+    }
+    return all;
+}
+
+class Secrets : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        // The tool's own log lines, information included, go to its
+        // standard error.
+        qputenv("COMMONKIT_LOG_LEVEL", "1");
+        writeFile(path("key"), k_key + "\n");
+        writeFile(path("wrong"), k_wrongKey);
+    }
+    void TearDown() override
+    {
+        qunsetenv("COMMONKIT_LOG_LEVEL");
+        EncryptedSettings::clearEncryptionKey();
+    }
+    QString path(const QString& name) const { return m_dir.filePath(name); }
+
+    // Fails with the places where either key shows.
+    void expectNoKey(const QByteArray& text, const std::string& where) const
+    {
+        EXPECT_EQ(leaked(text, k_key), "") << "key in " << where;
+        EXPECT_EQ(leaked(text, k_wrongKey), "") << "wrong key in " << where;
+    }
+
+    const QByteArray k_key = "Key-3f9a61c2-only-in-the-key-file";
+    const QByteArray k_wrongKey = "Wrong-d81e07b5-also-secret";
+    QTemporaryDir m_dir;
+};
+
+TEST_F(Secrets, SettingsKeyStaysOutOfLogsToolOutputAndFiles)
+{
+    {
+        LogCapture log(1); // information included
+        for (const QSettings::Format format : {EncryptedSettings::IniFormat, EncryptedSettings::JsonFormat}) {
+            const QString file = path(format == EncryptedSettings::IniFormat ? "lib.ini" : "lib.json");
+            EncryptedSettings::setEncryptionKey(secure_string(k_key.constData(), static_cast<size_t>(k_key.size())));
+            {
+                QSettings settings(file, format);
+                settings.setValue(QStringLiteral("camera/name"), QStringLiteral("Gate"));
+            }
+            QFile::copy(file, file + ".copy");
+            EncryptedSettings::setEncryptionKey(
+                secure_string(k_wrongKey.constData(), static_cast<size_t>(k_wrongKey.size())));
+            QSettings wrong(file + ".copy", format);
+            EXPECT_EQ(wrong.status(), QSettings::FormatError);
+        }
+        EncryptedSettings::clearEncryptionKey();
+        EXPECT_TRUE(QByteArray::fromStdString(log.text()).contains("[")) << "some lines were logged";
+        expectNoKey(QByteArray::fromStdString(log.text()), "the library's log lines");
+    }
+
+    const struct { QStringList arguments; int exitCode; } runs[] = {
+        {{"convert", path("lib.ini"), path("tool.json"), "--key-file", path("key"), "--out-key-file", path("key")}, 0},
+        {{"show", path("tool.json"), "--key-file", path("key")}, 0},
+        {{"show", path("tool.json"), "--key-file", path("wrong")}, 1},
+        {{"convert", path("tool.json"), path("plain.json"), "--key-file", path("key"), "--plain"}, 0},
+    };
+    for (const auto& run : runs) {
+        const cktest::ToolRun result = cktest::runTool(QStringList{"settings"} + run.arguments);
+        const std::string command = "settings " + run.arguments.join(' ').toStdString();
+        EXPECT_EQ(result.exitCode != 0, run.exitCode != 0) << command << ": " << result.err.toStdString();
+        expectNoKey(result.out.toUtf8() + result.err.toUtf8(), command);
+    }
+    EXPECT_TRUE(readFile(path("plain.json")).contains("Gate"));
+    expectNoKey(writtenFiles(m_dir.path(), {"key", "wrong"}), "the written files");
+}
+
+TEST_F(Secrets, ContainerKeyStaysOutOfLogsToolOutputAndFiles)
+{
+    const QByteArray payload = "payload of the container";
+    {
+        LogCapture log(1); // information included
+        ko::EncryptedFile out;
+        ASSERT_TRUE(out.create(QFileInfo(path("lib.box")), secure_string(k_key.constData(), static_cast<size_t>(k_key.size())), 6));
+        ASSERT_EQ(out.write(payload), payload.size());
+        out.close(ko::crypto::RSAKeyPair(), "tester");
+
+        ko::EncryptedFile in;
+        ASSERT_TRUE(in.open(QFileInfo(path("lib.box")),
+                            secure_string(k_wrongKey.constData(), static_cast<size_t>(k_wrongKey.size()))));
+        char buffer[64];
+        EXPECT_LT(in.read(buffer, sizeof buffer), 0) << "a wrong key makes reading fail";
+        EXPECT_FALSE(in.errorString().isEmpty());
+        expectNoKey(in.errorString().toUtf8(), "the error text");
+        in.close();
+        expectNoKey(QByteArray::fromStdString(log.text()), "the library's log lines");
+    }
+
+    writeFile(path("input.bin"), payload);
+    const struct { QStringList arguments; int exitCode; } runs[] = {
+        {{"create", path("input.bin"), path("tool.box"), "--key-file", path("key"), "--compress", "6"}, 0},
+        {{"info", path("tool.box")}, 0},
+        {{"extract", path("tool.box"), path("out.bin"), "--key-file", path("key")}, 0},
+        {{"extract", path("tool.box"), path("bad.bin"), "--key-file", path("wrong")}, 1},
+        {{"extract", path("lib.box"), path("lib.bin"), "--key-file", path("key")}, 0},
+    };
+    for (const auto& run : runs) {
+        const cktest::ToolRun result = cktest::runTool(QStringList{"container"} + run.arguments);
+        const std::string command = "container " + run.arguments.join(' ').toStdString();
+        EXPECT_EQ(result.exitCode != 0, run.exitCode != 0) << command << ": " << result.err.toStdString();
+        expectNoKey(result.out.toUtf8() + result.err.toUtf8(), command);
+    }
+    EXPECT_EQ(readFile(path("out.bin")), payload);
+    EXPECT_EQ(readFile(path("lib.bin")), payload);
+    expectNoKey(writtenFiles(m_dir.path(), {"key", "wrong"}), "the written files");
+}
+
+} // namespace
