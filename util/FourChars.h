@@ -26,6 +26,8 @@ public:
     FourChars(Integer value) : m_value(static_cast<unsigned int>(value)) {}  // NOLINT
     FourChars(const QString& text);                     // NOLINT
     FourChars(const char* text);                        // NOLINT: Latin-1 text
+    /// As the QString form, without copying the text (a reader's attribute).
+    explicit FourChars(const QStringRef& text);
     /// A null pointer leaves the code 0.
     explicit FourChars(const QString* text);
     FourChars(const FourChars& other) = default;
