@@ -7,9 +7,10 @@
 // COMMONKIT_BENCH_LOG_MB megabytes (default 4).
 
 #include <CommonKit/logging/ActionLog.h>
-#include <CommonKit/logging/LogEntryFactory.h>
 #include <CommonKit/logging/XMLLogReader.h>
 #include <CommonKit/logging/XMLLogWriter.h>
+
+#include "BenchLog.h"
 
 #include <benchmark/benchmark.h>
 
@@ -23,49 +24,6 @@
 #include <vector>
 
 namespace {
-
-class BenchEntry : public ko::LogEntry
-{
-public:
-    BenchEntry()
-        : text("Text", QStringLiteral("text")), number("Numb", QStringLiteral("number")),
-          when("When", QStringLiteral("when"))
-    {
-        append(&text);
-        append(&number);
-        append(&when);
-    }
-    ko::FourChars type() const override { return ko::FourChars("Bnch"); }
-    ko::LogCategory category() const override { return ko::LogCategory(ko::CategorySystem); }
-    QString format() const override { return QStringLiteral("%1 %2 %3"); }
-    QString title() const override { return QStringLiteral("Bench"); }
-
-    ko::TLogValue<QString> text;
-    ko::TLogValue<int> number;
-    ko::TLogValue<QDateTime> when;
-};
-
-ko::LogEntry* createBenchEntry()
-{
-    return new BenchEntry;
-}
-
-const bool registered =
-    (ko::logEntryFactory().registerCreator(ko::FourChars("Bnch"), createBenchEntry, "Bench"), true);
-
-std::vector<std::unique_ptr<BenchEntry>> makeEntries(int count)
-{
-    std::vector<std::unique_ptr<BenchEntry>> entries;
-    for (int i = 0; i < count; ++i) {
-        auto entry = std::make_unique<BenchEntry>();
-        entry->setUser(QStringLiteral("operator %1").arg(i % 7));
-        entry->text.value = QStringLiteral("Camera \"%1\" & <monitor> Grüße").arg(i);
-        entry->number.value = i;
-        entry->when.value = entry->time().addSecs(-i);
-        entries.push_back(std::move(entry));
-    }
-    return entries;
-}
 
 QByteArray writeLive(const std::vector<std::unique_ptr<BenchEntry>>& entries)
 {
@@ -95,12 +53,12 @@ void BM_WriteEntries(benchmark::State& state)
 BENCHMARK(BM_WriteEntries)->Arg(100)->Arg(10000);
 
 // The log file the read benchmarks share: written by ko::ActionLog itself,
-// of about COMMONKIT_BENCH_LOG_MB megabytes (default 4; the size the reader
-// is meant for is 50).
+// of about COMMONKIT_BENCH_LOG_MB megabytes (default 4; scripts/bench.sh
+// gives 50, the size the reader is meant for).
 struct LogFile
 {
-    QTemporaryDir dir;
-    QString path;
+    QTemporaryDir dir{benchTempPath(QStringLiteral("log-XXXXXX"))};
+    QString path = dir.filePath(QStringLiteral("bench.kol"));
     int entries = 0;
     qint64 size = 0;
 
@@ -110,18 +68,7 @@ struct LogFile
         int megabytes = qEnvironmentVariableIntValue("COMMONKIT_BENCH_LOG_MB", &ok);
         if (!ok || megabytes <= 0)
             megabytes = 4;
-        path = dir.filePath(QStringLiteral("bench.kol"));
-        {
-            ko::ActionLog log(path);
-            log.setSplitPolicy(ko::ActionLog::NoSplit, 0);
-            log.mute(false);
-            const auto samples = makeEntries(1000);
-            const qint64 target = qint64(megabytes) << 20;
-            while (QFileInfo(path).size() < target) {
-                for (int i = 0; i < 1000; ++i, ++entries)
-                    log.log(*samples[static_cast<size_t>(i)]);
-            }
-        }
+        entries = writeBenchLog(path, megabytes);
         size = QFileInfo(path).size();
     }
 };
@@ -199,7 +146,7 @@ BENCHMARK(BM_RawXmlScan)->Unit(benchmark::kMillisecond);
 // log() returns.
 void BM_ActionLogAppend(benchmark::State& state)
 {
-    QTemporaryDir dir;
+    QTemporaryDir dir(benchTempPath(QStringLiteral("append-XXXXXX")));
     ko::ActionLog log(dir.filePath(QStringLiteral("append.kol")));
     log.setSplitPolicy(ko::ActionLog::NoSplit, 0);
     log.mute(false);
@@ -215,7 +162,7 @@ BENCHMARK(BM_ActionLogAppend);
 // with QFile::write and flushed one entry at a time.
 void BM_QFileAppendPeer(benchmark::State& state)
 {
-    QTemporaryDir dir;
+    QTemporaryDir dir(benchTempPath(QStringLiteral("append-XXXXXX")));
     QList<QByteArray> pieces;
     {
         const QString path = dir.filePath(QStringLiteral("sample.kol"));

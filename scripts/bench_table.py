@@ -19,35 +19,51 @@ import sys
 BEGIN = "<!-- bench-table:begin -->"
 END = "<!-- bench-table:end -->"
 
-CONTAINER = "8 MiB text-like payload, write then read back"
+CONTAINER = ("payload:{mb} of log-like text, written through the container and read back in 1 MiB "
+             "blocks; peer: SHA-256{work} over memory buffers and back")
+LOG = "log:{mb} live log, {entries} entries"
 
 # (row, ours, peer, data, target); names are the benchmarks' run names.
 ROWS = [
-    ("Action log read: `XMLLogReader::readNextLogEntry` loop", "BM_ReadEntries", "BM_RawXmlScan",
-     "log:{mb} live log, {entries} entries", 0.5),
-    ("Action log read: `ActionLog::readLog`", "BM_ActionLogReadLog", "BM_RawXmlScan",
-     "log:{mb} live log, {entries} entries", 0.5),
-    ("Action log append: `ActionLog::log`, flush per entry", "BM_ActionLogAppend", "BM_QFileAppendPeer",
-     "the same entry bytes, `QFile::write` + `flush` per entry", 0.5),
-    ("Filter over 100,000 `PropertySet` rows", "BM_FilterOverPropertySets", "BM_FilterSqlitePeer",
-     "`{label}`; SQLite prepared statement, in-memory table", 0.5),
-    ("JSON parse vs `QJsonDocument`", "BM_JsonParser/0", "BM_QJsonDocumentParse/0",
+    ("Action log read: `XMLLogReader::readNextLogEntry` loop vs bare `QXmlStreamReader`", "BM_ReadEntries",
+     "BM_RawXmlScan", LOG, 0.5),
+    ("Action log read: `ActionLog::readLog` vs bare `QXmlStreamReader`", "BM_ActionLogReadLog", "BM_RawXmlScan",
+     LOG, 0.5),
+    ("Action log append: `ActionLog::log` (flush per entry) vs `QFile::write` + `flush`", "BM_ActionLogAppend",
+     "BM_QFileAppendPeer", "the same entry bytes, one entry per call", 0.5),
+    ("Filter over 100,000 `PropertySet`s vs SQLite prepared statement", "BM_FilterOverPropertySets",
+     "BM_FilterSqlitePeer", "`{label}`; in-memory table of the same rows", 0.5),
+    ("JSON parse: `json::JsonParser` vs `QJsonDocument::fromJson`", "BM_JsonParser/0", "BM_QJsonDocumentParse/0",
      "settings-like document, 4000 objects, about 1 MB", 0.8),
-    ("JSON parse vs `QJsonDocument`", "BM_JsonParser/1", "BM_QJsonDocumentParse/1",
+    ("JSON parse: `json::JsonParser` vs `QJsonDocument::fromJson`", "BM_JsonParser/1", "BM_QJsonDocumentParse/1",
      "one object of 50,000 members, about 1 MB", 0.8),
+    ("JSON print: `json::JsonPrinter` vs `QJsonDocument::toJson`", "BM_JsonPrinter", "BM_QJsonDocumentPrint",
+     "the settings-like document, indented", 0.8),
+    ("Container, stored", "BM_ContainerWriteRead/0/0/0/iterations:1", "BM_ContainerPeer/0/0/0/iterations:1",
+     CONTAINER.replace("{work}", ""), 0.8),
+    ("Container, encrypted", "BM_ContainerWriteRead/1/0/0/iterations:1", "BM_ContainerPeer/1/0/0/iterations:1",
+     CONTAINER.replace("{work}", ", AES-256-GCM in 64 KiB chunks"), 0.8),
+    ("Container, compressed", "BM_ContainerWriteRead/0/1/0/iterations:1", "BM_ContainerPeer/0/1/0/iterations:1",
+     CONTAINER.replace("{work}", ", zlib level 1"), 0.8),
+    ("Container, compressed, encrypted, signed", "BM_ContainerWriteRead/1/1/1/iterations:1",
+     "BM_ContainerPeer/1/1/1/iterations:1",
+     CONTAINER.replace("{work}", ", zlib level 1, AES-256-GCM, RSA-2048 signature of the SHA-256"), 0.8),
     ("AES stream device write vs raw EVP seal", "BM_AesStreamDeviceWrite", "BM_RawEvpGcmSeal",
      "8 MiB random, AES-256-GCM in 64 KiB chunks", 0.9),
     ("AES stream device read vs raw EVP open", "BM_AesStreamDeviceRead", "BM_RawEvpGcmOpen",
      "8 MiB random, AES-256-GCM in 64 KiB chunks", 0.9),
     ("DES crypt: `Crypt::crypt_r` vs system `crypt_r`", "BM_CryptR", "BM_SystemCryptPeer",
      "256 passwords of 4-12 characters, varying salts", 1.0),
-    ("Container, plain", "BM_ContainerWriteRead/0/0/0", "BM_PlainFileWriteRead", CONTAINER, None),
-    ("Container, signed (RSA 2048)", "BM_ContainerWriteRead/0/0/1", "BM_PlainFileWriteRead", CONTAINER, None),
-    ("Container, encrypted", "BM_ContainerWriteRead/1/0/0", "BM_PlainFileWriteRead", CONTAINER, None),
-    ("Container, compressed (level 1)", "BM_ContainerWriteRead/0/1/0", "BM_PlainFileWriteRead", CONTAINER, None),
-    ("Container, encrypted, compressed (6), signed", "BM_ContainerWriteRead/1/6/1", "BM_PlainFileWriteRead",
-     CONTAINER, None),
+    ("Blowfish: `ko::BlowFish::blowFishEncode` vs one `BF_cfb64_encrypt`", "BM_BlowFishBulk",
+     "BM_BlowFishBulkPeer", "64 MiB random bytes, the class's key and vector", 0.95),
+    ("JSON settings write: JSON format vs `QSettings::IniFormat`", "BM_WriteJsonSettings", "BM_WriteIniSettings",
+     "10,000 keys in 50 groups and an array, set and `sync()`ed into a new file", 1.0),
+    ("JSON settings read: JSON format vs `QSettings::IniFormat`", "BM_ReadJsonSettings", "BM_ReadIniSettings",
+     "the same 10,000 keys, `allKeys()` of a fresh `QSettings`", 1.0),
 ]
+
+# The memory rows (bench/MemoryBench.cpp): bytes, the peer's bytes, and a limit.
+CONTAINER_LIMIT = 64 << 20
 
 UNIT_NS = {"ns": 1.0, "us": 1e3, "ms": 1e6, "s": 1e9}
 
@@ -91,14 +107,62 @@ def cpu_model():
     return "unknown CPU"
 
 
-def data_text(template, run, log_mb):
+def data_text(template, run):
     entries = int(run.get("entries", 0))
-    size = run.get("file_bytes", 0) / (1 << 20)
-    text = template.replace("log:{mb}", f"{size:.1f} MiB")
-    return text.format(entries=f"{entries:,}", label=run.get("label", ""), mb=log_mb)
+    text = template.replace("log:{mb}", f"{run.get('file_bytes', 0) / (1 << 20):.1f} MiB")
+    text = text.replace("payload:{mb}", f"{run.get('payload_bytes', 0) / (1 << 20):.0f} MiB")
+    return text.format(entries=f"{entries:,}", label=run.get("label", ""))
 
 
-def table(runs, contexts, log_mb):
+def show_bytes(n):
+    for unit, scale in (("GiB", 1 << 30), ("MiB", 1 << 20), ("KiB", 1 << 10)):
+        if n >= scale:
+            return f"{n / scale:.3g} {unit}"
+    return f"{n:.3g} B"
+
+
+def memory_table(folder):
+    """The memory rows from memory.data, or None when the run made none."""
+    try:
+        with open(os.path.join(folder, "memory.data"), encoding="utf-8") as f:
+            rows = json.load(f)["memory"]
+    except (OSError, ValueError, KeyError):
+        return None, []
+    lines = ["| memory row | ours | peer | ratio | target | data |", "|---|---|---|---|---|---|"]
+    missing = []
+    for row in rows:
+        name = row.get("name", "")
+        if "ours" not in row:
+            missing.append(name)
+            continue
+        ours = row["ours"]
+        if name == "propertyset":
+            ratio = row["peer"] / ours if ours else float("nan")
+            lines.append(f"| Heap per property, `PropertySet` of {row['count']:,} int properties | "
+                         f"{ours:.0f} B | {row['peer']:.0f} B | {ratio:.2f} | — | peer: a `QMap<QString, QVariant>` "
+                         f"of the same names and values; glibc `mallinfo2` before and after |")
+        elif name == "logread":
+            ratio = row["peer"] / ours if ours else float("nan")
+            lines.append(f"| Peak resident growth of `ActionLog::readLog` vs the heap its entries hold | "
+                         f"{show_bytes(ours)} | {show_bytes(row['peer'])} | {ratio:.2f} | — | "
+                         f"{row['file_bytes'] / (1 << 20):.1f} MiB log, {row['entries']:,} entries; VmHWM "
+                         f"growth in a fresh process, heap held after reading |")
+        elif name.startswith("container/"):
+            over = ours >= CONTAINER_LIMIT or not row.get("ok", False)
+            mark = " (above)" if ours >= CONTAINER_LIMIT else ""
+            if not row.get("ok", False):
+                mark += " (did not read back)"
+            lines.append(f"| Peak resident memory, seal and extract through `ko::EncryptedFile` | "
+                         f"{show_bytes(ours)}{mark} | — | — | < 64 MiB | "
+                         f"{row['payload_bytes'] / (1 << 20):.0f} MiB generated block by block, encrypted, zlib "
+                         f"level 1, signed; the whole process's VmHWM ({show_bytes(row['baseline'])} before "
+                         f"the work) |")
+            if over:
+                missing.append(name + " over its limit")
+    return "\n".join(lines) + "\n", missing
+
+
+def table(runs, contexts, seconds):
     lines = ["| row | ours | peer | ratio | target | data |", "|---|---|---|---|---|---|"]
     missing = []
     for row, ours, peer, data, target in ROWS:
@@ -111,7 +175,7 @@ def table(runs, contexts, log_mb):
         goal = "—" if target is None else f"≥ {target:g}"
         shown = f"{ratio:.2f}" if ratio >= 0.1 else f"{ratio:.2g}"
         lines.append(f"| {row} | {show_time(mine)} | {show_time(theirs)} | {shown}{mark} | {goal} | "
-                     f"{data_text(data, runs[ours], log_mb)} |")
+                     f"{data_text(data, runs[ours])} |")
     date = next((c["date"] for c in contexts if "date" in c), datetime.datetime.now().isoformat())
     try:
         cpus = len(os.sched_getaffinity(0))
@@ -119,21 +183,27 @@ def table(runs, contexts, log_mb):
         cpus = os.cpu_count()
     with open("/proc/loadavg", encoding="utf-8") as f:
         load_average = " ".join(f.read().split()[:3])
+    took = f"; the script's run took {seconds // 60} min {seconds % 60} s" if seconds is not None else ""
     machine = (f"Machine: {cpus} CPUs (nproc), {cpu_model()}; run {date}; load average after the run "
-               f"{load_average}. Times are CPU time per iteration (the median of the repetitions); "
-               f"ratio = peer time / our time.")
-    return "\n".join(lines) + "\n\n" + machine + "\n", missing
+               f"{load_average}{took}. Times are CPU time per iteration (the median of the repetitions, "
+               f"one pass for the container rows); ratio = peer time / our time.")
+    return "\n".join(lines) + "\n", machine + "\n", missing
 
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--results", required=True, help="folder of benchmark JSON files")
     parser.add_argument("--doc", required=True, help="the Markdown file to update")
-    parser.add_argument("--log-mb", type=int, default=4, help="the log size the run was given")
+    parser.add_argument("--seconds", type=int, help="how long the run took, for the machine line")
     args = parser.parse_args()
 
     runs, contexts = load(args.results)
-    text, missing = table(runs, contexts, args.log_mb)
+    text, machine, missing = table(runs, contexts, args.seconds)
+    memory, over = memory_table(args.results)
+    if memory:
+        text += "\n" + memory
+    text += "\n" + machine
+    missing += over
     try:
         with open(args.doc, encoding="utf-8") as f:
             doc = f.read()
