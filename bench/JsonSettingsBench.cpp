@@ -1,16 +1,20 @@
-// Reading a settings file of 10,000 keys through QSettings: the JSON format
-// against QSettings::IniFormat holding the same map; run with
+// Writing and reading a settings file of 10,000 keys through QSettings: the
+// JSON format against QSettings::IniFormat holding the same map; run with
 //   build/release/bench/jsonsettings_bench
 // QSettings keeps a file it has read and reads it again only when its time
 // stamp or size changed, so each iteration moves the time stamp on.
 
 #include <CommonKit/json/JsonSettings.h>
 
+#include "BenchTemp.h"
+
 #include <benchmark/benchmark.h>
 
 #include <QCoreApplication>
 #include <QDateTime>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 namespace {
@@ -60,7 +64,7 @@ struct Files
         fill(iniSettings);
     }
 
-    QTemporaryDir dir;
+    QTemporaryDir dir{benchTempPath(QStringLiteral("settings-XXXXXX"))};
     QSettings::Format json;
     QString jsonPath;
     QString iniPath;
@@ -89,6 +93,32 @@ void readSettings(benchmark::State& state, const QString& path, QSettings::Forma
     state.counters["keys"] = keys;
     state.counters["bytes"] = static_cast<double>(file.size());
 }
+
+// Each iteration writes a new file: every key set, then sync().
+void writeSettings(benchmark::State& state, const QString& path, QSettings::Format format)
+{
+    for (auto _ : state) {
+        QFile::remove(path);
+        QSettings settings(path, format);
+        fill(settings);
+        settings.sync();
+        if (settings.status() != QSettings::NoError)
+            state.SkipWithError("writing failed");
+    }
+    state.counters["bytes"] = static_cast<double>(QFileInfo(path).size());
+}
+
+void BM_WriteJsonSettings(benchmark::State& state)
+{
+    writeSettings(state, files().dir.filePath(QStringLiteral("written.json")), files().json);
+}
+BENCHMARK(BM_WriteJsonSettings)->Unit(benchmark::kMillisecond);
+
+void BM_WriteIniSettings(benchmark::State& state)
+{
+    writeSettings(state, files().dir.filePath(QStringLiteral("written.ini")), QSettings::IniFormat);
+}
+BENCHMARK(BM_WriteIniSettings)->Unit(benchmark::kMillisecond);
 
 void BM_ReadJsonSettings(benchmark::State& state)
 {

@@ -1,68 +1,29 @@
 // Writing and reading action log entries; run with
 //   build/release/bench/logging_bench
-// Each benchmark handles N entries of a kind with three values (text,
-// number, date-time) plus time and user. BM_RawXmlScan runs a bare
-// QXmlStreamReader over the same bytes in the same process: the difference to
-// BM_ReadEntries is what creating and filling the entries costs.
+// Each entry is of a kind with three values (text, number, date-time) plus
+// time and user. BM_RawXmlScan runs a bare QXmlStreamReader over the same
+// file in the same process: the difference to BM_ReadEntries is what
+// creating and filling the entries costs. The size of the file read is
+// COMMONKIT_BENCH_LOG_MB megabytes (default 4).
 
-#include <CommonKit/logging/LogEntryFactory.h>
+#include <CommonKit/logging/ActionLog.h>
 #include <CommonKit/logging/XMLLogReader.h>
 #include <CommonKit/logging/XMLLogWriter.h>
+
+#include "BenchLog.h"
 
 #include <benchmark/benchmark.h>
 
 #include <QBuffer>
 #include <QFile>
-#include <QTemporaryFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
 #include <QTextStream>
 
 #include <memory>
 #include <vector>
 
 namespace {
-
-class BenchEntry : public ko::LogEntry
-{
-public:
-    BenchEntry()
-        : text("Text", QStringLiteral("text")), number("Numb", QStringLiteral("number")),
-          when("When", QStringLiteral("when"))
-    {
-        append(&text);
-        append(&number);
-        append(&when);
-    }
-    ko::FourChars type() const override { return ko::FourChars("Bnch"); }
-    ko::LogCategory category() const override { return ko::LogCategory(ko::CategorySystem); }
-    QString format() const override { return QStringLiteral("%1 %2 %3"); }
-    QString title() const override { return QStringLiteral("Bench"); }
-
-    ko::TLogValue<QString> text;
-    ko::TLogValue<int> number;
-    ko::TLogValue<QDateTime> when;
-};
-
-ko::LogEntry* createBenchEntry()
-{
-    return new BenchEntry;
-}
-
-const bool registered =
-    (ko::logEntryFactory().registerCreator(ko::FourChars("Bnch"), createBenchEntry, "Bench"), true);
-
-std::vector<std::unique_ptr<BenchEntry>> makeEntries(int count)
-{
-    std::vector<std::unique_ptr<BenchEntry>> entries;
-    for (int i = 0; i < count; ++i) {
-        auto entry = std::make_unique<BenchEntry>();
-        entry->setUser(QStringLiteral("operator %1").arg(i % 7));
-        entry->text.value = QStringLiteral("Camera \"%1\" & <monitor> Grüße").arg(i);
-        entry->number.value = i;
-        entry->when.value = entry->time().addSecs(-i);
-        entries.push_back(std::move(entry));
-    }
-    return entries;
-}
 
 QByteArray writeLive(const std::vector<std::unique_ptr<BenchEntry>>& entries)
 {
@@ -91,41 +52,79 @@ void BM_WriteEntries(benchmark::State& state)
 }
 BENCHMARK(BM_WriteEntries)->Arg(100)->Arg(10000);
 
+// The log file the read benchmarks share: written by ko::ActionLog itself,
+// of about COMMONKIT_BENCH_LOG_MB megabytes (default 4; scripts/bench.sh
+// gives 50, the size the reader is meant for).
+struct LogFile
+{
+    QTemporaryDir dir{benchTempPath(QStringLiteral("log-XXXXXX"))};
+    QString path = dir.filePath(QStringLiteral("bench.kol"));
+    int entries = 0;
+    qint64 size = 0;
+
+    LogFile()
+    {
+        bool ok = false;
+        int megabytes = qEnvironmentVariableIntValue("COMMONKIT_BENCH_LOG_MB", &ok);
+        if (!ok || megabytes <= 0)
+            megabytes = 4;
+        entries = writeBenchLog(path, megabytes);
+        size = QFileInfo(path).size();
+    }
+};
+
+const LogFile& logFile()
+{
+    static const LogFile file;
+    return file;
+}
+
 void BM_ReadEntries(benchmark::State& state)
 {
-    QTemporaryFile file;
-    file.open();
-    file.write(writeLive(makeEntries(static_cast<int>(state.range(0)))));
-    file.flush();
-    const qint64 size = file.size();
+    const LogFile& file = logFile();
     for (auto _ : state) {
-        QFile input(file.fileName());
+        QFile input(file.path);
         input.open(QIODevice::ReadOnly | QIODevice::Text);
         ko::XMLLogReader reader(&input);
         int count = 0;
-        while (!reader.atEnd() && !reader.hasError()) {
+        while (!reader.atEnd() && !reader.hasFault()) {
             std::unique_ptr<ko::LogEntry> entry(reader.readNextLogEntry());
             count += entry ? 1 : 0;
         }
-        if (count != state.range(0))
+        if (count != file.entries)
             state.SkipWithError("entries lost");
     }
-    state.SetItemsProcessed(state.iterations() * state.range(0));
-    state.SetBytesProcessed(state.iterations() * size);
+    state.SetItemsProcessed(state.iterations() * file.entries);
+    state.SetBytesProcessed(state.iterations() * file.size);
+    state.counters["entries"] = file.entries;
+    state.counters["file_bytes"] = static_cast<double>(file.size);
 }
-BENCHMARK(BM_ReadEntries)->Arg(100)->Arg(10000);
+BENCHMARK(BM_ReadEntries)->Unit(benchmark::kMillisecond);
 
-// The peer of BM_ReadEntries: the same file scanned by a bare
+// The same file through the action log, which keeps every entry in memory.
+void BM_ActionLogReadLog(benchmark::State& state)
+{
+    const LogFile& file = logFile();
+    for (auto _ : state) {
+        ko::ActionLog log(file.path);
+        log.readLog();
+        if (log.count() != file.entries)
+            state.SkipWithError("entries lost");
+    }
+    state.SetItemsProcessed(state.iterations() * file.entries);
+    state.SetBytesProcessed(state.iterations() * file.size);
+    state.counters["entries"] = file.entries;
+    state.counters["file_bytes"] = static_cast<double>(file.size);
+}
+BENCHMARK(BM_ActionLogReadLog)->Unit(benchmark::kMillisecond);
+
+// The peer of both readers: the same file scanned by a bare
 // QXmlStreamReader that only visits the attributes, creating no entries.
 void BM_RawXmlScan(benchmark::State& state)
 {
-    QTemporaryFile file;
-    file.open();
-    file.write(writeLive(makeEntries(static_cast<int>(state.range(0)))));
-    file.flush();
-    const qint64 size = file.size();
+    const LogFile& file = logFile();
     for (auto _ : state) {
-        QFile input(file.fileName());
+        QFile input(file.path);
         input.open(QIODevice::ReadOnly | QIODevice::Text);
         QXmlStreamReader reader(&input);
         int attributes = 0;
@@ -135,10 +134,71 @@ void BM_RawXmlScan(benchmark::State& state)
         }
         benchmark::DoNotOptimize(attributes);
     }
-    state.SetItemsProcessed(state.iterations() * state.range(0));
-    state.SetBytesProcessed(state.iterations() * size);
+    state.SetItemsProcessed(state.iterations() * file.entries);
+    state.SetBytesProcessed(state.iterations() * file.size);
+    state.counters["entries"] = file.entries;
+    state.counters["file_bytes"] = static_cast<double>(file.size);
 }
-BENCHMARK(BM_RawXmlScan)->Arg(100)->Arg(10000);
+BENCHMARK(BM_RawXmlScan)->Unit(benchmark::kMillisecond);
+
+// Appending one entry through the action log: stamping, the replaced-file
+// check, writing and the flush that puts each entry into the file before
+// log() returns.
+void BM_ActionLogAppend(benchmark::State& state)
+{
+    QTemporaryDir dir(benchTempPath(QStringLiteral("append-XXXXXX")));
+    ko::ActionLog log(dir.filePath(QStringLiteral("append.kol")));
+    log.setSplitPolicy(ko::ActionLog::NoSplit, 0);
+    log.mute(false);
+    const auto samples = makeEntries(1000);
+    size_t i = 0;
+    for (auto _ : state)
+        log.log(*samples[i++ % samples.size()]);
+    state.SetItemsProcessed(state.iterations());
+}
+BENCHMARK(BM_ActionLogAppend);
+
+// Its peer: the bytes the action log wrote for the same entries, appended
+// with QFile::write and flushed one entry at a time.
+void BM_QFileAppendPeer(benchmark::State& state)
+{
+    QTemporaryDir dir(benchTempPath(QStringLiteral("append-XXXXXX")));
+    QList<QByteArray> pieces;
+    {
+        const QString path = dir.filePath(QStringLiteral("sample.kol"));
+        {
+            ko::ActionLog log(path);
+            log.setSplitPolicy(ko::ActionLog::NoSplit, 0);
+            log.mute(false);
+            const auto samples = makeEntries(1000);
+            for (const auto& entry : samples)
+                log.log(*entry);
+        }
+        QFile file(path);
+        file.open(QIODevice::ReadOnly);
+        const QByteArray bytes = file.readAll();
+        const QByteArray start("<Entry ");
+        int at = bytes.indexOf(start);
+        while (at >= 0) {
+            const int next = bytes.indexOf(start, at + 1);
+            pieces.append(bytes.mid(at, next < 0 ? -1 : next - at));
+            at = next;
+        }
+    }
+    if (pieces.size() != 1000) {
+        state.SkipWithError("could not split the sample log");
+        return;
+    }
+    QFile out(dir.filePath(QStringLiteral("append.kol")));
+    out.open(QIODevice::WriteOnly | QIODevice::Append);
+    int i = 0;
+    for (auto _ : state) {
+        out.write(pieces.at(i++ % pieces.size()));
+        out.flush();
+    }
+    state.SetItemsProcessed(state.iterations());
+}
+BENCHMARK(BM_QFileAppendPeer);
 
 // Most of the reader's own cost: every entry parses two date-times in the
 // locale's short format.

@@ -319,10 +319,10 @@ QVariant ValueExpression::evaluate(const PropertySet& set, bool* isConstant) con
     if (isConstant)
         *isConstant = false;
     // The alias first: rows fetched under a column alias are found by it.
-    if (set.contains(m_alias))
-        return set[m_alias].variantValue();
-    if (set.contains(m_name))
-        return set[m_name].variantValue();
+    if (const BaseProperty* property = set.find(m_alias))
+        return property->variantValue();
+    if (const BaseProperty* property = set.find(m_name))
+        return property->variantValue();
     return QVariant();
 }
 
@@ -540,6 +540,14 @@ ExpressionList& ExpressionList::append(const ExpressionList& list)
 ExpressionHandle ExpressionList::operator[](int index) const { return children().at(index); }
 
 int ExpressionList::size() const { return children().size(); }
+
+const Expression& Operator::child(int index) const
+{
+    if (index >= 0 && index < m_children.size())
+        return *m_children.at(index);
+    // The node outlives the returned handle: empty() keeps it in a static.
+    return *ExpressionList::empty();
+}
 
 ExpressionHandle ExpressionList::empty()
 {

@@ -366,6 +366,9 @@ protected:
     void append(ExpressionHandle child);
     /// The children, for subclasses that replace some of them.
     QList<ExpressionHandle>& mutableChildren() { return m_children; }
+    /// The child at index, or the empty ExpressionList when there is none
+    /// (what children().value(index) holds, without copying a handle).
+    const Expression& child(int index) const;
 
     void write(QDataStream& out) const override;
     void read(QDataStream& in) override;

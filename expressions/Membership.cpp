@@ -54,7 +54,7 @@ QVariant ElementOf::evaluate(const PropertySet& set, bool* isConstant) const
 {
     const QList<ExpressionHandle>& operands = children();
     bool valueConstant = false;
-    const QVariant value = operands.value(0)->evaluate(set, &valueConstant);
+    const QVariant value = child(0).evaluate(set, &valueConstant);
     bool constant = valueConstant;
     bool found = false;
     for (int i = 1; i < operands.size() && !found; ++i) {
@@ -123,14 +123,14 @@ QVariant SwitchCase::evaluate(const PropertySet& set, bool* isConstant) const
     if (isConstant)
         *isConstant = true;
     const QList<ExpressionHandle>& operands = children();
-    const QVariant selector = operands.value(0)->evaluate(set, nullptr);
+    const QVariant selector = child(0).evaluate(set, nullptr);
     TypeTool tool(true, true);
     for (int i = 2; i + 1 < operands.size(); i += 2) {
         const QVariant value = operands.at(i)->evaluate(set, nullptr);
         if (tool.equals(selector, value))
             return operands.at(i + 1)->evaluate(set, nullptr);
     }
-    return operands.value(1)->evaluate(set, nullptr);
+    return child(1).evaluate(set, nullptr);
 }
 
 Expression* SwitchCase::clone() const { return new SwitchCase(*this); }

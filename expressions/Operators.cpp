@@ -74,11 +74,10 @@ Comparator::~Comparator() = default;
 
 QVariant Comparator::evaluate(const PropertySet& set, bool* isConstant) const
 {
-    const QList<ExpressionHandle>& operands = children();
     bool leftConstant = false;
     bool rightConstant = false;
-    const QVariant left = operands.value(0)->evaluate(set, &leftConstant);
-    const QVariant right = operands.value(1)->evaluate(set, &rightConstant);
+    const QVariant left = child(0).evaluate(set, &leftConstant);
+    const QVariant right = child(1).evaluate(set, &rightConstant);
     if (isConstant)
         *isConstant = leftConstant && rightConstant;
 
@@ -182,7 +181,7 @@ QVariant BooleanOperator::evaluate(const PropertySet& set, bool* isConstant) con
         bool childConstant = false;
         const QVariant value = child->evaluate(set, &childConstant);
         constant = constant && childConstant;
-        if (convertsToBool(value)) {
+        if (value.userType() == QMetaType::Bool || convertsToBool(value)) {
             const bool truth = value.toBool();
             if (m_op == And && !truth) {
                 result = false;
@@ -240,7 +239,7 @@ NotOperator::~NotOperator() = default;
 
 QVariant NotOperator::evaluate(const PropertySet& set, bool* isConstant) const
 {
-    const QVariant value = children().value(0)->evaluate(set, isConstant);
+    const QVariant value = child(0).evaluate(set, isConstant);
     if (convertsToBool(value))
         return !value.toBool();
     return QVariant();
@@ -406,7 +405,7 @@ UnaryOperator::~UnaryOperator() = default;
 QVariant UnaryOperator::evaluate(const PropertySet& set, bool* isConstant) const
 {
     bool childConstant = false;
-    const QVariant value = children().value(0)->evaluate(set, &childConstant);
+    const QVariant value = child(0).evaluate(set, &childConstant);
     QVariant result;
     bool constant = true;
     if (TypeTool::isNumeric(value.type())) {

@@ -8,6 +8,10 @@
 
 #include <QUuid>
 
+#include <algorithm>
+#include <utility>
+#include <vector>
+
 namespace {
 
 using SchemaPtr = boost::intrusive_ptr<json::Schema>;
@@ -63,34 +67,38 @@ QVariant applicationData(const json::Variant& value, const SchemaPtr& schema)
     return result;
 }
 
-void flatten(QMap<QString, QVariant>& map, const json::Variant& value, const SchemaPtr& schema, char separator,
+// The flat entries in the order they are found; a later entry of the same key
+// replaces an earlier one.
+using Entries = std::vector<std::pair<QString, QVariant>>;
+
+void flatten(Entries& out, const json::Variant& value, const SchemaPtr& schema, char separator,
              const QString& prefix, int depth)
 {
     if (value.isNull()) {
-        map[prefix] = QVariant();
+        out.emplace_back(prefix, QVariant());
         return;
     }
     if (schema && value.isList()) {
         if (schema->isStringList()) {
-            map[prefix] = qStringList(json::List(value));
+            out.emplace_back(prefix, qStringList(json::List(value)));
             return;
         }
         if (schema->isFlatList()) {
-            map[prefix] = qVariantList(json::List(value));
+            out.emplace_back(prefix, qVariantList(json::List(value)));
             return;
         }
     }
     if (schema && value.isString()) {
         const QVariant formatted = formattedText(value, schema);
         if (formatted.isValid()) {
-            map[prefix] = formatted;
+            out.emplace_back(prefix, formatted);
             return;
         }
     }
     if (schema && value.isObject()) {
         const QVariant data = applicationData(value, schema);
         if (data.isValid()) {
-            map[prefix] = data;
+            out.emplace_back(prefix, data);
             return;
         }
     }
@@ -108,13 +116,13 @@ void flatten(QMap<QString, QVariant>& map, const json::Variant& value, const Sch
                 continue;
             }
             const SchemaPtr part = list ? items : schema ? schema->member(it.key()) : SchemaPtr();
-            flatten(map, it.value(), part, separator, joined(prefix, separator, key), depth + 1);
+            flatten(out, it.value(), part, separator, joined(prefix, separator, key), depth + 1);
         }
         if (list)
-            map[joined(prefix, separator, QStringLiteral("size"))] = static_cast<int>(value.size());
+            out.emplace_back(joined(prefix, separator, QStringLiteral("size")), static_cast<int>(value.size()));
         return;
     }
-    map[prefix] = qVariant(value);
+    out.emplace_back(prefix, qVariant(value));
 }
 
 // The sub-schema at path: list indices lead to "items", other segments to
@@ -189,7 +197,22 @@ json::Variant asStringList(const QVariant& value)
 void qVariantMapFlat(QMap<QString, QVariant>& map, const json::Variant& value, char separator, const QString& prefix)
 {
     registerQDataTypes();
-    flatten(map, value, value.schema(), separator, prefix, 0);
+    Entries entries;
+    flatten(entries, value, value.schema(), separator, prefix, 0);
+    if (!map.isEmpty()) {
+        for (auto& entry : entries)
+            map[entry.first] = std::move(entry.second);
+        return;
+    }
+    // Into an empty map in key order, each entry placed at the end without a
+    // search; of equal keys the last one found stays.
+    std::stable_sort(entries.begin(), entries.end(),
+                     [](const auto& a, const auto& b) { return a.first < b.first; });
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        if (i + 1 < entries.size() && !(entries[i].first < entries[i + 1].first))
+            continue;
+        map.insert(map.constEnd(), entries[i].first, entries[i].second);
+    }
 }
 
 json::Variant jsonVariantFlat(const QMap<QString, QVariant>& map, char separator,

@@ -2,6 +2,7 @@
 
 #include <CommonKit/logging/ActionLogContextSwitchEntry.h>
 #include <CommonKit/logging/ActionLogException.h>
+#include "logging/LocalTime_p.h"
 #include <CommonKit/logging/XMLLogReader.h>
 #include <CommonKit/logging/XMLLogWriter.h>
 #include <CommonKit/platform/Platform.h>
@@ -254,7 +255,7 @@ void ActionLog::writeEntry(const LogEntry& entry)
 // file. Continue with whatever file the path names now.
 void ActionLog::followReplacedFile()
 {
-    if (!m_file.isOpen() || platform::isSameFile(m_file.handle(), QFile::encodeName(m_file.fileName()).toStdString()))
+    if (!m_file.isOpen() || platform::isFileAt(m_openIdentity, m_openPath))
         return;
     LogLine(Log::Warning, "ko::ActionLog::log")
         << "'" << m_file.fileName() << "' was removed or replaced while open; continuing with the file now there";
@@ -530,7 +531,16 @@ bool ActionLog::readEntries(QIODevice::OpenMode mode)
     }
     const qint64 start = m_file.pos();
     XMLLogReader reader(&m_file);
-    while (!reader.atEnd() && !reader.hasError() && m_file.size() != 0) {
+    // Stop when the file is emptied under us. Its size is a system call, so
+    // it is asked only after the reader has taken more bytes from the file,
+    // not for every entry it parses from what it already holds.
+    qint64 checkedAt = -1;
+    while (!reader.atEnd() && !reader.hasError()) {
+        if (m_file.pos() != checkedAt) {
+            checkedAt = m_file.pos();
+            if (m_file.size() == 0)
+                break;
+        }
         if (LogEntry* entry = reader.readNextLogEntry())
             append(entry);
     }
@@ -603,6 +613,12 @@ bool ActionLog::open(QFile& file, QIODevice::OpenMode mode)
             fail(translate(k_openReasonText).arg(name, file.errorString()));
             throw ActionLogFileException(translate(k_openErrorText).arg(name), name,
                                          ActionLogFileException::CannotOpen);
+        }
+        if (&file == &m_file) {
+            // Taken once per open: followReplacedFile() then looks up only
+            // the path for every entry.
+            m_openIdentity = platform::fileIdentity(file.handle());
+            m_openPath = QFile::encodeName(file.fileName()).toStdString();
         }
         if (m_lockEnabled) {
             const int handle = file.handle();
@@ -724,7 +740,7 @@ QString ActionLog::backupName(const QString& suffix) const
 
 QDateTime ActionLog::currentDateTime() const
 {
-    return QDateTime::currentDateTime();
+    return currentLocalDateTime();
 }
 
 } // namespace ko

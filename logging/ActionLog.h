@@ -1,6 +1,7 @@
 #pragma once
 
 #include <CommonKit/logging/LogEntry.h>
+#include <CommonKit/platform/Platform.h>
 #include <CommonKit/support/core/Export.h>
 #include <CommonKit/support/crypto/SecureAllocator.h>
 #include <CommonKit/support/fileutils/FileEncrypt.h>
@@ -11,6 +12,8 @@
 #include <QList>
 #include <QObject>
 #include <QString>
+
+#include <string>
 
 class QMutex;
 class QTextStream;
@@ -244,6 +247,8 @@ private:
     XMLLogWriter* m_writer = nullptr;
     QTextStream* m_stream = nullptr;
     FileEncrypt m_file;
+    platform::FileIdentity m_openIdentity; // of m_file, as it was opened
+    std::string m_openPath;                // m_file's name, encoded
     QFileInfo m_fileInfo;
     QFileInfo m_customFileInfo;
     QMutex* m_mutex;

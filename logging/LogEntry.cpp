@@ -1,5 +1,6 @@
 #include <CommonKit/logging/LogEntry.h>
 
+#include "logging/LocalTime_p.h"
 #include <CommonKit/logging/LogEntryFactory.h>
 #include <CommonKit/logging/LogWriter.h>
 #include <CommonKit/logging/ProsaLogWriter.h>
@@ -56,7 +57,7 @@ bool fillFits(const QString& text, const QString& value, qint64 budget)
 } // namespace
 
 LogEntry::LogEntry()
-    : m_time(FourChars("Time"), QStringLiteral("Time"), QDateTime::currentDateTime()),
+    : m_time(FourChars("Time"), QStringLiteral("Time"), currentLocalDateTime()),
       m_user(FourChars("User"), QStringLiteral("User"))
 {
     m_values.append(&m_time);

@@ -1,5 +1,6 @@
 #include <CommonKit/logging/LogValue.h>
 
+#include "logging/LocalTime_p.h"
 #include <CommonKit/support/core/QtDeprecated.h>
 
 #include <QLocale>
@@ -75,39 +76,13 @@ bool TLogValue<QDateTime>::isSet() const
 template<>
 void TLogValue<QDateTime>::fromString(const QString& text)
 {
-    // Parsing a locale format is slow (tens of microseconds, most of it in
-    // the C library's time zone checks), and the short format has minutes,
-    // so the entries of a log mostly repeat a few texts. Each thread keeps
-    // its last results, valid for the same text under the same format.
-    struct Parsed
-    {
-        QString text;
-        QString format;
-        QDateTime value;
-    };
-    constexpr int k_kept = 8;
-    thread_local Parsed kept[k_kept];
-    thread_local int next = 0;
-    const QString format = QLocale::system().dateTimeFormat(QLocale::ShortFormat);
-    for (const Parsed& parsed : kept) {
-        if (!parsed.text.isNull() && parsed.text == text && parsed.format == format) {
-            value = parsed.value;
-            return;
-        }
-    }
-    COMMONKIT_DEPRECATED_BEGIN
-    value = QDateTime::fromString(text, Qt::SystemLocaleShortDate);
-    COMMONKIT_DEPRECATED_END
-    kept[next] = Parsed{text, format, value};
-    next = (next + 1) % k_kept;
+    value = localShortDateTimeFromString(text);
 }
 
 template<>
 QTextStream& TLogValue<QDateTime>::write(QTextStream& stream) const
 {
-    COMMONKIT_DEPRECATED_BEGIN
-    return stream << value.toString(Qt::SystemLocaleShortDate);
-    COMMONKIT_DEPRECATED_END
+    return stream << localShortDateTimeToString(value);
 }
 
 template class TLogValue<int>;

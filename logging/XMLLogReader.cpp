@@ -117,9 +117,9 @@ LogEntry* XMLLogReader::readNextLogEntry()
             const QXmlStreamAttributes attributes = this->attributes();
             for (const QXmlStreamAttribute& attribute : attributes) {
                 if (attribute.name() == QLatin1String("ID")) {
-                    entry.reset(logEntryFactory().create(FourChars(attribute.value().toString())));
+                    entry.reset(logEntryFactory().create(FourChars(attribute.value())));
                 } else if (entry) {
-                    LogValue* value = entry->logValue(FourChars(attribute.name().toString()));
+                    LogValue* value = entry->logValue(FourChars(attribute.name()));
                     if (!value)
                         break;
                     value->fromString(attribute.value().toString());

@@ -30,6 +30,21 @@ COMMONKIT_EXPORT int unlockFileRange(int fd, std::uint64_t offset, std::uint64_t
 /// file be removed or replaced, so the answer there is always true.
 COMMONKIT_EXPORT bool isSameFile(int fd, const std::string& path);
 
+/// The identity of an open file (device and inode on POSIX), taken once so
+/// that isFileAt() then needs only the path looked up: isSameFile() in two
+/// halves, for a caller that asks often. An unknown identity (the descriptor
+/// was bad) is at no path; on Windows every identity is at its path.
+struct FileIdentity
+{
+    std::uint64_t device = 0; ///< st_dev of the open file
+    std::uint64_t inode = 0;  ///< st_ino of the open file
+    bool known = false;       ///< false when the descriptor could not be asked
+};
+/// The identity of the open file fd.
+COMMONKIT_EXPORT FileIdentity fileIdentity(int fd);
+/// Whether path names the file of identity now.
+COMMONKIT_EXPORT bool isFileAt(const FileIdentity& identity, const std::string& path);
+
 /// The calls of a logon under another account, as a replaceable object so that
 /// the logic around them can be tested on every platform. The default provider
 /// uses the Windows logon API; on POSIX there is no such logon and logonUser

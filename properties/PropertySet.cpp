@@ -124,6 +124,18 @@ const BaseProperty& PropertySet::operator[](const QString& name) const
     return IllegalProperty::instance();
 }
 
+const BaseProperty* PropertySet::find(const QString& name) const
+{
+    // The empty name sorts first, so only the first entry can have it: a
+    // quick answer for the common lookup of an empty alias.
+    if (name.isEmpty() && (m_properties.isEmpty() || !m_properties.constBegin().key().isEmpty()))
+        return nullptr;
+    const auto it = m_properties.constFind(name);
+    if (it == m_properties.constEnd())
+        return nullptr;
+    return it.value() ? it.value().get() : &IllegalProperty::instance();
+}
+
 QMap<QString, QVariant> PropertySet::variantValues() const
 {
     QMap<QString, QVariant> values;

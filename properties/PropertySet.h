@@ -78,6 +78,10 @@ public:
     BaseProperty& operator[](const QString& name);
     /// The property of that name, or the library-wide IllegalProperty.
     const BaseProperty& operator[](const QString& name) const;
+    /// contains() and operator[] in one lookup: null when the set has no entry
+    /// of that name, else what operator[] returns (the IllegalProperty for an
+    /// empty entry).
+    const BaseProperty* find(const QString& name) const;
 
     /// Every property's name mapped to its variantValue().
     QMap<QString, QVariant> variantValues() const;

@@ -317,6 +317,16 @@ int TypeTool::compare(const QVariant& a, const QVariant& b)
     const QVariant::Type ta = a.type();
     const QVariant::Type tb = b.type();
 
+    // The common cases, without going through QVariant's conversions: the
+    // results are those of the general rules below.
+    if (ta == tb) {
+        if (ta == QVariant::Int)
+            return clampToInt(qint64(*static_cast<const int*>(a.constData()))
+                              - qint64(*static_cast<const int*>(b.constData())));
+        if (ta == QVariant::String)
+            return QString::compare(*static_cast<const QString*>(a.constData()),
+                                    *static_cast<const QString*>(b.constData()), Qt::CaseSensitive);
+    }
     if (isNumeric(ta) && isNumeric(tb)) {
         switch (static_cast<int>(coerceNumericTypes(a, b))) {
         case QVariant::Int:

@@ -4,7 +4,6 @@
 #include <CommonKit/support/core/Log.h>
 
 #include <openssl/blowfish.h>
-#include <openssl/crypto.h>
 
 #include <cstring>
 #include <memory>
@@ -16,11 +15,6 @@ namespace {
 // Built into every installation: values written by one are read by any other.
 const unsigned char kKey[4] = {0x6b, 0x31, 0xd4, 0x0e};
 const unsigned char kInitialVector[8] = {0x52, 0x9a, 0x07, 0xe3, 0x1c, 0x44, 0xb8, 0x6f};
-
-// The data goes through the cipher in pieces of this size. Since it is a
-// multiple of the block size, restarting the position counter for each piece
-// while carrying the vector over gives the same bytes as one pass.
-constexpr int kChunkSize = 4096;
 
 // Blowfish's key schedule costs about as much as enciphering 8 KiB. The key
 // is built in (no secret beyond what the binary holds), so its schedule is
@@ -41,24 +35,16 @@ QByteArray* runCipher(const QByteArray& data, int mode)
 {
     if (data.isEmpty())
         return nullptr;
-    auto result = std::make_unique<QByteArray>();
-    result->reserve(data.size());
-
-    const BF_KEY& key = keySchedule();
+    // One pass straight into the result: CFB works on any length.
+    auto result = std::make_unique<QByteArray>(data.size(), Qt::Uninitialized);
     unsigned char vector[8];
     std::memcpy(vector, kInitialVector, sizeof vector);
-
-    unsigned char output[kChunkSize];
-    for (int offset = 0; offset < data.size(); offset += kChunkSize) {
-        const int length = qMin(kChunkSize, data.size() - offset);
-        int position = 0;
-        COMMONKIT_OPENSSL_LEGACY_BEGIN
-        BF_cfb64_encrypt(reinterpret_cast<const unsigned char*>(data.constData()) + offset, output, length, &key,
-                         vector, &position, mode);
-        COMMONKIT_OPENSSL_LEGACY_END
-        result->append(reinterpret_cast<const char*>(output), length);
-    }
-    OPENSSL_cleanse(output, sizeof output);
+    int position = 0;
+    COMMONKIT_OPENSSL_LEGACY_BEGIN
+    BF_cfb64_encrypt(reinterpret_cast<const unsigned char*>(data.constData()),
+                     reinterpret_cast<unsigned char*>(result->data()), data.size(), &keySchedule(), vector, &position,
+                     mode);
+    COMMONKIT_OPENSSL_LEGACY_END
     return result.release();
 }
 

@@ -5,10 +5,18 @@
 
 namespace ko {
 
-FourChars::FourChars(const QString& text) : m_value(0)
+FourChars::FourChars(const QString& text) : FourChars(QStringRef(&text))
 {
-    QByteArray bytes = text.toLatin1();
-    initFourChars(bytes);
+}
+
+FourChars::FourChars(const QStringRef& text) : m_value(0)
+{
+    // As text.toLatin1() (a character beyond Latin-1 becomes '?') padded
+    // with blanks, byte by byte.
+    for (int i = 0; i < 4; ++i) {
+        const ushort c = i < text.size() ? text.at(i).unicode() : ushort(' ');
+        m_value = (m_value << 8) | (c > 0xff ? unsigned('?') : unsigned(c));
+    }
 }
 
 FourChars::FourChars(const char* text) : m_value(0)
@@ -19,10 +27,8 @@ FourChars::FourChars(const char* text) : m_value(0)
 
 FourChars::FourChars(const QString* text) : m_value(0)
 {
-    if (text) {
-        QByteArray bytes = text->toLatin1();
-        initFourChars(bytes);
-    }
+    if (text)
+        *this = FourChars(*text);
 }
 
 void FourChars::initFourChars(QByteArray& bytes)

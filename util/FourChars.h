@@ -32,6 +32,9 @@ public:
     /// The code of the first four bytes of a NUL-terminated Latin-1 text;
     /// padded with blanks. A null pointer gives four blanks.
     FourChars(const char* text);                        // NOLINT: Latin-1 text
+    /// As the QString constructor, without copying the text (a reader's
+    /// attribute).
+    explicit FourChars(const QStringRef& text);
     /// As the QString constructor; a null pointer leaves the code 0.
     explicit FourChars(const QString* text);
     /// Copies the code.

@@ -80,11 +80,28 @@ int unlockFileRange(int fd, std::uint64_t offset, std::uint64_t length)
 
 bool isSameFile(int fd, const std::string& path)
 {
+    return isFileAt(fileIdentity(fd), path);
+}
+
+FileIdentity fileIdentity(int fd)
+{
+    FileIdentity identity;
     struct stat open = {};
+    if (fstat(fd, &open) != 0)
+        return identity;
+    identity.device = static_cast<std::uint64_t>(open.st_dev);
+    identity.inode = static_cast<std::uint64_t>(open.st_ino);
+    identity.known = true;
+    return identity;
+}
+
+bool isFileAt(const FileIdentity& identity, const std::string& path)
+{
     struct stat named = {};
-    if (fstat(fd, &open) != 0 || stat(path.c_str(), &named) != 0)
+    if (!identity.known || stat(path.c_str(), &named) != 0)
         return false;
-    return open.st_dev == named.st_dev && open.st_ino == named.st_ino;
+    return identity.device == static_cast<std::uint64_t>(named.st_dev)
+        && identity.inode == static_cast<std::uint64_t>(named.st_ino);
 }
 
 LogonProvider& systemLogonProvider()

@@ -44,10 +44,28 @@ public:
     const std::string& error() const { return m_error; }
 
 private:
+    // Objects of fewer members are searched from the front; from this size on
+    // they get a hash index, so that large ones stay linear to build.
+    static constexpr std::size_t k_indexFrom = 16;
+
     struct Open
     {
         Node* node;
-        std::unordered_map<std::string, std::size_t> index; // objects: key to position
+        std::unordered_map<std::string, std::size_t> index; // larger objects: key to position
+
+        // The position of the member named key, or members.size().
+        std::size_t find(const Members& members, const std::string& key) const
+        {
+            if (!index.empty()) {
+                const auto found = index.find(key);
+                return found == index.end() ? members.size() : found->second;
+            }
+            for (std::size_t i = 0; i < members.size(); ++i) {
+                if (members[i].first == key)
+                    return i;
+            }
+            return members.size();
+        }
     };
 
     Node* placed(Node&& value)
@@ -63,12 +81,18 @@ private:
             return &elements.back();
         }
         Members& members = parent.node->get_ref<Node::object_t&>();
-        const auto found = parent.index.find(m_key);
-        if (found != parent.index.end()) {
-            members[found->second].second = std::move(value);
-            return &members[found->second].second;
+        const std::size_t existing = parent.find(members, m_key);
+        if (existing != members.size()) {
+            members[existing].second = std::move(value);
+            return &members[existing].second;
         }
-        parent.index.emplace(m_key, members.size());
+        if (!parent.index.empty() || members.size() + 1 >= k_indexFrom) {
+            if (parent.index.empty()) {
+                for (std::size_t i = 0; i < members.size(); ++i)
+                    parent.index.emplace(members[i].first, i);
+            }
+            parent.index.emplace(m_key, members.size());
+        }
         members.emplace_back(std::move(m_key), std::move(value));
         return &members.back().second;
     }

@@ -2,8 +2,8 @@
 
 // Private to the JSON support library: builds the tree of a checked JSON
 // text. Objects keep their members in text order; a repeated key keeps its
-// first place and takes the last value. Each member is placed in constant
-// time, so objects with very many members build in linear time.
+// first place and takes the last value. Each member is placed in amortised
+// constant time, so objects with very many members build in linear time.
 
 #include "support/json/VariantAccess_p.h"
 

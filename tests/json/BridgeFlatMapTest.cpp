@@ -259,6 +259,7 @@ TEST(JsonBridgeFlatMap, SchemaDecidesWhatStaysWhole)
         {R"({"type": "array", "items": {"type": "boolean"}})", R"([true, false])", {{"m", QVariantList{true, false}}}},
         {R"({"type": "array", "items": {"type": "object"}})", R"([])", {{"m/size", 0}}},
         {R"({"type": "object"})", R"({"size": 0})", {{"m/size", qlonglong(0)}}},
+        {R"({"type": "object"})", R"({"b/c": 1, "b": {"c": 2}, "a": 3})", {{"m/a", qlonglong(3)}, {"m/b/c", qlonglong(2)}}},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.schema + " " + row.value);

@@ -6,6 +6,7 @@
 #include <QTemporaryDir>
 
 #include <cerrno>
+#include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
 #include <string>
@@ -81,6 +82,31 @@ public:
     unsigned long lastError() const override { return 0; }
     std::string calls;
 };
+
+// Whether an open file is still the one at its path: the identity taken from
+// the descriptor against the path as it is now, and the one-call form.
+TEST(FileIdentity, TellsWhetherTheOpenFileIsStillAtItsPath)
+{
+    QTemporaryDir dir;
+    const std::string path = dir.filePath(QStringLiteral("log.kol")).toStdString();
+    const std::string other = dir.filePath(QStringLiteral("other.kol")).toStdString();
+    FileDescriptor open(path);
+    const ko::platform::FileIdentity identity = ko::platform::fileIdentity(open.fd());
+    ASSERT_TRUE(identity.known);
+    EXPECT_TRUE(ko::platform::isFileAt(identity, path));
+    EXPECT_TRUE(ko::platform::isSameFile(open.fd(), path));
+    // Replaced by another file under the same name.
+    { FileDescriptor replacement(other); }
+    ASSERT_EQ(::rename(other.c_str(), path.c_str()), 0);
+    EXPECT_FALSE(ko::platform::isFileAt(identity, path));
+    EXPECT_FALSE(ko::platform::isSameFile(open.fd(), path));
+    // Removed.
+    ASSERT_EQ(::unlink(path.c_str()), 0);
+    EXPECT_FALSE(ko::platform::isFileAt(identity, path));
+    // A bad descriptor has no identity, which is at no path.
+    EXPECT_FALSE(ko::platform::fileIdentity(-1).known);
+    EXPECT_FALSE(ko::platform::isFileAt(ko::platform::fileIdentity(-1), other));
+}
 
 TEST(LogonProvider, PosixRefusesNamedUsersAndCanBeReplaced)
 {

@@ -52,6 +52,7 @@ TEST(FourChars, PacksFirstLetterIntoTheMostSignificantByte)
         {QString(), 0x20202020u, QStringLiteral("    ")},
         {QStringLiteral("ExpSta"), 0x45787053u, QStringLiteral("ExpS")},
         {QString::fromLatin1("\xe4\xf6\xfc\xdf"), 0xE4F6FCDFu, QString::fromLatin1("\xe4\xf6\xfc\xdf")},
+        {QString::fromUtf8("\xe2\x82\xacuro"), 0x3F75726Fu, QStringLiteral("?uro")},
     };
     for (const Case& c : cases) {
         const ko::FourChars code(c.text);
@@ -60,6 +61,7 @@ TEST(FourChars, PacksFirstLetterIntoTheMostSignificantByte)
         EXPECT_EQ(ko::FourChars(&c.text), code);
         EXPECT_EQ(ko::FourChars(c.value).toString(), c.back);
         EXPECT_EQ(ko::FourChars(c.text.toLatin1().constData()), code);
+        EXPECT_EQ(static_cast<unsigned int>(ko::FourChars(QStringRef(&c.text))), c.value);
     }
 }
 
