@@ -6,8 +6,9 @@
 #   4. the Debian packages (cpack), unpacked into a scratch root, checked, and
 #      the consumer project built against that root;
 #   5. the Windows platform sources, compiled with MinGW (objects only);
-#   6. the tests that use threads under ThreadSanitizer;
-#   7. every fuzz target briefly on its corpus.
+#   6. the API reference (Doxygen), which must build without a warning;
+#   7. the tests that use threads under ThreadSanitizer;
+#   8. every fuzz target briefly on its corpus.
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
 step() { printf '\n=== %s ===\n' "$*"; }
@@ -70,6 +71,9 @@ echo "Debian packages: $((SECONDS - deb_start)) s"
 
 step "Windows platform sources (MinGW, objects only)"
 bash "$ROOT/scripts/check-windows.sh"
+
+step "API reference (Doxygen, no warnings)"
+bash "$ROOT/scripts/apidoc.sh"
 
 step "ThreadSanitizer build (the tests that use threads)"
 TSAN="$ROOT/build/tsan"
