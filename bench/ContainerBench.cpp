@@ -15,6 +15,8 @@
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 
+#include <cstdlib>
+
 namespace {
 
 const int k_payloadSize = 8 << 20;
@@ -61,7 +63,8 @@ void BM_ContainerWriteRead(benchmark::State& state)
 {
     static ko::crypto::RSAKeyPair keyPair = [] {
         ko::crypto::RSAKeyPair pair;
-        pair.generate(2048);
+        if (!pair.generate(2048))
+            std::abort();
         return pair;
     }();
     const ko::crypto::secure_string key = state.range(0) ? "benchmark key" : "";
@@ -72,11 +75,11 @@ void BM_ContainerWriteRead(benchmark::State& state)
     bool ok = true;
     for (auto _ : state) {
         ko::EncryptedFile out;
-        out.create(QFileInfo(path), key, level, ko::crypto::MessageDigest::SHA256);
+        ok = out.create(QFileInfo(path), key, level, ko::crypto::MessageDigest::SHA256) && ok;
         out.write(payload());
         out.close(signer, "bench");
         ko::EncryptedFile in;
-        in.open(QFileInfo(path), key);
+        ok = in.open(QFileInfo(path), key) && ok;
         back = in.readAll();
         if (state.range(2))
             ok = in.verify(keyPair) && ok;

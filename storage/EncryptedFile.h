@@ -8,6 +8,7 @@
 #include <CommonKit/support/crypto/SecureAllocator.h>
 #include <CommonKit/support/json/Variant.h>
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 
@@ -60,15 +61,16 @@ public:
 
     /// Starts a new file for writing (truncating an existing one). An empty
     /// key stores the payload unencrypted. Returns whether the device stack
-    /// was opened.
-    bool create(const QFileInfo& file, const crypto::secure_string& key,
+    /// was opened; when not, errorString() says why.
+    [[nodiscard]] bool create(const QFileInfo& file, const crypto::secure_string& key,
                 int compression = ZlibDevice::k_noCompression,
                 crypto::MessageDigest::Algorithm algorithm = crypto::MessageDigest::SHA256);
 
     /// Opens an existing file for reading with the key it was created with
     /// (a wrong key shows up as failing reads). False when the file does not
-    /// exist, cannot be opened or has a damaged trailer.
-    bool open(const QFileInfo& file, const crypto::secure_string& key);
+    /// exist, cannot be opened or has a damaged trailer; errorString() then
+    /// names the file and the check that failed.
+    [[nodiscard]] bool open(const QFileInfo& file, const crypto::secure_string& key);
 
     /// Finishes a file started with create(): flushes the stack, adds
     /// "signer" (when not empty) and the lengths to the metadata, signs when
@@ -79,8 +81,8 @@ public:
     /// not read yet, then checks the signature with the public key. False when
     /// not open for reading, without public key or signature, when the payload
     /// has more or fewer plain bytes than recorded, or when the signature does
-    /// not match. Call it once.
-    bool verify(const crypto::RSAKeyPair& keyPair);
+    /// not match, each with its reason in errorString(). Call it once.
+    [[nodiscard]] bool verify(const crypto::RSAKeyPair& keyPair);
 
     json::Variant& metaInfo() { return m_metaInfo; }
     const json::Variant& metaInfo() const { return m_metaInfo; }
@@ -122,9 +124,11 @@ protected:
     qint64 writeData(const char* data, qint64 maxSize) override;
 
 private:
+    Q_DECLARE_TR_FUNCTIONS(ko::EncryptedFile)
+
     /// Reads the trailer of an open file: its metadata object and the
-    /// payload length. False (with a logged reason) when it is damaged.
-    static bool readTrailer(QFile* file, json::Variant* metaInfo, qint64* payloadLength);
+    /// payload length. False with the reason in *error when it is damaged.
+    static bool readTrailer(QFile* file, json::Variant* metaInfo, qint64* payloadLength, QString* error);
     void deleteDevices();
 
     json::Variant m_metaInfo;

@@ -6,6 +6,8 @@
 
 namespace ko {
 
+class FilterDevice;
+
 /// A QIODevice that compresses what is written to it into another device, or
 /// decompresses what it reads from another device, as a zlib stream
 /// (RFC 1950: header, deflate data, Adler-32 check).
@@ -36,7 +38,7 @@ public:
                         QObject* parent = nullptr);
     ~ZlibDevice() override;
 
-    QIODevice* device() const { return m_device; }
+    QIODevice* device() const;
     int level() const { return m_level; }
 
     bool open(OpenMode mode) override;
@@ -44,27 +46,15 @@ public:
     bool isSequential() const override { return true; }
     bool atEnd() const override;
     qint64 bytesAvailable() const override;
-    bool hasError() const { return m_failed; }
+    bool hasError() const;
 
 protected:
     qint64 readData(char* data, qint64 maxSize) override;
     qint64 writeData(const char* data, qint64 maxSize) override;
 
 private:
-    bool fill() const;
-    bool fillImpl();
-    /// Reader: whether the wrapped device has nothing after the stream.
-    bool sourceAtEnd();
-    bool deflateInto(int flush);
-    void fail(const QString& reason);
-    void endStream();
-
-    QIODevice* m_device;
     int m_level;
-    struct Stream;
-    Stream* m_stream = nullptr;
-    bool m_finished = false;
-    bool m_failed = false;
+    FilterDevice* m_filter;
 };
 
 } // namespace ko

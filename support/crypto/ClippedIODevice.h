@@ -5,6 +5,9 @@
 #include <QIODevice>
 
 namespace ko {
+
+class FilterDevice;
+
 namespace crypto {
 
 /// A read-only QIODevice that reads from another device, starting at that
@@ -23,7 +26,7 @@ public:
     explicit ClippedIODevice(QIODevice* device, QObject* parent = nullptr);
     ~ClippedIODevice() override;
 
-    QIODevice* device() const { return m_device; }
+    QIODevice* device() const;
 
     /// Number of bytes the device delivers at most; a negative value removes
     /// the limit. May be set before or after opening.
@@ -43,9 +46,10 @@ protected:
     qint64 writeData(const char* data, qint64 maxSize) override;
 
 private:
+    class Filter;
     qint64 remaining() const;
 
-    QIODevice* m_device;
+    FilterDevice* m_filter;
     qint64 m_max = -1;
     qint64 m_origin = 0;
     qint64 m_consumed = 0;

@@ -6,6 +6,9 @@
 #include <QIODevice>
 
 namespace ko {
+
+class FilterDevice;
+
 namespace crypto {
 
 /// A QIODevice that passes reads and writes through to another device and
@@ -28,7 +31,7 @@ public:
                       QObject* parent = nullptr);
     ~DigestingIODevice() override;
 
-    QIODevice* device() const { return m_device; }
+    QIODevice* device() const;
     MessageDigest& messageDigest() { return *this; }
     const MessageDigest& messageDigest() const { return *this; }
 
@@ -40,13 +43,19 @@ public:
     bool atEnd() const override;
     qint64 bytesAvailable() const override;
     qint64 bytesToWrite() const override;
+    /// Whether a read or write of the wrapped device failed since opening
+    /// (errorString() then holds that device's reason).
+    bool hasError() const;
 
 protected:
     qint64 readData(char* data, qint64 maxSize) override;
     qint64 writeData(const char* data, qint64 maxSize) override;
 
 private:
-    QIODevice* m_device;
+    class Filter;
+    qint64 digested(const char* data, qint64 size);
+
+    FilterDevice* m_filter;
     qint64 m_pos = 0;
 };
 

@@ -9,6 +9,9 @@
 #include <cstdint>
 
 namespace ko {
+
+class FilterDevice;
+
 namespace crypto {
 
 /// The cipher behind IODevice: AES-256-GCM over numbered chunks.
@@ -83,7 +86,7 @@ public:
     IODevice(QIODevice* device, const secure_string& key, QObject* parent = nullptr);
     ~IODevice() override;
 
-    QIODevice* device() const { return m_device; }
+    QIODevice* device() const;
 
     bool open(OpenMode mode) override;
     void close() override;
@@ -91,29 +94,14 @@ public:
     bool atEnd() const override;
     qint64 bytesAvailable() const override;
     /// Whether reading met an error (the stream stays failed until closed).
-    bool hasError() const { return m_failed; }
+    bool hasError() const;
 
 protected:
     qint64 readData(char* data, qint64 maxSize) override;
     qint64 writeData(const char* data, qint64 maxSize) override;
 
 private:
-    bool fill() const;
-    bool fillImpl();
-    bool readHeader();
-    bool flushChunk(bool last);
-    qint64 readSource(char* data, qint64 size);
-    void fail(const QString& reason);
-
-    QIODevice* m_device;
-    QByteArray m_in;      // reader: sealed bytes not yet opened
-    QByteArray m_plain;   // reader: opened bytes; writer: bytes waiting for a chunk
-    qint64 m_plainPos = 0;
-    std::uint64_t m_counter = 0;
-    bool m_headerDone = false;
-    bool m_finished = false;
-    bool m_failed = false;
-    bool m_sourceEnd = false;
+    FilterDevice* m_filter;
 };
 
 } // namespace crypto
