@@ -56,7 +56,9 @@ public:
     /// logged error, but such a file cannot be opened again.
     static constexpr qint64 k_maxMetaInfoSize = 1 << 20;
 
+    /// A container that is not open; create() or open() a file with it.
     explicit EncryptedFile(QObject* parent = nullptr);
+    /// Closes without writing a trailer.
     ~EncryptedFile() override;
 
     /// Starts a new file for writing (truncating an existing one). An empty
@@ -84,7 +86,10 @@ public:
     /// not match, each with its reason in errorString(). Call it once.
     [[nodiscard]] bool verify(const crypto::RSAKeyPair& keyPair);
 
+    /// The metadata: after create() what the trailer will hold (callers may
+    /// add members before close()), after open() what the trailer holds.
     json::Variant& metaInfo() { return m_metaInfo; }
+    /// The metadata, read-only.
     const json::Variant& metaInfo() const { return m_metaInfo; }
 
     /// The metadata of a file, read from its trailer only (no key needed).
@@ -104,23 +109,34 @@ public:
     /// Closes the stack without writing a trailer; after create() use
     /// close(keyPair, signer) instead.
     void close() override;
+    /// When reading: whether all plain bytes were read.
     bool atEnd() const override;
+    /// Succeeds only when reading and no plain byte was read yet: the stack
+    /// cannot move back.
     bool reset() override;
+    /// Plain bytes read ahead and not handed out yet.
     qint64 bytesAvailable() const override;
+    /// Bytes the stack has still to write.
     qint64 bytesToWrite() const override;
 
 protected:
     /// Whether this host stores integers big-endian.
     static bool is_be();
-    /// Read or write `count` bytes that the file holds big-endian: on a
-    /// little-endian host their order is reversed (write_be leaves the
-    /// caller's buffer as it was). True when all bytes were transferred.
+    /// Reads `count` bytes that the file holds big-endian into `buffer` in
+    /// host order (reversed on a little-endian host). True when all bytes
+    /// were read.
     static bool read_be(QIODevice* device, char* buffer, int count);
+    /// Writes `count` bytes of `buffer`, held in host order, big-endian; the
+    /// caller's buffer stays as it was. True when all bytes were written.
     static bool write_be(QIODevice* device, char* buffer, int count);
     /// Reverses the bytes of [first, last).
     static void swap_bytes(char* first, char* last);
 
+    /// Reads plain bytes from the top of the stack; on failure errorString()
+    /// takes over the stack's reason.
     qint64 readData(char* data, qint64 maxSize) override;
+    /// Writes plain bytes into the top of the stack; on failure errorString()
+    /// takes over the stack's reason.
     qint64 writeData(const char* data, qint64 maxSize) override;
 
 private:

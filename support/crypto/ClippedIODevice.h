@@ -23,26 +23,47 @@ class COMMONKIT_EXPORT ClippedIODevice : public QIODevice
 {
     Q_OBJECT
 public:
+    /// A device over `device`, which it does not own, without a maximum.
     explicit ClippedIODevice(QIODevice* device, QObject* parent = nullptr);
+    /// Closes the device when it is open.
     ~ClippedIODevice() override;
 
+    /// The wrapped device given to the constructor.
     QIODevice* device() const;
 
     /// Number of bytes the device delivers at most; a negative value removes
     /// the limit. May be set before or after opening.
     void setMax(qint64 max);
+    /// The maximum, or -1 without one.
     qint64 max() const { return m_max; }
 
+    /// Opens read-only (always unbuffered, so that the wrapped device is read
+    /// exactly as far as the caller reads), opening the wrapped device when it
+    /// is closed; the starting point is the wrapped device's position now.
+    /// False, with the reason in errorString(), for any mode with writing, a
+    /// device that is already open, no wrapped device, or one not open for
+    /// reading.
     bool open(OpenMode mode) override;
+    /// Closes the device and the wrapped device.
     void close() override;
+    /// Whether the wrapped device is sequential (true without one).
     bool isSequential() const override;
+    /// The clipped size: what the wrapped device holds after the starting
+    /// point, at most max(). For a sequential device, bytesAvailable().
     qint64 size() const override;
+    /// Moves to `pos` after the starting point, within size(); false for a
+    /// sequential or closed device.
     bool seek(qint64 pos) override;
+    /// Whether max() bytes were delivered or the wrapped device is at its
+    /// end (true when closed).
     bool atEnd() const override;
+    /// What the wrapped device has available, at most what is left of max().
     qint64 bytesAvailable() const override;
 
 protected:
+    /// Reads from the wrapped device, no further than max() allows.
     qint64 readData(char* data, qint64 maxSize) override;
+    /// Always -1: the device is read-only.
     qint64 writeData(const char* data, qint64 maxSize) override;
 
 private:

@@ -27,28 +27,50 @@ class COMMONKIT_EXPORT DigestingIODevice : public QIODevice, public MessageDiges
 {
     Q_OBJECT
 public:
+    /// A device over `device`, which it does not own, digesting with
+    /// `algorithm`.
     DigestingIODevice(QIODevice* device, MessageDigest::Algorithm algorithm,
                       QObject* parent = nullptr);
+    /// Closes the device when it is open.
     ~DigestingIODevice() override;
 
+    /// The wrapped device given to the constructor.
     QIODevice* device() const;
+    /// The running digest, which is this object.
     MessageDigest& messageDigest() { return *this; }
+    /// The running digest, which is this object.
     const MessageDigest& messageDigest() const { return *this; }
-
-    bool open(OpenMode mode) override;
-    void close() override;
-    bool isSequential() const override { return true; }
-    qint64 pos() const override { return m_pos; }
-    bool seek(qint64 pos) override;
-    bool atEnd() const override;
-    qint64 bytesAvailable() const override;
-    qint64 bytesToWrite() const override;
     /// Whether a read or write of the wrapped device failed since opening
     /// (errorString() then holds that device's reason).
     bool hasError() const;
 
+    /// Opens with `mode` (always unbuffered), opening the wrapped device when
+    /// it is closed. False, with the reason in errorString(), for an Unknown
+    /// algorithm, a device that is already open, no wrapped device, or one
+    /// not open for the directions of `mode`. Opening does not reset the
+    /// digest.
+    bool open(OpenMode mode) override;
+    /// Closes the device and the wrapped device.
+    void close() override;
+    /// Always true: positions only count the bytes that passed.
+    bool isSequential() const override { return true; }
+    /// The number of bytes read or written since opening.
+    qint64 pos() const override { return m_pos; }
+    /// Reads and digests the bytes up to `pos`; false for a position behind
+    /// pos(), a device not open for reading, or when the wrapped device ends
+    /// or fails first.
+    bool seek(qint64 pos) override;
+    /// Whether the wrapped device is at its end (true when closed).
+    bool atEnd() const override;
+    /// What the wrapped device has available.
+    qint64 bytesAvailable() const override;
+    /// What the wrapped device has still to write.
+    qint64 bytesToWrite() const override;
+
 protected:
+    /// Reads from the wrapped device and digests what arrived.
     qint64 readData(char* data, qint64 maxSize) override;
+    /// Writes to the wrapped device and digests what it took.
     qint64 writeData(const char* data, qint64 maxSize) override;
 
 private:

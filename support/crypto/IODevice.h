@@ -25,14 +25,23 @@ namespace crypto {
 class COMMONKIT_EXPORT aes_context
 {
 public:
+    /// The format version, the first byte of a stream.
     static constexpr int k_version = 1;
+    /// Bytes of salt after the version byte.
     static constexpr int k_saltSize = 16;
+    /// Bytes before the first chunk: version and salt.
     static constexpr int k_headerSize = 1 + k_saltSize;
+    /// Plain bytes in every chunk but the last, which holds 0 to k_chunkSize.
     static constexpr int k_chunkSize = 65536;
+    /// Bytes of GCM tag after each chunk's ciphertext.
     static constexpr int k_tagSize = 16;
+    /// Bytes of the derived chunk key (AES-256).
     static constexpr int k_keySize = 32;
+    /// Bytes of a chunk's nonce.
     static constexpr int k_nonceSize = 12;
 
+    /// Keeps a copy of `key` (any length, even empty); there is no chunk key
+    /// until setSalt().
     explicit aes_context(const secure_string& key);
     aes_context(const aes_context&) = delete;
     aes_context& operator=(const aes_context&) = delete;
@@ -42,7 +51,9 @@ public:
     const secure_string& key() const { return m_key; }
 
     /// Derives the chunk key for a stream with this salt (k_saltSize bytes).
+    /// False when the derivation failed; there is no chunk key then.
     bool setSalt(const unsigned char* salt);
+    /// Whether setSalt() derived a chunk key.
     bool hasChunkKey() const { return m_ready; }
 
     /// Encrypts `size` (at most k_chunkSize) bytes into `out`, which receives
@@ -83,21 +94,46 @@ class COMMONKIT_EXPORT IODevice : public QIODevice, public aes_context
 {
     Q_OBJECT
 public:
+    /// A device over `device`, which it does not own, encrypting with
+    /// chunk keys derived from `key`.
     IODevice(QIODevice* device, const secure_string& key, QObject* parent = nullptr);
+    /// Closes the device when it is open (a writer seals its last chunk)
+    /// and wipes the buffered plain bytes.
     ~IODevice() override;
 
+    /// The wrapped device given to the constructor.
     QIODevice* device() const;
-
-    bool open(OpenMode mode) override;
-    void close() override;
-    bool isSequential() const override;
-    bool atEnd() const override;
-    qint64 bytesAvailable() const override;
-    /// Whether reading met an error (the stream stays failed until closed).
+    /// Whether the stream failed: a chunk did not authenticate (wrong key, a
+    /// changed or cut stream), the stream is not one of ours, or the wrapped
+    /// device failed. The device stays failed until it is opened again;
+    /// errorString() says why.
     bool hasError() const;
 
+    /// Opens for reading (decrypting) or for writing (encrypting), opening
+    /// the wrapped device when it is closed. A writer writes the header with
+    /// a new random salt at once. False, with the reason in errorString(),
+    /// for both directions or Append, a device that is already open, no
+    /// wrapped device, one open for the other direction only, or a header
+    /// that cannot be written.
+    bool open(OpenMode mode) override;
+    /// A writer seals the buffered rest as the last chunk; then the wrapped
+    /// device is closed too.
+    void close() override;
+    /// Always true: chunks are read and written in order only.
+    bool isSequential() const override;
+    /// Reader: whether the last chunk was read and handed out (reading and
+    /// checking the next chunk when nothing is buffered); true for a writer
+    /// or a closed device.
+    bool atEnd() const override;
+    /// The decrypted bytes of the current chunk not read yet.
+    qint64 bytesAvailable() const override;
+
 protected:
+    /// Hands out the plain bytes of checked chunks; -1 once the stream
+    /// failed.
     qint64 readData(char* data, qint64 maxSize) override;
+    /// Buffers the bytes and seals every full chunk into the wrapped device
+    /// once more bytes follow it; -1 when that fails.
     qint64 writeData(const char* data, qint64 maxSize) override;
 
 private:
