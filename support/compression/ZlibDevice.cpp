@@ -31,7 +31,7 @@ public:
         return QString();
     }
 
-    bool start(FilterDevice& device, QIODevice::OpenMode mode) override
+    bool start(FilterDevicePrivate& device, QIODevice::OpenMode mode) override
     {
         m_writing = mode & QIODevice::WriteOnly;
         std::memset(&m_z, 0, sizeof m_z);
@@ -66,7 +66,7 @@ public:
         return ZlibDevice::tr("Cannot write the compressed stream: %1").arg(reason);
     }
 
-    bool decode(FilterDevice& device, QByteArray& out) override
+    bool decode(FilterDevicePrivate& device, QByteArray& out) override
     {
         if (m_z.avail_in == 0 && !device.wrappedEnded()) {
             const qint64 n = device.readWrapped(reinterpret_cast<char*>(m_buffer.data()),
@@ -104,7 +104,7 @@ public:
         return true;
     }
 
-    bool encode(FilterDevice& device, const char* data, qint64 size) override
+    bool encode(FilterDevicePrivate& device, const char* data, qint64 size) override
     {
         qint64 done = 0;
         while (done < size) {
@@ -118,18 +118,18 @@ public:
         return true;
     }
 
-    bool finish(FilterDevice& device) override { return deflateInto(device, Z_FINISH); }
+    bool finish(FilterDevicePrivate& device) override { return deflateInto(device, Z_FINISH); }
 
 private:
     // Reader at the end of the stream: whether the wrapped device has nothing
     // after it.
-    static bool nothingFollows(FilterDevice& device)
+    static bool nothingFollows(FilterDevicePrivate& device)
     {
         char extra = 0;
         return device.wrappedEnded() || device.readWrapped(&extra, 1) == 0;
     }
 
-    bool deflateInto(FilterDevice& device, int flush)
+    bool deflateInto(FilterDevicePrivate& device, int flush)
     {
         for (;;) {
             m_z.next_out = m_buffer.data();
@@ -161,25 +161,8 @@ private:
 } // namespace
 
 ZlibDevice::ZlibDevice(QIODevice* device, int level, QObject* parent)
-    : QIODevice(parent),
-      m_level(level),
-      m_filter(new FilterDevice(*this, device, [this](const QString& error) { setErrorString(error); },
-                                std::make_unique<ZlibTransform>(level)))
+    : FilterDevice(device, new ZlibTransform(level), parent), m_level(level)
 {
 }
-
-ZlibDevice::~ZlibDevice()
-{
-    delete m_filter;
-}
-
-QIODevice* ZlibDevice::device() const { return m_filter->wrapped(); }
-bool ZlibDevice::hasError() const { return m_filter->hasError(); }
-bool ZlibDevice::open(OpenMode mode) { return m_filter->open(mode); }
-void ZlibDevice::close() { m_filter->close(); }
-bool ZlibDevice::atEnd() const { return m_filter->atEnd(); }
-qint64 ZlibDevice::bytesAvailable() const { return m_filter->bytesAvailable(); }
-qint64 ZlibDevice::readData(char* data, qint64 maxSize) { return m_filter->read(data, maxSize); }
-qint64 ZlibDevice::writeData(const char* data, qint64 maxSize) { return m_filter->write(data, maxSize); }
 
 } // namespace ko

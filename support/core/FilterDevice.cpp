@@ -39,30 +39,24 @@ void wipe(QByteArray& bytes)
 
 FilterTransform::~FilterTransform() = default;
 
-FilterDevice::FilterDevice(QIODevice& host, QIODevice* wrapped, ErrorSetter setErrorString,
-                           std::unique_ptr<FilterTransform> transform)
-    : m_host(host),
-      m_wrapped(wrapped),
-      m_setErrorString(std::move(setErrorString)),
-      m_transform(std::move(transform)),
-      m_stream(dynamic_cast<StreamTransform*>(m_transform.get()))
+FilterDevicePrivate::FilterDevicePrivate(FilterDevice& host, QIODevice* wrapped, FilterTransform* transform)
+    : m_host(host), m_wrapped(wrapped), m_transform(transform), m_stream(dynamic_cast<StreamTransform*>(transform))
 {
 }
 
-FilterDevice::~FilterDevice()
+FilterDevicePrivate::~FilterDevicePrivate()
 {
-    close();
     m_transform->stop();
     clearBuffer();
 }
 
-bool FilterDevice::open(QIODevice::OpenMode mode)
+bool FilterDevicePrivate::open(QIODevice::OpenMode mode)
 {
     QString error = m_transform->openError(mode);
     if (error.isEmpty())
         error = openWrapped(m_host, m_wrapped, mode);
     if (!error.isEmpty()) {
-        m_setErrorString(error);
+        m_host.setErrorString(error);
         return false;
     }
     m_transform->stop();
@@ -75,7 +69,7 @@ bool FilterDevice::open(QIODevice::OpenMode mode)
     return m_host.QIODevice::open(mode | QIODevice::Unbuffered);
 }
 
-void FilterDevice::close()
+void FilterDevicePrivate::close()
 {
     if (!m_host.isOpen())
         return;
@@ -88,23 +82,23 @@ void FilterDevice::close()
         m_wrapped->close();
 }
 
-bool FilterDevice::atEnd() const
+bool FilterDevicePrivate::atEnd() const
 {
     if (!m_stream || !(m_host.openMode() & QIODevice::ReadOnly))
         return true;
     if (m_bufferPos < m_buffer.size())
         return false;
     // Decoding ahead changes no observable state but the buffer.
-    const_cast<FilterDevice*>(this)->fill();
+    const_cast<FilterDevicePrivate*>(this)->fill();
     return m_bufferPos >= m_buffer.size();
 }
 
-qint64 FilterDevice::bytesAvailable() const
+qint64 FilterDevicePrivate::bytesAvailable() const
 {
     return (m_buffer.size() - m_bufferPos) + m_host.QIODevice::bytesAvailable();
 }
 
-qint64 FilterDevice::read(char* data, qint64 maxSize)
+qint64 FilterDevicePrivate::read(char* data, qint64 maxSize)
 {
     if (m_failed || !m_stream || !(m_host.openMode() & QIODevice::ReadOnly))
         return -1;
@@ -123,7 +117,7 @@ qint64 FilterDevice::read(char* data, qint64 maxSize)
     return done;
 }
 
-qint64 FilterDevice::write(const char* data, qint64 maxSize)
+qint64 FilterDevicePrivate::write(const char* data, qint64 maxSize)
 {
     if (m_failed || !m_stream || !(m_host.openMode() & QIODevice::WriteOnly))
         return -1;
@@ -132,7 +126,7 @@ qint64 FilterDevice::write(const char* data, qint64 maxSize)
 
 // Decodes until there are bytes to hand out or the stream ended; false when
 // it failed.
-bool FilterDevice::fill()
+bool FilterDevicePrivate::fill()
 {
     while (!m_failed && m_bufferPos >= m_buffer.size() && !m_streamEnded) {
         // What was handed out may be plain text of an encrypted stream.
@@ -144,7 +138,7 @@ bool FilterDevice::fill()
     return !m_failed;
 }
 
-qint64 FilterDevice::readWrapped(char* data, qint64 size)
+qint64 FilterDevicePrivate::readWrapped(char* data, qint64 size)
 {
     const qint64 n = m_wrapped->read(data, size);
     if (n < 0)
@@ -154,7 +148,7 @@ qint64 FilterDevice::readWrapped(char* data, qint64 size)
     return n;
 }
 
-qint64 FilterDevice::writeWrapped(const char* data, qint64 size)
+qint64 FilterDevicePrivate::writeWrapped(const char* data, qint64 size)
 {
     const qint64 n = m_wrapped->write(data, size);
     if (n < 0)
@@ -162,7 +156,7 @@ qint64 FilterDevice::writeWrapped(const char* data, qint64 size)
     return n;
 }
 
-qint64 FilterDevice::readWrappedFully(char* data, qint64 size)
+qint64 FilterDevicePrivate::readWrappedFully(char* data, qint64 size)
 {
     qint64 done = 0;
     while (done < size && !m_wrappedEnded) {
@@ -174,7 +168,7 @@ qint64 FilterDevice::readWrappedFully(char* data, qint64 size)
     return done;
 }
 
-bool FilterDevice::writeWrappedFully(const char* data, qint64 size)
+bool FilterDevicePrivate::writeWrappedFully(const char* data, qint64 size)
 {
     qint64 written = 0;
     while (written < size) {
@@ -188,18 +182,39 @@ bool FilterDevice::writeWrappedFully(const char* data, qint64 size)
     return true;
 }
 
-void FilterDevice::fail(const QString& reason)
+void FilterDevicePrivate::fail(const QString& reason)
 {
     m_failed = true;
     clearBuffer();
-    m_setErrorString(reason);
+    m_host.setErrorString(reason);
 }
 
-void FilterDevice::clearBuffer()
+void FilterDevicePrivate::clearBuffer()
 {
     wipe(m_buffer);
     m_buffer.resize(0);
     m_bufferPos = 0;
 }
+
+FilterDevice::FilterDevice(QIODevice* device, FilterTransform* transform, QObject* parent)
+    : QIODevice(parent), m_d(new FilterDevicePrivate(*this, device, transform))
+{
+}
+
+FilterDevice::~FilterDevice()
+{
+    close();
+    delete m_d;
+}
+
+QIODevice* FilterDevice::device() const { return m_d->wrapped(); }
+bool FilterDevice::hasError() const { return m_d->hasError(); }
+bool FilterDevice::open(OpenMode mode) { return m_d->open(mode); }
+void FilterDevice::close() { m_d->close(); }
+bool FilterDevice::isSequential() const { return true; }
+bool FilterDevice::atEnd() const { return m_d->atEnd(); }
+qint64 FilterDevice::bytesAvailable() const { return m_d->bytesAvailable(); }
+qint64 FilterDevice::readData(char* data, qint64 maxSize) { return m_d->read(data, maxSize); }
+qint64 FilterDevice::writeData(const char* data, qint64 maxSize) { return m_d->write(data, maxSize); }
 
 } // namespace ko

@@ -15,20 +15,17 @@
 // const atEnd()). A filter adds only its transform: a FilterTransform for a
 // pass-through filter, a StreamTransform for a stream filter.
 //
-// The public device class holds a FilterDevice and forwards its QIODevice
-// overrides to it; QIODevice::setErrorString() is protected, so the device
-// hands the FilterDevice a function that sets it.
+// FilterDevice, the public base of the filters, forwards its QIODevice
+// overrides to the FilterDevicePrivate it holds.
+
+#include <CommonKit/support/core/FilterDevice.h>
 
 #include <QByteArray>
-#include <QIODevice>
 #include <QString>
 
-#include <functional>
 #include <memory>
 
 namespace ko {
-
-class FilterDevice;
 
 // What differs between filters: which modes they open in, what they set up
 // when a stream starts, and how they name a failing wrapped device.
@@ -42,7 +39,7 @@ public:
     virtual QString openError(QIODevice::OpenMode mode) const = 0;
     // Sets up a new stream once the wrapped device is open. Returns false
     // after calling device.fail() with the reason.
-    virtual bool start(FilterDevice& device, QIODevice::OpenMode mode) = 0;
+    virtual bool start(FilterDevicePrivate& device, QIODevice::OpenMode mode) = 0;
     // Drops the state of the current stream, wiping what may be secret.
     // Called when the device closes, before it starts again and when it is
     // destroyed.
@@ -68,27 +65,23 @@ public:
     // decoded stream (it may be empty), reading the wrapped device through
     // `device`; calls device.endOfStream() once the stream is complete.
     // Returns false after calling device.fail().
-    virtual bool decode(FilterDevice& device, QByteArray& out) = 0;
+    virtual bool decode(FilterDevicePrivate& device, QByteArray& out) = 0;
     // Writer: takes `size` bytes, writing what it can pass on through
     // `device`. Returns false after calling device.fail().
-    virtual bool encode(FilterDevice& device, const char* data, qint64 size) = 0;
+    virtual bool encode(FilterDevicePrivate& device, const char* data, qint64 size) = 0;
     // Writer: writes whatever is pending and the end of the stream.
-    virtual bool finish(FilterDevice& device) = 0;
+    virtual bool finish(FilterDevicePrivate& device) = 0;
 };
 
-class FilterDevice
+class FilterDevicePrivate
 {
 public:
-    using ErrorSetter = std::function<void(const QString&)>;
-
-    // `host` is the public device that forwards to this one; `wrapped` the
-    // device it filters (not owned, may be null: opening then fails).
-    FilterDevice(QIODevice& host, QIODevice* wrapped, ErrorSetter setErrorString,
-                 std::unique_ptr<FilterTransform> transform);
-    // Closes the host when it is still open (finishing a writer's stream).
-    ~FilterDevice();
-    FilterDevice(const FilterDevice&) = delete;
-    FilterDevice& operator=(const FilterDevice&) = delete;
+    // `host` is the public device; `wrapped` the device it filters (not
+    // owned, may be null: opening then fails); `transform` is owned.
+    FilterDevicePrivate(FilterDevice& host, QIODevice* wrapped, FilterTransform* transform);
+    ~FilterDevicePrivate();
+    FilterDevicePrivate(const FilterDevicePrivate&) = delete;
+    FilterDevicePrivate& operator=(const FilterDevicePrivate&) = delete;
 
     QIODevice* wrapped() const { return m_wrapped; }
 
@@ -125,9 +118,8 @@ private:
     bool fill();
     void clearBuffer();
 
-    QIODevice& m_host;
+    FilterDevice& m_host;
     QIODevice* m_wrapped;
-    ErrorSetter m_setErrorString;
     std::unique_ptr<FilterTransform> m_transform;
     StreamTransform* m_stream; // m_transform when it is a stream filter, else null
     QByteArray m_buffer;       // reader: decoded bytes

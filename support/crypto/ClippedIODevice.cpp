@@ -19,7 +19,8 @@ public:
         return QString();
     }
 
-    bool start(FilterDevice& device, QIODevice::OpenMode) override
+    // The starting point is the wrapped device's position at opening.
+    bool start(FilterDevicePrivate& device, QIODevice::OpenMode) override
     {
         m_device.m_origin = device.wrapped()->isSequential() ? 0 : device.wrapped()->pos();
         m_device.m_consumed = 0;
@@ -31,28 +32,14 @@ private:
 };
 
 ClippedIODevice::ClippedIODevice(QIODevice* device, QObject* parent)
-    : QIODevice(parent),
-      m_filter(new FilterDevice(*this, device, [this](const QString& error) { setErrorString(error); },
-                                std::make_unique<Filter>(*this)))
+    : FilterDevice(device, new Filter(*this), parent)
 {
 }
-
-ClippedIODevice::~ClippedIODevice()
-{
-    delete m_filter;
-}
-
-QIODevice* ClippedIODevice::device() const { return m_filter->wrapped(); }
 
 void ClippedIODevice::setMax(qint64 max)
 {
     m_max = max < 0 ? -1 : max;
 }
-
-// Unbuffered (as the filter opens it): the wrapped device is read exactly as
-// far as our reader asks, so its position stays meaningful.
-bool ClippedIODevice::open(OpenMode mode) { return m_filter->open(mode); }
-void ClippedIODevice::close() { m_filter->close(); }
 
 bool ClippedIODevice::isSequential() const
 {
@@ -106,7 +93,9 @@ qint64 ClippedIODevice::readData(char* data, qint64 maxSize)
     const qint64 want = rest < 0 ? maxSize : std::min(maxSize, rest);
     if (want == 0)
         return 0;
-    const qint64 n = m_filter->readWrapped(data, want);
+    // Unbuffered (as every filter is opened): the wrapped device is read
+    // exactly as far as our reader asks, so its position stays meaningful.
+    const qint64 n = filter()->readWrapped(data, want);
     if (n > 0)
         m_consumed += n;
     return n;

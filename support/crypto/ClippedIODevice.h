@@ -1,13 +1,9 @@
 #pragma once
 
 #include <CommonKit/support/core/Export.h>
-
-#include <QIODevice>
+#include <CommonKit/support/core/FilterDevice.h>
 
 namespace ko {
-
-class FilterDevice;
-
 namespace crypto {
 
 /// A read-only QIODevice that reads from another device, starting at that
@@ -15,21 +11,15 @@ namespace crypto {
 /// (the rest of the wrapped device when no maximum is set).
 ///
 /// Over a random-access device it is random-access too: positions are
-/// relative to the starting point and size() is the clipped size. Opening
-/// opens the wrapped device read-only when it is not open yet; closing
-/// closes it. The device does not own the wrapped device, which must outlive it
-/// (destroying an open device closes it).
-class COMMONKIT_EXPORT ClippedIODevice : public QIODevice
+/// relative to the starting point and size() is the clipped size. It opens
+/// read-only only; the wrapped device is opened, closed and not owned as
+/// FilterDevice describes.
+class COMMONKIT_EXPORT ClippedIODevice : public FilterDevice
 {
     Q_OBJECT
 public:
     /// A device over `device`, which it does not own, without a maximum.
     explicit ClippedIODevice(QIODevice* device, QObject* parent = nullptr);
-    /// Closes the device when it is open.
-    ~ClippedIODevice() override;
-
-    /// The wrapped device given to the constructor.
-    QIODevice* device() const;
 
     /// Number of bytes the device delivers at most; a negative value removes
     /// the limit. May be set before or after opening.
@@ -37,15 +27,6 @@ public:
     /// The maximum, or -1 without one.
     qint64 max() const { return m_max; }
 
-    /// Opens read-only (always unbuffered, so that the wrapped device is read
-    /// exactly as far as the caller reads), opening the wrapped device when it
-    /// is closed; the starting point is the wrapped device's position now.
-    /// False, with the reason in errorString(), for any mode with writing, a
-    /// device that is already open, no wrapped device, or one not open for
-    /// reading.
-    bool open(OpenMode mode) override;
-    /// Closes the device and the wrapped device.
-    void close() override;
     /// Whether the wrapped device is sequential (true without one).
     bool isSequential() const override;
     /// The clipped size: what the wrapped device holds after the starting
@@ -70,7 +51,6 @@ private:
     class Filter;
     qint64 remaining() const;
 
-    FilterDevice* m_filter;
     qint64 m_max = -1;
     qint64 m_origin = 0;
     qint64 m_consumed = 0;

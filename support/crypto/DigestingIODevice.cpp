@@ -17,7 +17,7 @@ public:
         return m_device.isValid() ? QString() : DigestingIODevice::tr("Unknown digest algorithm.");
     }
 
-    bool start(FilterDevice&, QIODevice::OpenMode) override
+    bool start(FilterDevicePrivate&, QIODevice::OpenMode) override
     {
         m_device.m_pos = 0;
         return true;
@@ -29,22 +29,9 @@ private:
 
 DigestingIODevice::DigestingIODevice(QIODevice* device, MessageDigest::Algorithm algorithm,
                                      QObject* parent)
-    : QIODevice(parent),
-      MessageDigest(algorithm),
-      m_filter(new FilterDevice(*this, device, [this](const QString& error) { setErrorString(error); },
-                                std::make_unique<Filter>(*this)))
+    : FilterDevice(device, new Filter(*this), parent), MessageDigest(algorithm)
 {
 }
-
-DigestingIODevice::~DigestingIODevice()
-{
-    delete m_filter;
-}
-
-QIODevice* DigestingIODevice::device() const { return m_filter->wrapped(); }
-bool DigestingIODevice::open(OpenMode mode) { return m_filter->open(mode); }
-void DigestingIODevice::close() { m_filter->close(); }
-bool DigestingIODevice::hasError() const { return m_filter->hasError(); }
 
 bool DigestingIODevice::seek(qint64 pos)
 {
@@ -76,12 +63,12 @@ qint64 DigestingIODevice::bytesToWrite() const
 
 qint64 DigestingIODevice::readData(char* data, qint64 maxSize)
 {
-    return digested(data, m_filter->readWrapped(data, maxSize));
+    return digested(data, filter()->readWrapped(data, maxSize));
 }
 
 qint64 DigestingIODevice::writeData(const char* data, qint64 maxSize)
 {
-    return digested(data, m_filter->writeWrapped(data, maxSize));
+    return digested(data, filter()->writeWrapped(data, maxSize));
 }
 
 // Feeds the `size` bytes that passed into the digest; a negative size is the

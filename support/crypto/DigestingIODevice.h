@@ -1,14 +1,10 @@
 #pragma once
 
 #include <CommonKit/support/core/Export.h>
+#include <CommonKit/support/core/FilterDevice.h>
 #include <CommonKit/support/crypto/MessageDigest.h>
 
-#include <QIODevice>
-
 namespace ko {
-
-class FilterDevice;
-
 namespace crypto {
 
 /// A QIODevice that passes reads and writes through to another device and
@@ -20,10 +16,10 @@ namespace crypto {
 /// that passed; seek() moves only forward, by reading (and digesting) the
 /// bytes in between.
 ///
-/// Opening opens the wrapped device with the same mode when it is not open
-/// yet; closing closes it. The device does not own the wrapped device, which must outlive it
-/// (destroying an open device closes it).
-class COMMONKIT_EXPORT DigestingIODevice : public QIODevice, public MessageDigest
+/// It opens in any mode that the wrapped device allows (an Unknown algorithm
+/// refuses to open); the wrapped device is opened, closed and not owned as
+/// FilterDevice describes.
+class COMMONKIT_EXPORT DigestingIODevice : public FilterDevice, public MessageDigest
 {
     Q_OBJECT
 public:
@@ -31,29 +27,12 @@ public:
     /// `algorithm`.
     DigestingIODevice(QIODevice* device, MessageDigest::Algorithm algorithm,
                       QObject* parent = nullptr);
-    /// Closes the device when it is open.
-    ~DigestingIODevice() override;
 
-    /// The wrapped device given to the constructor.
-    QIODevice* device() const;
     /// The running digest, which is this object.
     MessageDigest& messageDigest() { return *this; }
     /// The running digest, which is this object.
     const MessageDigest& messageDigest() const { return *this; }
-    /// Whether a read or write of the wrapped device failed since opening
-    /// (errorString() then holds that device's reason).
-    bool hasError() const;
 
-    /// Opens with `mode` (always unbuffered), opening the wrapped device when
-    /// it is closed. False, with the reason in errorString(), for an Unknown
-    /// algorithm, a device that is already open, no wrapped device, or one
-    /// not open for the directions of `mode`. Opening does not reset the
-    /// digest.
-    bool open(OpenMode mode) override;
-    /// Closes the device and the wrapped device.
-    void close() override;
-    /// Always true: positions only count the bytes that passed.
-    bool isSequential() const override { return true; }
     /// The number of bytes read or written since opening.
     qint64 pos() const override { return m_pos; }
     /// Reads and digests the bytes up to `pos`; false for a position behind
@@ -77,7 +56,6 @@ private:
     class Filter;
     qint64 digested(const char* data, qint64 size);
 
-    FilterDevice* m_filter;
     qint64 m_pos = 0;
 };
 

@@ -139,7 +139,7 @@ public:
                               : IODevice::tr("The encrypting device is opened either for reading or for writing.");
     }
 
-    bool start(FilterDevice& device, QIODevice::OpenMode mode) override
+    bool start(FilterDevicePrivate& device, QIODevice::OpenMode mode) override
     {
         m_counter = 0;
         m_headerDone = false;
@@ -178,7 +178,7 @@ public:
         return IODevice::tr("Cannot write the encrypted stream: %1").arg(reason);
     }
 
-    bool decode(FilterDevice& device, QByteArray& out) override
+    bool decode(FilterDevicePrivate& device, QByteArray& out) override
     {
         if (!m_headerDone && !readHeader(device))
             return false;
@@ -219,7 +219,7 @@ public:
         return true;
     }
 
-    bool encode(FilterDevice& device, const char* data, qint64 size) override
+    bool encode(FilterDevicePrivate& device, const char* data, qint64 size) override
     {
         qint64 done = 0;
         while (done < size) {
@@ -235,10 +235,10 @@ public:
         return true;
     }
 
-    bool finish(FilterDevice& device) override { return sealPending(device, true); }
+    bool finish(FilterDevicePrivate& device) override { return sealPending(device, true); }
 
 private:
-    bool readHeader(FilterDevice& device)
+    bool readHeader(FilterDevicePrivate& device)
     {
         char header[aes_context::k_headerSize];
         const qint64 n = device.readWrappedFully(header, aes_context::k_headerSize);
@@ -261,7 +261,7 @@ private:
         return true;
     }
 
-    bool sealPending(FilterDevice& device, bool last)
+    bool sealPending(FilterDevicePrivate& device, bool last)
     {
         QByteArray sealed(m_pending.size() + aes_context::k_tagSize, Qt::Uninitialized);
         if (!m_cipher.sealChunk(m_counter, last, reinterpret_cast<const unsigned char*>(m_pending.constData()),
@@ -285,27 +285,14 @@ private:
 } // namespace
 
 IODevice::IODevice(QIODevice* device, const secure_string& key, QObject* parent)
-    : QIODevice(parent),
-      aes_context(key),
-      m_filter(new FilterDevice(*this, device, [this](const QString& error) { setErrorString(error); },
-                                std::make_unique<CipherTransform>(*this)))
+    : FilterDevice(device, new CipherTransform(*this), parent), aes_context(key)
 {
 }
 
 IODevice::~IODevice()
 {
-    delete m_filter;
+    close();
 }
-
-QIODevice* IODevice::device() const { return m_filter->wrapped(); }
-bool IODevice::hasError() const { return m_filter->hasError(); }
-bool IODevice::isSequential() const { return true; }
-bool IODevice::open(OpenMode mode) { return m_filter->open(mode); }
-void IODevice::close() { m_filter->close(); }
-bool IODevice::atEnd() const { return m_filter->atEnd(); }
-qint64 IODevice::bytesAvailable() const { return m_filter->bytesAvailable(); }
-qint64 IODevice::readData(char* data, qint64 maxSize) { return m_filter->read(data, maxSize); }
-qint64 IODevice::writeData(const char* data, qint64 maxSize) { return m_filter->write(data, maxSize); }
 
 } // namespace crypto
 } // namespace ko

@@ -1,17 +1,12 @@
 #pragma once
 
 #include <CommonKit/support/core/Export.h>
+#include <CommonKit/support/core/FilterDevice.h>
 #include <CommonKit/support/crypto/SecureAllocator.h>
-
-#include <QByteArray>
-#include <QIODevice>
 
 #include <cstdint>
 
 namespace ko {
-
-class FilterDevice;
-
 namespace crypto {
 
 /// The cipher behind IODevice: AES-256-GCM over numbered chunks.
@@ -80,64 +75,25 @@ private:
 /// decrypts what it reads from another device: authenticated streaming
 /// encryption with AES-256-GCM in chunks of 64 KiB (see aes_context).
 ///
-/// Open it ReadOnly or WriteOnly (not both). Opening opens the wrapped device
-/// with the same mode when that one is not open yet; closing a writer seals
-/// the buffered rest as the last chunk, and closing either kind closes the
-/// wrapped device. The device does not own the wrapped device, which must outlive it
-/// (destroying an open device closes it).
+/// Open it ReadOnly or WriteOnly (not both). Opening a writer writes the
+/// header with a new random salt; closing it seals the buffered rest as the
+/// last chunk. The wrapped device is opened, closed and not owned as
+/// FilterDevice describes.
 ///
 /// A reader checks every chunk before it hands out its bytes. read() returns
 /// -1 and errorString() says why when a chunk was tampered with, the key is
 /// wrong, the stream is not one of ours, or the stream ends before its last
 /// chunk. Memory use is bounded by two chunks whatever the stream size.
-class COMMONKIT_EXPORT IODevice : public QIODevice, public aes_context
+class COMMONKIT_EXPORT IODevice : public FilterDevice, public aes_context
 {
     Q_OBJECT
 public:
     /// A device over `device`, which it does not own, encrypting with
     /// chunk keys derived from `key`.
     IODevice(QIODevice* device, const secure_string& key, QObject* parent = nullptr);
-    /// Closes the device when it is open (a writer seals its last chunk)
-    /// and wipes the buffered plain bytes.
+    /// Closes the device when it is open (a writer seals its last chunk
+    /// while the cipher is still there) and wipes the buffered plain bytes.
     ~IODevice() override;
-
-    /// The wrapped device given to the constructor.
-    QIODevice* device() const;
-    /// Whether the stream failed: a chunk did not authenticate (wrong key, a
-    /// changed or cut stream), the stream is not one of ours, or the wrapped
-    /// device failed. The device stays failed until it is opened again;
-    /// errorString() says why.
-    bool hasError() const;
-
-    /// Opens for reading (decrypting) or for writing (encrypting), opening
-    /// the wrapped device when it is closed. A writer writes the header with
-    /// a new random salt at once. False, with the reason in errorString(),
-    /// for both directions or Append, a device that is already open, no
-    /// wrapped device, one open for the other direction only, or a header
-    /// that cannot be written.
-    bool open(OpenMode mode) override;
-    /// A writer seals the buffered rest as the last chunk; then the wrapped
-    /// device is closed too.
-    void close() override;
-    /// Always true: chunks are read and written in order only.
-    bool isSequential() const override;
-    /// Reader: whether the last chunk was read and handed out (reading and
-    /// checking the next chunk when nothing is buffered); true for a writer
-    /// or a closed device.
-    bool atEnd() const override;
-    /// The decrypted bytes of the current chunk not read yet.
-    qint64 bytesAvailable() const override;
-
-protected:
-    /// Hands out the plain bytes of checked chunks; -1 once the stream
-    /// failed.
-    qint64 readData(char* data, qint64 maxSize) override;
-    /// Buffers the bytes and seals every full chunk into the wrapped device
-    /// once more bytes follow it; -1 when that fails.
-    qint64 writeData(const char* data, qint64 maxSize) override;
-
-private:
-    FilterDevice* m_filter;
 };
 
 } // namespace crypto
