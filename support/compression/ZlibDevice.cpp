@@ -56,14 +56,11 @@ public:
         m_started = false;
     }
 
-    QString readFailed(const QString& reason) const override
+    QString wrappedFailed(bool reading, const QString& reason) const override
     {
-        return ZlibDevice::tr("Cannot read the compressed stream: %1").arg(reason);
-    }
-
-    QString writeFailed(const QString& reason) const override
-    {
-        return ZlibDevice::tr("Cannot write the compressed stream: %1").arg(reason);
+        return (reading ? ZlibDevice::tr("Cannot read the compressed stream: %1")
+                        : ZlibDevice::tr("Cannot write the compressed stream: %1"))
+            .arg(reason);
     }
 
     bool decode(FilterDevicePrivate& device, QByteArray& out) override

@@ -142,7 +142,7 @@ qint64 FilterDevicePrivate::readWrapped(char* data, qint64 size)
 {
     const qint64 n = m_wrapped->read(data, size);
     if (n < 0)
-        fail(m_transform->readFailed(m_wrapped->errorString()));
+        fail(m_transform->wrappedFailed(true, m_wrapped->errorString()));
     else if (n == 0)
         m_wrappedEnded = true;
     return n;
@@ -152,7 +152,7 @@ qint64 FilterDevicePrivate::writeWrapped(const char* data, qint64 size)
 {
     const qint64 n = m_wrapped->write(data, size);
     if (n < 0)
-        fail(m_transform->writeFailed(m_wrapped->errorString()));
+        fail(m_transform->wrappedFailed(false, m_wrapped->errorString()));
     return n;
 }
 
@@ -174,7 +174,7 @@ bool FilterDevicePrivate::writeWrappedFully(const char* data, qint64 size)
     while (written < size) {
         const qint64 n = m_wrapped->write(data + written, size - written);
         if (n <= 0) {
-            fail(m_transform->writeFailed(m_wrapped->errorString()));
+            fail(m_transform->wrappedFailed(false, m_wrapped->errorString()));
             return false;
         }
         written += n;

@@ -44,10 +44,13 @@ public:
     // Called when the device closes, before it starts again and when it is
     // destroyed.
     virtual void stop() {}
-    // The error text for a failed read or write of the wrapped device, whose
-    // own errorString() is `reason`. By default the reason as it stands.
-    virtual QString readFailed(const QString& reason) const { return reason; }
-    virtual QString writeFailed(const QString& reason) const { return reason; }
+    // The error text for a failed read (or write) of the wrapped device,
+    // whose own errorString() is `reason`. By default the reason as it stands.
+    virtual QString wrappedFailed(bool reading, const QString& reason) const
+    {
+        Q_UNUSED(reading)
+        return reason;
+    }
 };
 
 // A filter that turns one byte stream into another. It is opened for

@@ -168,14 +168,11 @@ public:
         m_in.clear();
     }
 
-    QString readFailed(const QString& reason) const override
+    QString wrappedFailed(bool reading, const QString& reason) const override
     {
-        return IODevice::tr("Cannot read the encrypted stream: %1").arg(reason);
-    }
-
-    QString writeFailed(const QString& reason) const override
-    {
-        return IODevice::tr("Cannot write the encrypted stream: %1").arg(reason);
+        return (reading ? IODevice::tr("Cannot read the encrypted stream: %1")
+                        : IODevice::tr("Cannot write the encrypted stream: %1"))
+            .arg(reason);
     }
 
     bool decode(FilterDevicePrivate& device, QByteArray& out) override
