@@ -86,7 +86,8 @@ void BM_ContainerWriteRead(benchmark::State& state)
 {
     static ko::crypto::RSAKeyPair keyPair = [] {
         ko::crypto::RSAKeyPair pair;
-        pair.generate(2048);
+        if (!pair.generate(2048))
+            std::abort();
         return pair;
     }();
     const ContainerRow row = containerRow(state);
@@ -98,12 +99,12 @@ void BM_ContainerWriteRead(benchmark::State& state)
     bool ok = true;
     for (auto _ : state) {
         ko::EncryptedFile out;
-        out.create(QFileInfo(path), key, row.level, ko::crypto::MessageDigest::SHA256);
+        ok = out.create(QFileInfo(path), key, row.level, ko::crypto::MessageDigest::SHA256) && ok;
         for (int at = 0; at < data.size(); at += k_block)
             out.write(data.constData() + at, std::min(k_block, data.size() - at));
         out.close(signer, "bench");
         ko::EncryptedFile in;
-        in.open(QFileInfo(path), key);
+        ok = in.open(QFileInfo(path), key) && ok;
         qint64 at = 0;
         qint64 n;
         while ((n = in.read(block.data(), k_block)) > 0) {

@@ -23,6 +23,7 @@ public:
     /// them.
     struct sched
     {
+        /// Two words per round, round 1 first.
         unsigned int keys[32];
     };
 

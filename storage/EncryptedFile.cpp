@@ -74,10 +74,10 @@ bool EncryptedFile::create(const QFileInfo& file, const crypto::secure_string& k
     m_metaInfo.set(k_opened, now);
     m_metaInfo.set(k_created, now);
 
-    m_file = new QFile(file.absoluteFilePath(), this);
+    const QString path = file.absoluteFilePath();
+    m_file = new QFile(path, this);
     if (!m_file->open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)) {
-        LogLine(Log::Warning, "ko::EncryptedFile::create")
-            << "cannot create " << file.absoluteFilePath() << ": " << m_file->errorString();
+        setErrorString(tr("Cannot create %1: %2").arg(path, m_file->errorString()));
         return false;
     }
     QIODevice::open(m_file->openMode());
@@ -93,41 +93,54 @@ bool EncryptedFile::create(const QFileInfo& file, const crypto::secure_string& k
     m_digesting = new crypto::DigestingIODevice(m_top, algorithm, this);
     m_top = m_digesting;
     if (!m_digesting->open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
-        LogLine(Log::Warning, "ko::EncryptedFile::create") << "cannot open the device stack: " << m_digesting->errorString();
+        setErrorString(tr("Cannot open the device stack of %1: %2").arg(path, m_digesting->errorString()));
         return false;
     }
     return true;
 }
 
-bool EncryptedFile::readTrailer(QFile* file, json::Variant* metaInfo, qint64* payloadLength)
+bool EncryptedFile::readTrailer(QFile* file, json::Variant* metaInfo, qint64* payloadLength, QString* error)
 {
-    const char* tag = "ko::EncryptedFile::open";
+    const QString name = file->fileName();
     const qint64 size = file->size();
     char lengthBytes[8];
-    if (size < 8 || !file->seek(size - 8) || !read_be(file, lengthBytes, 8)) {
-        LogLine(Log::Warning, tag) << file->fileName() << ": the file is too short for a trailer";
+    if (size < 8) {
+        *error = tr("%1 is not a container: it is too short for a trailer.").arg(name);
+        return false;
+    }
+    if (!file->seek(size - 8) || !read_be(file, lengthBytes, 8)) {
+        *error = tr("Cannot read the trailer of %1: %2").arg(name, file->errorString());
         return false;
     }
     std::uint64_t length = 0; // read_be gave the bytes in host order
     std::memcpy(&length, lengthBytes, sizeof length);
-    if (length > static_cast<std::uint64_t>(size - 8) || length > static_cast<std::uint64_t>(k_maxMetaInfoSize)) {
-        LogLine(Log::Warning, tag) << file->fileName() << ": the trailer claims " << length
-                                   << " bytes of metadata in a file of " << size << " bytes";
+    if (length > static_cast<std::uint64_t>(size - 8)) {
+        *error = tr("%1 is not a container: its trailer claims %2 bytes of metadata in a file of %3 bytes.")
+                     .arg(name).arg(length).arg(size);
+        return false;
+    }
+    if (length > static_cast<std::uint64_t>(k_maxMetaInfoSize)) {
+        *error = tr("%1 is not a container: its trailer claims %2 bytes of metadata, more than the %3 that are read.")
+                     .arg(name).arg(length).arg(k_maxMetaInfoSize);
         return false;
     }
     const qint64 metaLength = static_cast<qint64>(length);
     const qint64 payload = size - 8 - metaLength;
-    if (!file->seek(payload)) {
-        LogLine(Log::Warning, tag) << file->fileName() << ": cannot seek to the metadata";
+    const QByteArray text = file->seek(payload) ? file->read(metaLength) : QByteArray();
+    if (text.size() != metaLength) {
+        *error = tr("Cannot read the metadata of %1: %2").arg(name, file->errorString());
         return false;
     }
-    const QByteArray text = file->read(metaLength);
     json::JsonParser parser;
     parser.parse(text.constData(), static_cast<std::size_t>(text.size()));
     json::Variant value = parser.parseComplete();
-    if (text.size() != metaLength || parser.hasError() || !value.isObject()) {
-        LogLine(Log::Warning, tag) << file->fileName() << ": the metadata is not a JSON object"
-                                   << (parser.hasError() ? " (" + parser.lastError() + ")" : std::string());
+    if (parser.hasError()) {
+        *error = tr("%1 is not a container: its metadata is not JSON (%2).")
+                     .arg(name, QString::fromStdString(parser.lastError()));
+        return false;
+    }
+    if (!value.isObject()) {
+        *error = tr("%1 is not a container: its metadata is not a JSON object.").arg(name);
         return false;
     }
     *metaInfo = std::move(value);
@@ -137,33 +150,36 @@ bool EncryptedFile::readTrailer(QFile* file, json::Variant* metaInfo, qint64* pa
 
 bool EncryptedFile::open(const QFileInfo& file, const crypto::secure_string& key)
 {
-    const char* tag = "ko::EncryptedFile::open";
     close();
     deleteDevices();
     m_metaInfo = json::Variant();
+    const QString path = file.absoluteFilePath();
     if (!file.exists()) {
-        LogLine(Log::Warning, tag) << file.absoluteFilePath() << " does not exist";
+        setErrorString(tr("%1 does not exist.").arg(path));
         return false;
     }
     if (!file.isFile()) {
-        LogLine(Log::Warning, tag) << file.absoluteFilePath() << " is not a regular file";
+        setErrorString(tr("%1 is not a regular file.").arg(path));
         return false;
     }
-    m_file = new QFile(file.absoluteFilePath(), this);
+    m_file = new QFile(path, this);
     if (!m_file->open(QIODevice::ReadOnly)) {
-        LogLine(Log::Warning, tag) << "cannot open " << file.absoluteFilePath() << ": " << m_file->errorString();
+        setErrorString(tr("Cannot open %1: %2").arg(path, m_file->errorString()));
         return false;
     }
     qint64 payloadLength = 0;
-    if (!readTrailer(m_file, &m_metaInfo, &payloadLength)) {
+    QString error;
+    if (!readTrailer(m_file, &m_metaInfo, &payloadLength, &error)) {
         m_file->close();
+        setErrorString(error);
         return false;
     }
-    const auto algorithm =
-        crypto::MessageDigest::algorithmFromName(m_metaInfo.value(k_digestAlgorithm).toString());
+    const std::string algorithmName = m_metaInfo.value(k_digestAlgorithm).toString();
+    const auto algorithm = crypto::MessageDigest::algorithmFromName(algorithmName);
     if (algorithm == crypto::MessageDigest::Unknown) {
-        LogLine(Log::Warning, tag) << file.absoluteFilePath() << ": unknown digest algorithm";
         m_file->close();
+        setErrorString(tr("The metadata of %1 names an unknown digest algorithm \"%2\".")
+                           .arg(path, QString::fromStdString(algorithmName)));
         return false;
     }
     QIODevice::open(m_file->openMode());
@@ -184,8 +200,9 @@ bool EncryptedFile::open(const QFileInfo& file, const crypto::secure_string& key
     m_digesting = new crypto::DigestingIODevice(m_top, algorithm, this);
     m_top = m_digesting;
     if (!m_digesting->open(QIODevice::ReadOnly)) {
-        LogLine(Log::Warning, tag) << "cannot open the device stack: " << m_digesting->errorString();
+        const QString reason = m_digesting->errorString();
         QIODevice::close();
+        setErrorString(tr("Cannot open the device stack of %1: %2").arg(path, reason));
         return false;
     }
     return true;
@@ -241,32 +258,54 @@ void EncryptedFile::close(const crypto::RSAKeyPair& keyPair, const IntrusiveStri
 
 bool EncryptedFile::verify(const crypto::RSAKeyPair& keyPair)
 {
-    const char* tag = "ko::EncryptedFile::verify";
-    if (!QIODevice::isOpen() || !m_digesting || !m_digesting->isReadable() || keyPair.emptyPublicKey())
+    if (!QIODevice::isOpen() || !m_digesting || !m_digesting->isReadable()) {
+        setErrorString(tr("The container is not open for reading."));
         return false;
+    }
+    const QString name = m_file->fileName();
+    if (keyPair.emptyPublicKey()) {
+        setErrorString(tr("There is no public key to check the signature of %1 with.").arg(name));
+        return false;
+    }
     const json::Variant signature = m_metaInfo.value(k_signature);
     if (!signature.isString()) {
-        LogLine(Log::Information, tag) << "the file carries no signature";
+        setErrorString(tr("%1 carries no signature.").arg(name));
         return false;
     }
     bool ok = false;
     const std::int64_t contentLength = m_metaInfo.value(k_contentLength).toInt64(-1, &ok);
-    if (!ok || contentLength < m_digesting->pos() || !m_digesting->seek(contentLength)) {
-        LogLine(Log::Warning, tag) << "the payload is shorter than recorded or cannot be read";
+    if (!ok) {
+        setErrorString(tr("The metadata of %1 records no content length.").arg(name));
         return false;
     }
-    // Plain bytes beyond the recorded length would not be covered.
+    // Every plain byte up to the recorded length is digested, and there must
+    // not be one more: bytes beyond it would not be covered.
+    const auto longer = [&] { return tr("The payload of %1 is longer than recorded.").arg(name); };
+    const auto unreadable = [&] {
+        return tr("Cannot read the payload of %1: %2").arg(name, m_digesting->errorString());
+    };
+    QString problem;
     char extra = 0;
-    if (m_digesting->read(&extra, 1) != 0) {
-        LogLine(Log::Warning, tag) << "the payload is longer than recorded or cannot be read";
+    if (contentLength < m_digesting->pos())
+        problem = longer();
+    else if (!m_digesting->seek(contentLength))
+        problem = m_digesting->hasError() ? unreadable() : tr("The payload of %1 is shorter than recorded.").arg(name);
+    else if (const qint64 n = m_digesting->read(&extra, 1); n != 0)
+        problem = n < 0 ? unreadable() : longer();
+    if (!problem.isEmpty()) {
+        setErrorString(problem);
         return false;
     }
     json::Variant signed_ = m_metaInfo;
     signed_.remove(k_signature);
     crypto::digest(signed_, m_digesting);
     const std::string text = signature.toString();
-    return keyPair.verify(m_digesting->digest(), crypto::secure_string(text.begin(), text.end()),
-                          m_digesting->algorithm());
+    if (!keyPair.verify(m_digesting->digest(), crypto::secure_string(text.begin(), text.end()),
+                        m_digesting->algorithm())) {
+        setErrorString(tr("The signature of %1 is not valid: %2").arg(name, keyPair.errorString()));
+        return false;
+    }
+    return true;
 }
 
 json::Variant EncryptedFile::metaInfo(const QFileInfo& file)
@@ -278,8 +317,11 @@ json::Variant EncryptedFile::metaInfo(const QFileInfo& file)
         return json::Variant(false);
     json::Variant result;
     qint64 payloadLength = 0;
-    if (!readTrailer(&device, &result, &payloadLength))
+    QString error;
+    if (!readTrailer(&device, &result, &payloadLength, &error)) {
+        LogLine(Log::Warning, "ko::EncryptedFile::metaInfo") << error;
         return json::Variant();
+    }
     return result;
 }
 

@@ -8,6 +8,7 @@
 #include <CommonKit/support/crypto/SecureAllocator.h>
 #include <CommonKit/support/json/Variant.h>
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 
@@ -55,20 +56,23 @@ public:
     /// logged error, but such a file cannot be opened again.
     static constexpr qint64 k_maxMetaInfoSize = 1 << 20;
 
+    /// A container that is not open; create() or open() a file with it.
     explicit EncryptedFile(QObject* parent = nullptr);
+    /// Closes without writing a trailer.
     ~EncryptedFile() override;
 
     /// Starts a new file for writing (truncating an existing one). An empty
     /// key stores the payload unencrypted. Returns whether the device stack
-    /// was opened.
-    bool create(const QFileInfo& file, const crypto::secure_string& key,
+    /// was opened; when not, errorString() says why.
+    [[nodiscard]] bool create(const QFileInfo& file, const crypto::secure_string& key,
                 int compression = ZlibDevice::k_noCompression,
                 crypto::MessageDigest::Algorithm algorithm = crypto::MessageDigest::SHA256);
 
     /// Opens an existing file for reading with the key it was created with
     /// (a wrong key shows up as failing reads). False when the file does not
-    /// exist, cannot be opened or has a damaged trailer.
-    bool open(const QFileInfo& file, const crypto::secure_string& key);
+    /// exist, cannot be opened or has a damaged trailer; errorString() then
+    /// names the file and the check that failed.
+    [[nodiscard]] bool open(const QFileInfo& file, const crypto::secure_string& key);
 
     /// Finishes a file started with create(): flushes the stack, adds
     /// "signer" (when not empty) and the lengths to the metadata, signs when
@@ -79,10 +83,13 @@ public:
     /// not read yet, then checks the signature with the public key. False when
     /// not open for reading, without public key or signature, when the payload
     /// has more or fewer plain bytes than recorded, or when the signature does
-    /// not match. Call it once.
-    bool verify(const crypto::RSAKeyPair& keyPair);
+    /// not match, each with its reason in errorString(). Call it once.
+    [[nodiscard]] bool verify(const crypto::RSAKeyPair& keyPair);
 
+    /// The metadata: after create() what the trailer will hold (callers may
+    /// add members before close()), after open() what the trailer holds.
     json::Variant& metaInfo() { return m_metaInfo; }
+    /// The metadata, read-only.
     const json::Variant& metaInfo() const { return m_metaInfo; }
 
     /// The metadata of a file, read from its trailer only (no key needed).
@@ -102,29 +109,42 @@ public:
     /// Closes the stack without writing a trailer; after create() use
     /// close(keyPair, signer) instead.
     void close() override;
+    /// When reading: whether all plain bytes were read.
     bool atEnd() const override;
+    /// Succeeds only when reading and no plain byte was read yet: the stack
+    /// cannot move back.
     bool reset() override;
+    /// Plain bytes read ahead and not handed out yet.
     qint64 bytesAvailable() const override;
+    /// Bytes the stack has still to write.
     qint64 bytesToWrite() const override;
 
 protected:
     /// Whether this host stores integers big-endian.
     static bool is_be();
-    /// Read or write `count` bytes that the file holds big-endian: on a
-    /// little-endian host their order is reversed (write_be leaves the
-    /// caller's buffer as it was). True when all bytes were transferred.
+    /// Reads `count` bytes that the file holds big-endian into `buffer` in
+    /// host order (reversed on a little-endian host). True when all bytes
+    /// were read.
     static bool read_be(QIODevice* device, char* buffer, int count);
+    /// Writes `count` bytes of `buffer`, held in host order, big-endian; the
+    /// caller's buffer stays as it was. True when all bytes were written.
     static bool write_be(QIODevice* device, char* buffer, int count);
     /// Reverses the bytes of [first, last).
     static void swap_bytes(char* first, char* last);
 
+    /// Reads plain bytes from the top of the stack; on failure errorString()
+    /// takes over the stack's reason.
     qint64 readData(char* data, qint64 maxSize) override;
+    /// Writes plain bytes into the top of the stack; on failure errorString()
+    /// takes over the stack's reason.
     qint64 writeData(const char* data, qint64 maxSize) override;
 
 private:
+    Q_DECLARE_TR_FUNCTIONS(ko::EncryptedFile)
+
     /// Reads the trailer of an open file: its metadata object and the
-    /// payload length. False (with a logged reason) when it is damaged.
-    static bool readTrailer(QFile* file, json::Variant* metaInfo, qint64* payloadLength);
+    /// payload length. False with the reason in *error when it is damaged.
+    static bool readTrailer(QFile* file, json::Variant* metaInfo, qint64* payloadLength, QString* error);
     void deleteDevices();
 
     json::Variant m_metaInfo;

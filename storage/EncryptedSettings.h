@@ -69,8 +69,11 @@ public:
     /// Replaces the key. The by-value argument is wiped and emptied before
     /// the call returns.
     static void setEncryptionKey(crypto::secure_string key);
+    /// Replaces the key; the argument is emptied.
     static void setEncryptionKey(crypto::locked_string key);
+    /// Removes the key: files are written unencrypted from now on.
     static void clearEncryptionKey();
+    /// A copy of g_file_digest.
     static crypto::secure_string getFileDigest();
     /// The schema that the JSON form reads and writes with, resolved on each
     /// use (json::Schema caches documents).
@@ -80,7 +83,9 @@ public:
     /// in g_file_digest (wiping the previous one) and report whether it is
     /// non-empty.
     static bool readIniFunc(QIODevice& device, QMap<QString, QVariant>& map);
+    /// Writes the binary map form (see readIniFunc()).
     static bool writeIniFunc(QIODevice& device, const QMap<QString, QVariant>& map);
+    /// Reads the JSON form with the schema of g_schema_url (see readIniFunc()).
     static bool readJsonFunc(QIODevice& device, QMap<QString, QVariant>& map);
     /// Writes nothing when the map makes an empty JSON value; the result then
     /// tells whether an earlier digest is still held.
@@ -91,11 +96,15 @@ public:
     /// read or written from its current position and left open. With a
     /// non-empty key the content passes the AES stream device; the key
     /// argument is wiped before the call returns. readIni replaces the map;
-    /// on failure it leaves the map as it was.
+    /// on failure it leaves the map as it was. This overload reads
+    /// unencrypted bytes.
     static crypto::secure_string readIni(QIODevice& device, QMap<QString, QVariant>& map);
+    /// Writes the map unencrypted.
     static crypto::secure_string writeIni(QIODevice& device, const QMap<QString, QVariant>& map);
+    /// Reads the map with `key` (empty: unencrypted).
     static crypto::secure_string readIni(QIODevice& device, QMap<QString, QVariant>& map,
                                          crypto::secure_string key);
+    /// Writes the map with `key` (empty: unencrypted).
     static crypto::secure_string writeIni(QIODevice& device, const QMap<QString, QVariant>& map,
                                           crypto::secure_string key);
 
@@ -103,13 +112,16 @@ public:
     /// with zlib at its default level, and the compressed bytes are encrypted.
     /// A null schema reads and writes without validation and base64 handling.
     /// readJson adds the keys of the file to the map, and leaves the map as it
-    /// was on failure.
+    /// was on failure. This overload reads unencrypted, uncompressed text.
     static crypto::secure_string readJson(QIODevice& device, QMap<QString, QVariant>& map,
                                           boost::intrusive_ptr<json::Schema> schema);
+    /// Writes `value` as JSON settings text, uncompressed and unencrypted.
     static crypto::secure_string writeJson(QIODevice& device, json::Variant value);
+    /// Reads with `key` (empty: unencrypted) and `schema`.
     static crypto::secure_string readJson(QIODevice& device, QMap<QString, QVariant>& map,
                                           crypto::secure_string key,
                                           boost::intrusive_ptr<json::Schema> schema);
+    /// Writes `value` with `key` (empty: unencrypted).
     static crypto::secure_string writeJson(QIODevice& device, json::Variant value,
                                            crypto::secure_string key);
 

@@ -21,11 +21,17 @@ namespace crypto {
 class digesting_output_filter
 {
 public:
+    /// The filter works on bytes.
     using char_type = char;
+    /// An output filter that takes several bytes per call.
     using category = boost::iostreams::multichar_output_filter_tag;
 
+    /// A filter feeding `digest`, which it does not own and which must
+    /// outlive it.
     explicit digesting_output_filter(MessageDigest* digest) : m_digest(digest) {}
 
+    /// Digests `size` bytes at `data` and writes them to `sink`; returns what
+    /// the sink took.
     template<typename Sink>
     std::streamsize write(Sink& sink, const char* data, std::streamsize size)
     {

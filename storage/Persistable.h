@@ -13,8 +13,11 @@ class IPersistDestination;
 class COMMONKIT_EXPORT Persistable
 {
 public:
+    /// Destroys the object; the destination it used is not touched.
     virtual ~Persistable();
+    /// Reads the state from `destination` (not owned).
     virtual void load(IPersistDestination* destination);
+    /// Writes the state to `destination` (not owned).
     virtual void save(IPersistDestination* destination);
 };
 

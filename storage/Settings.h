@@ -27,26 +27,44 @@ public:
     Settings(const QString& fileName, QSettings::Format format);
     /// Wraps the given object; not owned.
     explicit Settings(QSettings* wrapped);
+    /// Copies the pointer and the ownership flag (see above).
     Settings(const Settings& other);
+    /// Copies the pointer and the ownership flag (see above).
     Settings& operator=(const Settings& other);
     /// Deletes the QSettings when owned (which writes pending changes).
     ~Settings() override;
 
+    /// The file the QSettings keeps its values in.
     QString fileName() const;
 
+    /// This object for "ko::IPersistDestination" and "ko::Settings",
+    /// otherwise null.
     void* getInterface(const char* name) override;
+    /// This object for "ko::IPersistDestination" and "ko::Settings",
+    /// otherwise null.
     const void* getInterface(const char* name) const override;
 
+    /// QSettings::beginGroup().
     void beginGroup(const QString& prefix) override;
+    /// QSettings::endGroup().
     void endGroup() override;
+    /// QSettings::beginWriteArray().
     void beginWriteArray(const QString& prefix, int size) override;
+    /// QSettings::beginReadArray().
     int beginReadArray(const QString& prefix) override;
+    /// QSettings::endArray().
     void endArray() override;
+    /// QSettings::setArrayIndex().
     void setArrayIndex(int i) override;
+    /// QSettings::setValue().
     void setValue(const QString& key, const QVariant& value) override;
+    /// QSettings::value().
     QVariant value(const QString& key, const QVariant& defaultValue) const override;
+    /// QSettings::remove().
     void remove(const QString& key) override;
+    /// QSettings::contains().
     bool contains(const QString& key) const override;
+    /// QSettings::sync().
     void sync() override;
 
 private:

@@ -104,4 +104,83 @@
         <translation>Das umhüllte Gerät ist nicht für diese Richtung geöffnet.</translation>
     </message>
 </context>
+<context>
+    <name>ko::crypto::RSAKeyPair</name>
+    <message>
+        <source>the PEM text</source>
+        <translation>dem PEM-Text</translation>
+    </message>
+    <message>
+        <source>Cannot set up the PEM decoder</source>
+        <translation>Der PEM-Decoder kann nicht eingerichtet werden</translation>
+    </message>
+    <message>
+        <source>No RSA key in %1</source>
+        <translation>Kein RSA-Schlüssel in %1</translation>
+    </message>
+    <message>
+        <source>Cannot open the key file %1: %2</source>
+        <translation>Die Schlüsseldatei %1 kann nicht geöffnet werden: %2</translation>
+    </message>
+    <message>
+        <source>Cannot read the key file %1: %2</source>
+        <translation>Die Schlüsseldatei %1 kann nicht gelesen werden: %2</translation>
+    </message>
+    <message>
+        <source>The key file %1 is larger than 1 MiB</source>
+        <translation>Die Schlüsseldatei %1 ist größer als 1 MiB</translation>
+    </message>
+    <message>
+        <source>An RSA key needs at least 1024 bits, not %1</source>
+        <translation>Ein RSA-Schlüssel braucht mindestens 1024 Bit, nicht %1</translation>
+    </message>
+    <message>
+        <source>Generating the RSA key failed</source>
+        <translation>Das Erzeugen des RSA-Schlüssels ist fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Cannot write the private key as PEM text</source>
+        <translation>Der private Schlüssel kann nicht als PEM-Text geschrieben werden</translation>
+    </message>
+    <message>
+        <source>Cannot write the public key as PEM text</source>
+        <translation>Der öffentliche Schlüssel kann nicht als PEM-Text geschrieben werden</translation>
+    </message>
+    <message>
+        <source>There is no private key to save</source>
+        <translation>Es gibt keinen privaten Schlüssel zum Speichern</translation>
+    </message>
+    <message>
+        <source>There is no key to save</source>
+        <translation>Es gibt keinen Schlüssel zum Speichern</translation>
+    </message>
+    <message>
+        <source>Cannot write the key file %1: %2</source>
+        <translation>Die Schlüsseldatei %1 kann nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>There is no private key to sign with</source>
+        <translation>Es gibt keinen privaten Schlüssel zum Signieren</translation>
+    </message>
+    <message>
+        <source>The digest does not match a known algorithm</source>
+        <translation>Der Hashwert passt zu keinem bekannten Algorithmus</translation>
+    </message>
+    <message>
+        <source>Signing failed</source>
+        <translation>Das Signieren ist fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>There is no public key to check the signature with</source>
+        <translation>Es gibt keinen öffentlichen Schlüssel zum Prüfen der Signatur</translation>
+    </message>
+    <message>
+        <source>The signature is not Base64 text</source>
+        <translation>Die Signatur ist kein Base64-Text</translation>
+    </message>
+    <message>
+        <source>The signature does not match the digest</source>
+        <translation>Die Signatur passt nicht zum Hashwert</translation>
+    </message>
+</context>
 </TS>

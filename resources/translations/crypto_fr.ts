@@ -104,4 +104,83 @@
         <translation>Le périphérique sous-jacent n'est pas ouvert dans ce sens.</translation>
     </message>
 </context>
+<context>
+    <name>ko::crypto::RSAKeyPair</name>
+    <message>
+        <source>the PEM text</source>
+        <translation>le texte PEM</translation>
+    </message>
+    <message>
+        <source>Cannot set up the PEM decoder</source>
+        <translation>Impossible de préparer le décodeur PEM</translation>
+    </message>
+    <message>
+        <source>No RSA key in %1</source>
+        <translation>Aucune clé RSA dans %1</translation>
+    </message>
+    <message>
+        <source>Cannot open the key file %1: %2</source>
+        <translation>Impossible d'ouvrir le fichier de clé %1 : %2</translation>
+    </message>
+    <message>
+        <source>Cannot read the key file %1: %2</source>
+        <translation>Impossible de lire le fichier de clé %1 : %2</translation>
+    </message>
+    <message>
+        <source>The key file %1 is larger than 1 MiB</source>
+        <translation>Le fichier de clé %1 dépasse 1 Mio</translation>
+    </message>
+    <message>
+        <source>An RSA key needs at least 1024 bits, not %1</source>
+        <translation>Une clé RSA demande au moins 1024 bits, et non %1</translation>
+    </message>
+    <message>
+        <source>Generating the RSA key failed</source>
+        <translation>La génération de la clé RSA a échoué</translation>
+    </message>
+    <message>
+        <source>Cannot write the private key as PEM text</source>
+        <translation>Impossible d'écrire la clé privée en texte PEM</translation>
+    </message>
+    <message>
+        <source>Cannot write the public key as PEM text</source>
+        <translation>Impossible d'écrire la clé publique en texte PEM</translation>
+    </message>
+    <message>
+        <source>There is no private key to save</source>
+        <translation>Aucune clé privée à enregistrer</translation>
+    </message>
+    <message>
+        <source>There is no key to save</source>
+        <translation>Aucune clé à enregistrer</translation>
+    </message>
+    <message>
+        <source>Cannot write the key file %1: %2</source>
+        <translation>Impossible d'écrire le fichier de clé %1 : %2</translation>
+    </message>
+    <message>
+        <source>There is no private key to sign with</source>
+        <translation>Aucune clé privée pour signer</translation>
+    </message>
+    <message>
+        <source>The digest does not match a known algorithm</source>
+        <translation>L'empreinte ne correspond à aucun algorithme connu</translation>
+    </message>
+    <message>
+        <source>Signing failed</source>
+        <translation>La signature a échoué</translation>
+    </message>
+    <message>
+        <source>There is no public key to check the signature with</source>
+        <translation>Aucune clé publique pour vérifier la signature</translation>
+    </message>
+    <message>
+        <source>The signature is not Base64 text</source>
+        <translation>La signature n'est pas du texte Base64</translation>
+    </message>
+    <message>
+        <source>The signature does not match the digest</source>
+        <translation>La signature ne correspond pas à l'empreinte</translation>
+    </message>
+</context>
 </TS>

@@ -1,8 +1,7 @@
 #pragma once
 
 #include <CommonKit/support/core/Export.h>
-
-#include <QIODevice>
+#include <CommonKit/support/core/FilterDevice.h>
 
 namespace ko {
 
@@ -10,17 +9,16 @@ namespace ko {
 /// decompresses what it reads from another device, as a zlib stream
 /// (RFC 1950: header, deflate data, Adler-32 check).
 ///
-/// Open it ReadOnly (inflate) or WriteOnly (deflate), not both. Opening opens
-/// the wrapped device with the same mode when it is not open yet; closing a
-/// writer finishes the stream, and closing either kind closes the wrapped
-/// device. The device does not own the wrapped device, which must outlive it
-/// (destroying an open device closes it).
+/// Open it ReadOnly (inflate) or WriteOnly (deflate), not both; opening for
+/// writing fails with an invalid level. Closing a writer finishes the
+/// stream. The wrapped device is opened, closed and not owned as FilterDevice
+/// describes.
 ///
 /// Memory use is bounded by a few 64 KiB buffers whatever the stream size or
 /// compression ratio. A damaged or truncated stream, or one followed by more
 /// bytes from the wrapped device, makes read() return -1 with the reason in
 /// errorString().
-class COMMONKIT_EXPORT ZlibDevice : public QIODevice
+class COMMONKIT_EXPORT ZlibDevice : public FilterDevice
 {
     Q_OBJECT
 public:
@@ -29,42 +27,22 @@ public:
     static constexpr int k_noCompression = 0;
     /// zlib's default trade-off (currently level 6).
     static constexpr int k_defaultCompression = -1;
+    /// The fastest level, with the least compression.
     static constexpr int k_bestSpeed = 1;
+    /// The level with the most compression, and the slowest.
     static constexpr int k_bestCompression = 9;
 
+    /// A device over `device`, which it does not own. `level` (-1 to 9)
+    /// matters only for writing; an invalid level makes opening for writing
+    /// fail.
     explicit ZlibDevice(QIODevice* device, int level = k_defaultCompression,
                         QObject* parent = nullptr);
-    ~ZlibDevice() override;
 
-    QIODevice* device() const { return m_device; }
+    /// The compression level given to the constructor.
     int level() const { return m_level; }
 
-    bool open(OpenMode mode) override;
-    void close() override;
-    bool isSequential() const override { return true; }
-    bool atEnd() const override;
-    qint64 bytesAvailable() const override;
-    bool hasError() const { return m_failed; }
-
-protected:
-    qint64 readData(char* data, qint64 maxSize) override;
-    qint64 writeData(const char* data, qint64 maxSize) override;
-
 private:
-    bool fill() const;
-    bool fillImpl();
-    /// Reader: whether the wrapped device has nothing after the stream.
-    bool sourceAtEnd();
-    bool deflateInto(int flush);
-    void fail(const QString& reason);
-    void endStream();
-
-    QIODevice* m_device;
     int m_level;
-    struct Stream;
-    Stream* m_stream = nullptr;
-    bool m_finished = false;
-    bool m_failed = false;
 };
 
 } // namespace ko

@@ -1,44 +1,36 @@
 #include <CommonKit/support/crypto/DigestingIODevice.h>
 
-#include "support/core/WrappedDevice_p.h"
+#include "support/core/FilterDevice_p.h"
 
 #include <algorithm>
 
 namespace ko {
 namespace crypto {
 
+class DigestingIODevice::Filter : public FilterTransform
+{
+public:
+    explicit Filter(DigestingIODevice& device) : m_device(device) {}
+
+    QString openError(QIODevice::OpenMode) const override
+    {
+        return m_device.isValid() ? QString() : DigestingIODevice::tr("Unknown digest algorithm.");
+    }
+
+    bool start(FilterDevicePrivate&, QIODevice::OpenMode) override
+    {
+        m_device.m_pos = 0;
+        return true;
+    }
+
+private:
+    DigestingIODevice& m_device;
+};
+
 DigestingIODevice::DigestingIODevice(QIODevice* device, MessageDigest::Algorithm algorithm,
                                      QObject* parent)
-    : QIODevice(parent), MessageDigest(algorithm), m_device(device)
+    : FilterDevice(device, new Filter(*this), parent), MessageDigest(algorithm)
 {
-}
-
-DigestingIODevice::~DigestingIODevice()
-{
-    if (isOpen())
-        close();
-}
-
-bool DigestingIODevice::open(OpenMode mode)
-{
-    QString error;
-    if (!isValid())
-        error = tr("Unknown digest algorithm.");
-    if (!error.isEmpty() || !openWrappedDevice(*this, m_device, mode, &error)) {
-        setErrorString(error);
-        return false;
-    }
-    m_pos = 0;
-    return QIODevice::open(mode | Unbuffered);
-}
-
-void DigestingIODevice::close()
-{
-    if (!isOpen())
-        return;
-    QIODevice::close();
-    if (m_device && m_device->isOpen())
-        m_device->close();
 }
 
 bool DigestingIODevice::seek(qint64 pos)
@@ -56,45 +48,38 @@ bool DigestingIODevice::seek(qint64 pos)
 
 bool DigestingIODevice::atEnd() const
 {
-    return !isOpen() || !m_device || m_device->atEnd();
+    return !isOpen() || !device() || device()->atEnd();
 }
 
 qint64 DigestingIODevice::bytesAvailable() const
 {
-    return QIODevice::bytesAvailable() + (m_device ? m_device->bytesAvailable() : 0);
+    return QIODevice::bytesAvailable() + (device() ? device()->bytesAvailable() : 0);
 }
 
 qint64 DigestingIODevice::bytesToWrite() const
 {
-    return m_device ? m_device->bytesToWrite() : 0;
+    return device() ? device()->bytesToWrite() : 0;
 }
 
 qint64 DigestingIODevice::readData(char* data, qint64 maxSize)
 {
-    if (!m_device)
-        return -1;
-    const qint64 n = m_device->read(data, maxSize);
-    if (n < 0) {
-        setErrorString(m_device->errorString());
-        return -1;
-    }
-    update(data, static_cast<std::size_t>(n));
-    m_pos += n;
-    return n;
+    return digested(data, filter()->readWrapped(data, maxSize));
 }
 
 qint64 DigestingIODevice::writeData(const char* data, qint64 maxSize)
 {
-    if (!m_device)
-        return -1;
-    const qint64 n = m_device->write(data, maxSize);
-    if (n < 0) {
-        setErrorString(m_device->errorString());
-        return -1;
+    return digested(data, filter()->writeWrapped(data, maxSize));
+}
+
+// Feeds the `size` bytes that passed into the digest; a negative size is the
+// wrapped device's failure, passed on.
+qint64 DigestingIODevice::digested(const char* data, qint64 size)
+{
+    if (size > 0) {
+        update(data, static_cast<std::size_t>(size));
+        m_pos += size;
     }
-    update(data, static_cast<std::size_t>(n));
-    m_pos += n;
-    return n;
+    return size;
 }
 
 } // namespace crypto

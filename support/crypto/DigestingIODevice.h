@@ -1,9 +1,8 @@
 #pragma once
 
 #include <CommonKit/support/core/Export.h>
+#include <CommonKit/support/core/FilterDevice.h>
 #include <CommonKit/support/crypto/MessageDigest.h>
-
-#include <QIODevice>
 
 namespace ko {
 namespace crypto {
@@ -17,36 +16,46 @@ namespace crypto {
 /// that passed; seek() moves only forward, by reading (and digesting) the
 /// bytes in between.
 ///
-/// Opening opens the wrapped device with the same mode when it is not open
-/// yet; closing closes it. The device does not own the wrapped device, which must outlive it
-/// (destroying an open device closes it).
-class COMMONKIT_EXPORT DigestingIODevice : public QIODevice, public MessageDigest
+/// It opens in any mode that the wrapped device allows (an Unknown algorithm
+/// refuses to open); the wrapped device is opened, closed and not owned as
+/// FilterDevice describes.
+class COMMONKIT_EXPORT DigestingIODevice : public FilterDevice, public MessageDigest
 {
     Q_OBJECT
 public:
+    /// A device over `device`, which it does not own, digesting with
+    /// `algorithm`.
     DigestingIODevice(QIODevice* device, MessageDigest::Algorithm algorithm,
                       QObject* parent = nullptr);
-    ~DigestingIODevice() override;
 
-    QIODevice* device() const { return m_device; }
+    /// The running digest, which is this object.
     MessageDigest& messageDigest() { return *this; }
+    /// The running digest, which is this object.
     const MessageDigest& messageDigest() const { return *this; }
 
-    bool open(OpenMode mode) override;
-    void close() override;
-    bool isSequential() const override { return true; }
+    /// The number of bytes read or written since opening.
     qint64 pos() const override { return m_pos; }
+    /// Reads and digests the bytes up to `pos`; false for a position behind
+    /// pos(), a device not open for reading, or when the wrapped device ends
+    /// or fails first.
     bool seek(qint64 pos) override;
+    /// Whether the wrapped device is at its end (true when closed).
     bool atEnd() const override;
+    /// What the wrapped device has available.
     qint64 bytesAvailable() const override;
+    /// What the wrapped device has still to write.
     qint64 bytesToWrite() const override;
 
 protected:
+    /// Reads from the wrapped device and digests what arrived.
     qint64 readData(char* data, qint64 maxSize) override;
+    /// Writes to the wrapped device and digests what it took.
     qint64 writeData(const char* data, qint64 maxSize) override;
 
 private:
-    QIODevice* m_device;
+    class Filter;
+    qint64 digested(const char* data, qint64 size);
+
     qint64 m_pos = 0;
 };
 

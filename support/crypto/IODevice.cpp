@@ -1,6 +1,6 @@
 #include <CommonKit/support/crypto/IODevice.h>
 
-#include "support/core/WrappedDevice_p.h"
+#include "support/core/FilterDevice_p.h"
 
 #include <openssl/evp.h>
 #include <openssl/hmac.h>
@@ -123,256 +123,172 @@ bool aes_context::openChunk(std::uint64_t counter, bool last, const unsigned cha
     return ok;
 }
 
-IODevice::IODevice(QIODevice* device, const secure_string& key, QObject* parent)
-    : QIODevice(parent), aes_context(key), m_device(device)
-{
-}
+namespace {
 
-IODevice::~IODevice()
+// The chunked stream of one IODevice: the header with the salt, then sealed
+// chunks, the last one marked as such.
+class CipherTransform : public StreamTransform
 {
-    if (isOpen())
-        close();
-    zeroOut(m_plain.data(), static_cast<std::size_t>(m_plain.size()));
-}
+public:
+    explicit CipherTransform(aes_context& cipher) : m_cipher(cipher) {}
+    ~CipherTransform() override { stop(); }
 
-bool IODevice::open(OpenMode mode)
-{
-    const bool reading = mode & ReadOnly;
-    const bool writing = mode & WriteOnly;
-    QString error;
-    if (reading == writing || (mode & Append))
-        error = tr("The encrypting device is opened either for reading or for writing.");
-    if (!error.isEmpty() || !openWrappedDevice(*this, m_device, mode, &error)) {
-        setErrorString(error);
-        return false;
+    QString openError(QIODevice::OpenMode mode) const override
+    {
+        return isOneWay(mode) ? QString()
+                              : IODevice::tr("The encrypting device is opened either for reading or for writing.");
     }
 
-    m_in.clear();
-    m_plain.clear();
-    m_plainPos = 0;
-    m_counter = 0;
-    m_headerDone = false;
-    m_finished = false;
-    m_failed = false;
-    m_sourceEnd = false;
-
-    if (writing) {
-        unsigned char header[k_headerSize];
-        header[0] = k_version;
-        if (RAND_bytes(header + 1, k_saltSize) != 1 || !setSalt(header + 1)) {
-            setErrorString(tr("Cannot set up the stream key."));
+    bool start(FilterDevicePrivate& device, QIODevice::OpenMode mode) override
+    {
+        m_counter = 0;
+        m_headerDone = false;
+        if (!(mode & QIODevice::WriteOnly))
+            return true;
+        unsigned char header[aes_context::k_headerSize];
+        header[0] = aes_context::k_version;
+        if (RAND_bytes(header + 1, aes_context::k_saltSize) != 1 || !m_cipher.setSalt(header + 1)) {
+            device.fail(IODevice::tr("Cannot set up the stream key."));
             return false;
         }
-        if (m_device->write(reinterpret_cast<const char*>(header), k_headerSize) != k_headerSize) {
-            setErrorString(m_device->errorString());
+        QIODevice* wrapped = device.wrapped();
+        if (wrapped->write(reinterpret_cast<const char*>(header), aes_context::k_headerSize) != aes_context::k_headerSize) {
+            device.fail(wrapped->errorString());
             return false;
         }
         m_headerDone = true;
-        m_plain.reserve(k_chunkSize);
-    }
-    return QIODevice::open(mode | Unbuffered);
-}
-
-void IODevice::close()
-{
-    if (!isOpen())
-        return;
-    if ((openMode() & WriteOnly) && !m_failed)
-        flushChunk(true);
-    QIODevice::close();
-    zeroOut(m_plain.data(), static_cast<std::size_t>(m_plain.size()));
-    m_plain.clear();
-    m_in.clear();
-    m_plainPos = 0;
-    if (m_device && m_device->isOpen())
-        m_device->close();
-}
-
-bool IODevice::isSequential() const
-{
-    return true;
-}
-
-bool IODevice::atEnd() const
-{
-    if (!isOpen())
+        m_pending.reserve(aes_context::k_chunkSize);
         return true;
-    if (!(openMode() & ReadOnly))
-        return true;
-    if (m_plainPos < m_plain.size())
-        return false;
-    fill();
-    return m_plainPos >= m_plain.size();
-}
-
-qint64 IODevice::bytesAvailable() const
-{
-    return (m_plain.size() - m_plainPos) + QIODevice::bytesAvailable();
-}
-
-qint64 IODevice::readData(char* data, qint64 maxSize)
-{
-    if (m_failed)
-        return -1;
-    if (!(openMode() & ReadOnly))
-        return -1;
-    qint64 done = 0;
-    while (done < maxSize) {
-        if (m_plainPos >= m_plain.size() && !fill())
-            return done > 0 ? done : -1;
-        const qint64 available = m_plain.size() - m_plainPos;
-        if (available == 0)
-            break;
-        const qint64 take = std::min(available, maxSize - done);
-        std::memcpy(data + done, m_plain.constData() + m_plainPos, static_cast<std::size_t>(take));
-        m_plainPos += take;
-        done += take;
     }
-    return done;
-}
 
-qint64 IODevice::writeData(const char* data, qint64 maxSize)
-{
-    if (m_failed || !(openMode() & WriteOnly))
-        return -1;
-    qint64 done = 0;
-    while (done < maxSize) {
-        // A full chunk is sealed only once more bytes follow, so that a
-        // stream whose length is a multiple of the chunk size still ends
-        // with a non-empty last chunk.
-        if (m_plain.size() == k_chunkSize && !flushChunk(false))
-            return -1;
-        const qint64 take = std::min<qint64>(maxSize - done, k_chunkSize - m_plain.size());
-        m_plain.append(data + done, static_cast<int>(take));
-        done += take;
+    void stop() override
+    {
+        zeroOut(m_pending.data(), static_cast<std::size_t>(m_pending.size()));
+        m_pending.clear();
+        m_in.clear();
     }
-    return done;
-}
 
-bool IODevice::flushChunk(bool last)
-{
-    QByteArray sealed(m_plain.size() + k_tagSize, Qt::Uninitialized);
-    if (!sealChunk(m_counter, last, reinterpret_cast<const unsigned char*>(m_plain.constData()),
-                   m_plain.size(), reinterpret_cast<unsigned char*>(sealed.data()))) {
-        fail(tr("Encryption failed."));
-        return false;
+    QString wrappedFailed(bool reading, const QString& reason) const override
+    {
+        return (reading ? IODevice::tr("Cannot read the encrypted stream: %1")
+                        : IODevice::tr("Cannot write the encrypted stream: %1"))
+            .arg(reason);
     }
-    zeroOut(m_plain.data(), static_cast<std::size_t>(m_plain.size()));
-    m_plain.resize(0);
-    ++m_counter;
-    qint64 written = 0;
-    while (written < sealed.size()) {
-        const qint64 n = m_device->write(sealed.constData() + written, sealed.size() - written);
-        if (n <= 0) {
-            fail(tr("Cannot write the encrypted stream: %1").arg(m_device->errorString()));
+
+    bool decode(FilterDevicePrivate& device, QByteArray& out) override
+    {
+        if (!m_headerDone && !readHeader(device))
             return false;
-        }
-        written += n;
-    }
-    return true;
-}
-
-qint64 IODevice::readSource(char* data, qint64 size)
-{
-    qint64 done = 0;
-    while (done < size && !m_sourceEnd) {
-        const qint64 n = m_device->read(data + done, size - done);
-        if (n < 0) {
-            fail(tr("Cannot read the encrypted stream: %1").arg(m_device->errorString()));
-            return -1;
-        }
-        if (n == 0)
-            m_sourceEnd = true;
-        done += n;
-    }
-    return done;
-}
-
-bool IODevice::readHeader()
-{
-    char header[k_headerSize];
-    const qint64 n = readSource(header, k_headerSize);
-    if (n < 0)
-        return false;
-    if (n < k_headerSize) {
-        fail(tr("The encrypted stream ends before its last chunk."));
-        return false;
-    }
-    if (header[0] != k_version) {
-        fail(tr("The stream is not encrypted in a known format (version %1).")
-                 .arg(static_cast<unsigned char>(header[0])));
-        return false;
-    }
-    if (!setSalt(reinterpret_cast<const unsigned char*>(header + 1))) {
-        fail(tr("Cannot set up the stream key."));
-        return false;
-    }
-    m_headerDone = true;
-    return true;
-}
-
-bool IODevice::fill() const
-{
-    // Reading ahead changes no observable state but the buffers.
-    return const_cast<IODevice*>(this)->fillImpl();
-}
-
-bool IODevice::fillImpl()
-{
-    if (m_failed)
-        return false;
-    if (!(openMode() & ReadOnly))
-        return false;
-    if (!m_headerDone && !readHeader())
-        return false;
-    while (m_plainPos >= m_plain.size() && !m_finished) {
         // One sealed chunk plus one byte tells whether the chunk is the last.
-        const int sealedSize = k_chunkSize + k_tagSize;
+        const int sealedSize = aes_context::k_chunkSize + aes_context::k_tagSize;
         const int want = sealedSize + 1;
-        if (m_in.size() < want && !m_sourceEnd) {
+        if (m_in.size() < want && !device.wrappedEnded()) {
             const int had = m_in.size();
             m_in.resize(want);
-            const qint64 n = readSource(m_in.data() + had, want - had);
+            const qint64 n = device.readWrappedFully(m_in.data() + had, want - had);
             if (n < 0)
                 return false;
             m_in.resize(had + static_cast<int>(n));
         }
         const bool last = m_in.size() <= sealedSize;
         const int size = last ? m_in.size() : sealedSize;
-        if (size < k_tagSize) {
-            fail(tr("The encrypted stream ends before its last chunk."));
+        if (size < aes_context::k_tagSize) {
+            device.fail(IODevice::tr("The encrypted stream ends before its last chunk."));
             return false;
         }
-        zeroOut(m_plain.data(), static_cast<std::size_t>(m_plain.size()));
-        m_plain.resize(size - k_tagSize);
-        m_plainPos = 0;
+        out.resize(size - aes_context::k_tagSize);
         const unsigned char* sealed = reinterpret_cast<const unsigned char*>(m_in.constData());
-        unsigned char* plain = reinterpret_cast<unsigned char*>(m_plain.data());
-        if (!openChunk(m_counter, last, sealed, size, plain)) {
+        unsigned char* plain = reinterpret_cast<unsigned char*>(out.data());
+        if (!m_cipher.openChunk(m_counter, last, sealed, size, plain)) {
             // A final chunk that opens as an inner chunk means the stream
             // was cut right after it. fail() wipes what that trial opened.
-            if (last && openChunk(m_counter, false, sealed, size, plain))
-                fail(tr("The encrypted stream ends before its last chunk."));
+            if (last && m_cipher.openChunk(m_counter, false, sealed, size, plain))
+                device.fail(IODevice::tr("The encrypted stream ends before its last chunk."));
             else
-                fail(tr("Decryption failed at chunk %1: wrong key, or the stream was changed or cut.")
-                         .arg(m_counter));
+                device.fail(IODevice::tr("Decryption failed at chunk %1: wrong key, or the stream was changed or cut.")
+                                .arg(m_counter));
             return false;
         }
         ++m_counter;
         m_in.remove(0, size);
         if (last)
-            m_finished = true;
+            device.endOfStream();
+        return true;
     }
-    return true;
+
+    bool encode(FilterDevicePrivate& device, const char* data, qint64 size) override
+    {
+        qint64 done = 0;
+        while (done < size) {
+            // A full chunk is sealed only once more bytes follow, so that a
+            // stream whose length is a multiple of the chunk size still ends
+            // with a non-empty last chunk.
+            if (m_pending.size() == aes_context::k_chunkSize && !sealPending(device, false))
+                return false;
+            const qint64 take = std::min<qint64>(size - done, aes_context::k_chunkSize - m_pending.size());
+            m_pending.append(data + done, static_cast<int>(take));
+            done += take;
+        }
+        return true;
+    }
+
+    bool finish(FilterDevicePrivate& device) override { return sealPending(device, true); }
+
+private:
+    bool readHeader(FilterDevicePrivate& device)
+    {
+        char header[aes_context::k_headerSize];
+        const qint64 n = device.readWrappedFully(header, aes_context::k_headerSize);
+        if (n < 0)
+            return false;
+        if (n < aes_context::k_headerSize) {
+            device.fail(IODevice::tr("The encrypted stream ends before its last chunk."));
+            return false;
+        }
+        if (header[0] != aes_context::k_version) {
+            device.fail(IODevice::tr("The stream is not encrypted in a known format (version %1).")
+                            .arg(static_cast<unsigned char>(header[0])));
+            return false;
+        }
+        if (!m_cipher.setSalt(reinterpret_cast<const unsigned char*>(header + 1))) {
+            device.fail(IODevice::tr("Cannot set up the stream key."));
+            return false;
+        }
+        m_headerDone = true;
+        return true;
+    }
+
+    bool sealPending(FilterDevicePrivate& device, bool last)
+    {
+        QByteArray sealed(m_pending.size() + aes_context::k_tagSize, Qt::Uninitialized);
+        if (!m_cipher.sealChunk(m_counter, last, reinterpret_cast<const unsigned char*>(m_pending.constData()),
+                                m_pending.size(), reinterpret_cast<unsigned char*>(sealed.data()))) {
+            device.fail(IODevice::tr("Encryption failed."));
+            return false;
+        }
+        zeroOut(m_pending.data(), static_cast<std::size_t>(m_pending.size()));
+        m_pending.resize(0);
+        ++m_counter;
+        return device.writeWrappedFully(sealed.constData(), sealed.size());
+    }
+
+    aes_context& m_cipher;
+    QByteArray m_in;      // reader: sealed bytes not opened yet
+    QByteArray m_pending; // writer: plain bytes waiting for their chunk
+    std::uint64_t m_counter = 0;
+    bool m_headerDone = false;
+};
+
+} // namespace
+
+IODevice::IODevice(QIODevice* device, const secure_string& key, QObject* parent)
+    : FilterDevice(device, new CipherTransform(*this), parent), aes_context(key)
+{
 }
 
-void IODevice::fail(const QString& reason)
+IODevice::~IODevice()
 {
-    m_failed = true;
-    zeroOut(m_plain.data(), static_cast<std::size_t>(m_plain.size()));
-    m_plain.resize(0);
-    m_plainPos = 0;
-    setErrorString(reason);
+    close();
 }
 
 } // namespace crypto

@@ -1,10 +1,8 @@
 #pragma once
 
 #include <CommonKit/support/core/Export.h>
+#include <CommonKit/support/core/FilterDevice.h>
 #include <CommonKit/support/crypto/SecureAllocator.h>
-
-#include <QByteArray>
-#include <QIODevice>
 
 #include <cstdint>
 
@@ -22,14 +20,23 @@ namespace crypto {
 class COMMONKIT_EXPORT aes_context
 {
 public:
+    /// The format version, the first byte of a stream.
     static constexpr int k_version = 1;
+    /// Bytes of salt after the version byte.
     static constexpr int k_saltSize = 16;
+    /// Bytes before the first chunk: version and salt.
     static constexpr int k_headerSize = 1 + k_saltSize;
+    /// Plain bytes in every chunk but the last, which holds 0 to k_chunkSize.
     static constexpr int k_chunkSize = 65536;
+    /// Bytes of GCM tag after each chunk's ciphertext.
     static constexpr int k_tagSize = 16;
+    /// Bytes of the derived chunk key (AES-256).
     static constexpr int k_keySize = 32;
+    /// Bytes of a chunk's nonce.
     static constexpr int k_nonceSize = 12;
 
+    /// Keeps a copy of `key` (any length, even empty); there is no chunk key
+    /// until setSalt().
     explicit aes_context(const secure_string& key);
     aes_context(const aes_context&) = delete;
     aes_context& operator=(const aes_context&) = delete;
@@ -39,7 +46,9 @@ public:
     const secure_string& key() const { return m_key; }
 
     /// Derives the chunk key for a stream with this salt (k_saltSize bytes).
+    /// False when the derivation failed; there is no chunk key then.
     bool setSalt(const unsigned char* salt);
+    /// Whether setSalt() derived a chunk key.
     bool hasChunkKey() const { return m_ready; }
 
     /// Encrypts `size` (at most k_chunkSize) bytes into `out`, which receives
@@ -66,54 +75,25 @@ private:
 /// decrypts what it reads from another device: authenticated streaming
 /// encryption with AES-256-GCM in chunks of 64 KiB (see aes_context).
 ///
-/// Open it ReadOnly or WriteOnly (not both). Opening opens the wrapped device
-/// with the same mode when that one is not open yet; closing a writer seals
-/// the buffered rest as the last chunk, and closing either kind closes the
-/// wrapped device. The device does not own the wrapped device, which must outlive it
-/// (destroying an open device closes it).
+/// Open it ReadOnly or WriteOnly (not both). Opening a writer writes the
+/// header with a new random salt; closing it seals the buffered rest as the
+/// last chunk. The wrapped device is opened, closed and not owned as
+/// FilterDevice describes.
 ///
 /// A reader checks every chunk before it hands out its bytes. read() returns
 /// -1 and errorString() says why when a chunk was tampered with, the key is
 /// wrong, the stream is not one of ours, or the stream ends before its last
 /// chunk. Memory use is bounded by two chunks whatever the stream size.
-class COMMONKIT_EXPORT IODevice : public QIODevice, public aes_context
+class COMMONKIT_EXPORT IODevice : public FilterDevice, public aes_context
 {
     Q_OBJECT
 public:
+    /// A device over `device`, which it does not own, encrypting with
+    /// chunk keys derived from `key`.
     IODevice(QIODevice* device, const secure_string& key, QObject* parent = nullptr);
+    /// Closes the device when it is open (a writer seals its last chunk
+    /// while the cipher is still there) and wipes the buffered plain bytes.
     ~IODevice() override;
-
-    QIODevice* device() const { return m_device; }
-
-    bool open(OpenMode mode) override;
-    void close() override;
-    bool isSequential() const override;
-    bool atEnd() const override;
-    qint64 bytesAvailable() const override;
-    /// Whether reading met an error (the stream stays failed until closed).
-    bool hasError() const { return m_failed; }
-
-protected:
-    qint64 readData(char* data, qint64 maxSize) override;
-    qint64 writeData(const char* data, qint64 maxSize) override;
-
-private:
-    bool fill() const;
-    bool fillImpl();
-    bool readHeader();
-    bool flushChunk(bool last);
-    qint64 readSource(char* data, qint64 size);
-    void fail(const QString& reason);
-
-    QIODevice* m_device;
-    QByteArray m_in;      // reader: sealed bytes not yet opened
-    QByteArray m_plain;   // reader: opened bytes; writer: bytes waiting for a chunk
-    qint64 m_plainPos = 0;
-    std::uint64_t m_counter = 0;
-    bool m_headerDone = false;
-    bool m_finished = false;
-    bool m_failed = false;
-    bool m_sourceEnd = false;
 };
 
 } // namespace crypto

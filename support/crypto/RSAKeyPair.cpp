@@ -10,6 +10,9 @@
 #include <openssl/pem.h>
 #include <openssl/rsa.h>
 
+#include <QFile>
+
+#include <cerrno>
 #include <cstdio>
 #include <fstream>
 #include <iterator>
@@ -34,18 +37,17 @@ struct RSAKeyPair::Key
 
 namespace {
 
-std::string opensslError(const char* what)
+// `text` followed by OpenSSL's reason in parentheses, when it gave one; the
+// error queue is emptied either way.
+QString withOpensslReason(const QString& text)
 {
-    std::string text(what);
     const unsigned long code = ERR_get_error();
-    if (code) {
-        char buffer[256];
-        ERR_error_string_n(code, buffer, sizeof buffer);
-        text += ": ";
-        text += buffer;
-    }
     ERR_clear_error();
-    return text;
+    if (!code)
+        return text;
+    char buffer[256];
+    ERR_error_string_n(code, buffer, sizeof buffer);
+    return QStringLiteral("%1 (%2)").arg(text, QString::fromLatin1(buffer));
 }
 
 bool hasPrivatePart(EVP_PKEY* pkey)
@@ -152,13 +154,24 @@ RSAKeyPair::~RSAKeyPair()
     delete m_key;
 }
 
+void RSAKeyPair::setError(const QString& text) const
+{
+    m_errorString = text;
+    m_lastError = text.toStdString();
+}
+
 bool RSAKeyPair::loadPem(const secure_string& pem, const secure_string& passphrase)
+{
+    return loadPemFrom(pem, passphrase, tr("the PEM text"));
+}
+
+bool RSAKeyPair::loadPemFrom(const secure_string& pem, const secure_string& passphrase, const QString& source)
 {
     EVP_PKEY* pkey = nullptr;
     OSSL_DECODER_CTX* decoder = OSSL_DECODER_CTX_new_for_pkey(&pkey, "PEM", nullptr, "RSA", 0,
                                                               nullptr, nullptr);
     if (!decoder) {
-        m_lastError = opensslError("cannot set up the PEM decoder");
+        setError(withOpensslReason(tr("Cannot set up the PEM decoder")));
         return false;
     }
     // An empty passphrase is still set, so an encrypted key never prompts.
@@ -170,52 +183,61 @@ bool RSAKeyPair::loadPem(const secure_string& pem, const secure_string& passphra
     OSSL_DECODER_CTX_free(decoder);
     if (!ok) {
         EVP_PKEY_free(pkey);
-        m_lastError = opensslError("no RSA key in the PEM text");
+        setError(withOpensslReason(tr("No RSA key in %1").arg(source)));
         return false;
     }
     delete m_key;
     m_key = new Key(pkey);
     m_private = hasPrivatePart(pkey);
-    m_lastError.clear();
+    setError(QString());
     return true;
 }
 
 bool RSAKeyPair::loadFile(const std::string& path, const secure_string& passphrase)
 {
-    std::ifstream file(path, std::ios::binary);
-    if (!file) {
-        m_lastError = "cannot open " + path;
+    const QString name = QFile::decodeName(path.c_str());
+    QFile file(name);
+    if (!file.open(QIODevice::ReadOnly)) {
+        setError(tr("Cannot open the key file %1: %2").arg(name, file.errorString()));
         return false;
     }
     secure_string text;
     char buffer[4096];
-    while (file.read(buffer, sizeof buffer) || file.gcount() > 0) {
-        text.append(buffer, static_cast<std::size_t>(file.gcount()));
+    for (;;) {
+        const qint64 n = file.read(buffer, sizeof buffer);
+        if (n < 0) {
+            zeroOut(buffer, sizeof buffer);
+            setError(tr("Cannot read the key file %1: %2").arg(name, file.errorString()));
+            return false;
+        }
+        if (n == 0)
+            break;
+        text.append(buffer, static_cast<std::size_t>(n));
         if (text.size() > (1u << 20)) {
             zeroOut(buffer, sizeof buffer);
-            m_lastError = path + " is too large for a key file";
+            setError(tr("The key file %1 is larger than 1 MiB").arg(name));
             return false;
         }
     }
     zeroOut(buffer, sizeof buffer);
-    return loadPem(text, passphrase);
+    return loadPemFrom(text, passphrase, name);
 }
 
 bool RSAKeyPair::generate(int bits)
 {
     if (bits < 1024) {
-        m_lastError = "an RSA key needs at least 1024 bits";
+        setError(tr("An RSA key needs at least 1024 bits, not %1").arg(bits));
         return false;
     }
     EVP_PKEY* pkey = EVP_RSA_gen(static_cast<unsigned int>(bits));
     if (!pkey) {
-        m_lastError = opensslError("RSA key generation failed");
+        setError(withOpensslReason(tr("Generating the RSA key failed")));
         return false;
     }
     delete m_key;
     m_key = new Key(pkey);
     m_private = true;
-    m_lastError.clear();
+    setError(QString());
     return true;
 }
 
@@ -232,7 +254,7 @@ secure_string RSAKeyPair::privateKeyPem() const
         return secure_string();
     BioPtr bio(BIO_new(BIO_s_secmem()), &BIO_free);
     if (!bio || !PEM_write_bio_PrivateKey(bio.get(), m_key->pkey, nullptr, nullptr, 0, nullptr, nullptr)) {
-        m_lastError = opensslError("cannot write the private key");
+        setError(withOpensslReason(tr("Cannot write the private key as PEM text")));
         return secure_string();
     }
     return bioText(bio.get());
@@ -244,7 +266,7 @@ std::string RSAKeyPair::publicKeyPem() const
         return std::string();
     BioPtr bio(BIO_new(BIO_s_mem()), &BIO_free);
     if (!bio || !PEM_write_bio_PUBKEY(bio.get(), m_key->pkey)) {
-        m_lastError = opensslError("cannot write the public key");
+        setError(withOpensslReason(tr("Cannot write the public key as PEM text")));
         return std::string();
     }
     const secure_string text = bioText(bio.get());
@@ -283,26 +305,34 @@ bool writeFile(const std::string& path, const char* data, std::size_t size, bool
 
 bool RSAKeyPair::savePrivateKey(const std::string& path) const
 {
-    const secure_string pem = privateKeyPem();
-    if (pem.empty())
-        return false;
-    if (!writeFile(path, pem.data(), pem.size(), true)) {
-        m_lastError = "cannot write " + path;
+    if (emptyPrivateKey()) {
+        setError(tr("There is no private key to save"));
         return false;
     }
-    return true;
+    const secure_string pem = privateKeyPem();
+    return !pem.empty() && saveFile(path, pem.data(), pem.size(), true);
 }
 
 bool RSAKeyPair::savePublicKey(const std::string& path) const
 {
-    const std::string pem = publicKeyPem();
-    if (pem.empty())
-        return false;
-    if (!writeFile(path, pem.data(), pem.size(), false)) {
-        m_lastError = "cannot write " + path;
+    if (emptyPublicKey()) {
+        setError(tr("There is no key to save"));
         return false;
     }
-    return true;
+    const std::string pem = publicKeyPem();
+    return !pem.empty() && saveFile(path, pem.data(), pem.size(), false);
+}
+
+bool RSAKeyPair::saveFile(const std::string& path, const char* data, std::size_t size, bool secret) const
+{
+    errno = 0;
+    if (writeFile(path, data, size, secret)) {
+        setError(QString());
+        return true;
+    }
+    const int error = errno;
+    setError(tr("Cannot write the key file %1: %2").arg(QFile::decodeName(path.c_str()), qt_error_string(error)));
+    return false;
 }
 
 bool RSAKeyPair::emptyPrivateKey() const
@@ -328,12 +358,12 @@ secure_string RSAKeyPair::sign(const secure_string& digest) const
 secure_string RSAKeyPair::sign(const secure_string& digest, MessageDigest::Algorithm algorithm) const
 {
     if (emptyPrivateKey()) {
-        m_lastError = "no private key to sign with";
+        setError(tr("There is no private key to sign with"));
         return secure_string();
     }
     const EVP_MD* md = evpDigest(algorithm);
     if (!md || static_cast<std::size_t>(MessageDigest::digestSize(algorithm)) != digest.size()) {
-        m_lastError = "the digest does not match a known algorithm";
+        setError(tr("The digest does not match a known algorithm"));
         return secure_string();
     }
     PkeyCtxPtr ctx(EVP_PKEY_CTX_new_from_pkey(nullptr, m_key->pkey, nullptr), &EVP_PKEY_CTX_free);
@@ -343,16 +373,16 @@ secure_string RSAKeyPair::sign(const secure_string& digest, MessageDigest::Algor
         || EVP_PKEY_CTX_set_signature_md(ctx.get(), md) <= 0
         || EVP_PKEY_sign(ctx.get(), nullptr, &size,
                          reinterpret_cast<const unsigned char*>(digest.data()), digest.size()) <= 0) {
-        m_lastError = opensslError("cannot sign");
+        setError(withOpensslReason(tr("Signing failed")));
         return secure_string();
     }
     std::vector<unsigned char, secure_allocator<unsigned char>> signature(size);
     if (EVP_PKEY_sign(ctx.get(), signature.data(), &size,
                       reinterpret_cast<const unsigned char*>(digest.data()), digest.size()) <= 0) {
-        m_lastError = opensslError("cannot sign");
+        setError(withOpensslReason(tr("Signing failed")));
         return secure_string();
     }
-    m_lastError.clear();
+    setError(QString());
     return toBase64(signature.data(), size);
 }
 
@@ -365,17 +395,17 @@ bool RSAKeyPair::verify(const secure_string& digest, const secure_string& signat
                         MessageDigest::Algorithm algorithm) const
 {
     if (emptyPublicKey()) {
-        m_lastError = "no public key to verify with";
+        setError(tr("There is no public key to check the signature with"));
         return false;
     }
     const EVP_MD* md = evpDigest(algorithm);
     if (!md || static_cast<std::size_t>(MessageDigest::digestSize(algorithm)) != digest.size()) {
-        m_lastError = "the digest does not match a known algorithm";
+        setError(tr("The digest does not match a known algorithm"));
         return false;
     }
     secure_string bytes;
     if (!fromBase64(signature, bytes)) {
-        m_lastError = "the signature is not Base64 text";
+        setError(tr("The signature is not Base64 text"));
         return false;
     }
     PkeyCtxPtr ctx(EVP_PKEY_CTX_new_from_pkey(nullptr, m_key->pkey, nullptr), &EVP_PKEY_CTX_free);
@@ -385,10 +415,7 @@ bool RSAKeyPair::verify(const secure_string& digest, const secure_string& signat
                     && EVP_PKEY_verify(ctx.get(), reinterpret_cast<const unsigned char*>(bytes.data()),
                                        bytes.size(), reinterpret_cast<const unsigned char*>(digest.data()),
                                        digest.size()) == 1;
-    if (!ok)
-        m_lastError = opensslError("the signature does not match");
-    else
-        m_lastError.clear();
+    setError(ok ? QString() : withOpensslReason(tr("The signature does not match the digest")));
     return ok;
 }
 

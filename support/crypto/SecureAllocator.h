@@ -34,19 +34,34 @@ template<typename T>
 class secure_allocator
 {
 public:
+    /// The element type.
     using value_type = T;
+    /// The type of element counts.
     using size_type = std::size_t;
+    /// The type of pointer differences.
     using difference_type = std::ptrdiff_t;
+    /// A container moved into another takes its allocator along.
     using propagate_on_container_move_assignment = std::true_type;
+    /// All instances are interchangeable: any frees what another allocated.
     using is_always_equal = std::true_type;
 
+    /// The allocator for another element type.
     template<typename U>
-    struct rebind { using other = secure_allocator<U>; };
+    struct rebind
+    {
+        /// secure_allocator of U.
+        using other = secure_allocator<U>;
+    };
 
+    /// The allocator; it has no state.
     secure_allocator() noexcept = default;
+    /// Converts from the allocator of another element type.
     template<typename U>
     secure_allocator(const secure_allocator<U>&) noexcept {}
 
+    /// Memory for `n` elements, from secureAllocate(); throws
+    /// std::bad_array_new_length when the size overflows and std::bad_alloc
+    /// when memory runs out.
     T* allocate(std::size_t n)
     {
         if (n > std::numeric_limits<std::size_t>::max() / sizeof(T))
@@ -54,13 +69,16 @@ public:
         return static_cast<T*>(secureAllocate(n * sizeof(T)));
     }
 
+    /// Wipes and frees the memory of `n` elements at `p`.
     void deallocate(T* p, std::size_t n) noexcept
     {
         secureDeallocate(p, n * sizeof(T));
     }
 
+    /// Always true: the allocators are interchangeable.
     template<typename U>
     bool operator==(const secure_allocator<U>&) const noexcept { return true; }
+    /// Always false: the allocators are interchangeable.
     template<typename U>
     bool operator!=(const secure_allocator<U>&) const noexcept { return false; }
 };

@@ -195,7 +195,10 @@ TEST_F(EncryptedFileTest, PlainFileIsPayloadThenJsonThenLength)
     EncryptedFile in;
     ASSERT_TRUE(in.open(QFileInfo(file), secure_string()));
     EXPECT_FALSE(in.verify(*s_checking));
-    EXPECT_FALSE(EncryptedFile().verify(*s_checking)); // not open
+    EXPECT_EQ(in.errorString().toStdString(), QStringLiteral("%1 carries no signature.").arg(file).toStdString());
+    EncryptedFile closed;
+    EXPECT_FALSE(closed.verify(*s_checking));
+    EXPECT_EQ(closed.errorString().toStdString(), "The container is not open for reading.");
 }
 
 TEST_F(EncryptedFileTest, TimestampsAreUtcSeconds)
@@ -267,7 +270,11 @@ TEST_F(EncryptedFileTest, VerifyChecksSignerLengthsAndKey)
         EncryptedFile again;
         ASSERT_TRUE(again.open(QFileInfo(file), secure_string()));
         EXPECT_FALSE(again.verify(*s_other));
+        EXPECT_TRUE(again.errorString().startsWith(
+            QStringLiteral("The signature of %1 is not valid: The signature does not match the digest").arg(file)));
         EXPECT_FALSE(again.verify(RSAKeyPair()));
+        EXPECT_EQ(again.errorString().toStdString(),
+                  QStringLiteral("There is no public key to check the signature of %1 with.").arg(file).toStdString());
     }
 }
 
@@ -347,6 +354,10 @@ TEST_F(EncryptedFileTest, BytesAddedAfterThePayloadAreNoticed)
             EncryptedFile again;
             ASSERT_TRUE(again.open(QFileInfo(file), setup.key));
             EXPECT_FALSE(again.verify(*s_checking)) << extra.size() << " bytes added";
+            if (setup.key.empty() && setup.compression == 0) {
+                EXPECT_EQ(again.errorString().toStdString(),
+                          QStringLiteral("The payload of %1 is longer than recorded.").arg(file).toStdString());
+            }
         }
     }
 }
@@ -375,21 +386,28 @@ TEST_F(EncryptedFileTest, HostileTrailersFailCleanly)
 {
     const QByteArray good = QByteArrayLiteral(R"({"compression":0,"encrypted":false,"digest-algorithm":"SHA256"})");
     const QByteArray deep = QByteArray(100000, '[') + QByteArray(100000, ']');
-    struct Row { const char* name; QByteArray bytes; bool opens; bool metaReadable; };
+    // `error` begins the reason open() gives, %1 standing for the file.
+    struct Row { const char* name; QByteArray bytes; bool opens; bool metaReadable; const char* error; };
+    const char* tooShort = "%1 is not a container: it is too short for a trailer.";
+    const char* notJson = "%1 is not a container: its metadata is not JSON (";
     auto withTrailer = [](const QByteArray& payload, const QByteArray& meta) {
         return payload + meta + bigEndian64(static_cast<quint64>(meta.size()));
     };
     const Row rows[] = {
-        {"empty file", QByteArray(), false, false},
-        {"shorter than a length", QByteArray("abc"), false, false},
-        {"length of all ones", QByteArray("payload") + bigEndian64(~0ULL), false, false},
-        {"length one beyond the file", QByteArray("xy") + good + bigEndian64(static_cast<quint64>(good.size()) + 3), false, false},
-        {"length above the limit", QByteArray(2 << 20, ' ') + bigEndian64(2 << 20), false, false},
-        {"metadata not JSON", withTrailer("p", "{\"a\":"), false, false},
-        {"metadata a list", withTrailer("", "[1]"), false, false},
-        {"metadata deeply nested", withTrailer("", deep), false, false},
-        {"unknown digest", withTrailer("p", R"({"digest-algorithm":"ROT13"})"), false, true},
-        {"good trailer", withTrailer("data", good), true, true},
+        {"empty file", QByteArray(), false, false, tooShort},
+        {"shorter than a length", QByteArray("abc"), false, false, tooShort},
+        {"length of all ones", QByteArray("payload") + bigEndian64(~0ULL), false, false,
+         "%1 is not a container: its trailer claims 18446744073709551615 bytes of metadata in a file of 15 bytes."},
+        {"length one beyond the file", QByteArray("xy") + good + bigEndian64(static_cast<quint64>(good.size()) + 3), false,
+         false, "%1 is not a container: its trailer claims "},
+        {"length above the limit", QByteArray(2 << 20, ' ') + bigEndian64(2 << 20), false, false,
+         "%1 is not a container: its trailer claims 2097152 bytes of metadata, more than the 1048576 that are read."},
+        {"metadata not JSON", withTrailer("p", "{\"a\":"), false, false, notJson},
+        {"metadata a list", withTrailer("", "[1]"), false, false, "%1 is not a container: its metadata is not a JSON object."},
+        {"metadata deeply nested", withTrailer("", deep), false, false, notJson},
+        {"unknown digest", withTrailer("p", R"({"digest-algorithm":"ROT13"})"), false, true,
+         "The metadata of %1 names an unknown digest algorithm \"ROT13\"."},
+        {"good trailer", withTrailer("data", good), true, true, ""},
     };
     for (const Row& row : rows) {
         const QString file = path("hostile");
@@ -404,6 +422,7 @@ TEST_F(EncryptedFileTest, HostileTrailersFailCleanly)
             EXPECT_EQ(data, QByteArray("data"));
         } else {
             EXPECT_EQ(in.read(10), QByteArray()) << row.name;
+            EXPECT_TRUE(in.errorString().startsWith(QString::fromLatin1(row.error).arg(file))) << qPrintable(in.errorString());
         }
     }
     EXPECT_EQ(EncryptedFile::metaInfo(QFileInfo(path("missing"))), json::Variant(false));
@@ -492,12 +511,20 @@ TEST_F(EncryptedFileTest, PipesAndDirectoriesAreNotContainers)
 TEST_F(EncryptedFileTest, CreateFailsCleanly)
 {
     EncryptedFile out;
-    EXPECT_FALSE(out.create(QFileInfo(path("no/such/dir/file")), secure_string(), 0,
-                            MessageDigest::SHA256));
+    const QString missingDirectory = path("no/such/dir/file");
+    EXPECT_FALSE(out.create(QFileInfo(missingDirectory), secure_string(), 0, MessageDigest::SHA256));
     EXPECT_EQ(out.write("x", 1), -1);
+    QFile reference(missingDirectory);
+    ASSERT_FALSE(reference.open(QIODevice::WriteOnly));
+    EXPECT_EQ(out.errorString().toStdString(),
+              QStringLiteral("Cannot create %1: %2").arg(missingDirectory, reference.errorString()).toStdString());
     EncryptedFile badLevel;
     EXPECT_FALSE(badLevel.create(QFileInfo(path("level")), secure_string(), 42,
                                  MessageDigest::SHA256));
+    EXPECT_EQ(badLevel.errorString().toStdString(),
+              QStringLiteral("Cannot open the device stack of %1: Invalid compression level 42.")
+                  .arg(path("level"))
+                  .toStdString());
 }
 
 #if defined(__linux__) && !defined(__SANITIZE_ADDRESS__)

@@ -164,6 +164,7 @@ TEST_F(ContainerTool, TamperingWrongKeysAndBadInputFailWithOneLine)
         {{"verify", box, "--public", path("other.pub"), "--key-file", keyFile}, 1, "NOT valid"},
         {{"verify", box, "--key-file", keyFile}, 2, "--public"},
         {{"info", path("junk")}, 1, "not a container"},
+        {{"extract", path("junk"), out}, 1, "junk is not a container: its trailer claims"},
         {{"info", path("missing")}, 1, "does not exist"},
         {{"create", m_input, out, "--compress", "10"}, 2, "compression level"},
         {{"create", m_input, out, "--signer", "x"}, 2, "--signer needs --sign"},

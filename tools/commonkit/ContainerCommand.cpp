@@ -99,9 +99,8 @@ void openContainer(ko::EncryptedFile& container, const QString& path, const secu
 {
     if (!QFileInfo::exists(path))
         throw CommandError(tr("%1: %2 does not exist").arg(command, path));
-    const DiagnosticCapture diagnostics;
     if (!container.open(QFileInfo(path), key))
-        throw CommandError(tr("%1: %2 is not a container or its trailer is damaged").arg(command, path) + diagnostics.reason());
+        throw CommandError(QStringLiteral("%1: %2").arg(command, container.errorString()));
     if (container.metaInfo().value("encrypted").toBool() && key.empty())
         throw CommandError(tr("%1: %2 is encrypted; give its key with --key-file").arg(command, path));
 }
@@ -158,7 +157,7 @@ int runCreate(const QStringList& arguments)
             throw CommandError(tr("%1: the key in %2 cannot sign a %3 digest: %4")
                                    .arg(command, signPath,
                                         QString::fromStdString(ko::crypto::MessageDigest::algorithmName(algorithm)),
-                                        QString::fromStdString(keyPair.lastError())));
+                                        keyPair.errorString()));
     }
 
     // The container is written beside the output and renamed over it only
@@ -178,7 +177,7 @@ int runCreate(const QStringList& arguments)
     const DiagnosticCapture diagnostics;
     ko::EncryptedFile container;
     if (!container.create(QFileInfo(partialPath), key, level, algorithm))
-        throw CommandError(tr("%1: cannot create %2").arg(command, output) + diagnostics.reason());
+        throw CommandError(tr("%1: cannot create %2: %3").arg(command, output, container.errorString()));
     QByteArray block(k_copyBlock, Qt::Uninitialized);
     for (;;) {
         const qint64 n = in.read(block.data(), block.size());
@@ -305,9 +304,9 @@ int runVerify(const QStringList& arguments)
     const json::Variant meta = container.metaInfo();
     if (!meta.contains("signature"))
         throw CommandError(tr("%1: %2 is not signed").arg(command, path));
-    const DiagnosticCapture diagnostics;
     if (!container.verify(keyPair))
-        throw CommandError(tr("%1: the signature of %2 is NOT valid").arg(command, path) + diagnostics.reason());
+        throw CommandError(tr("%1: the signature of %2 is NOT valid").arg(command, path)
+                           + QStringLiteral(" (%1)").arg(container.errorString()));
     const std::string signer = meta.value("signer").toString();
     QTextStream(stdout) << (signer.empty() ? tr("The signature of %1 is valid.").arg(path)
                                            : tr("The signature of %1 by %2 is valid.").arg(path, QString::fromStdString(signer)))

@@ -42,7 +42,7 @@ bool runContainerDemo(DemoContext& context)
     const ko::crypto::secure_string key("demo key - keep it secret");
     ko::crypto::RSAKeyPair signer;
     if (!signer.generate(2048)) {
-        out << tr("Cannot generate a key pair: %1").arg(QString::fromStdString(signer.lastError())) << "\n";
+        out << tr("Cannot generate a key pair: %1").arg(signer.errorString()) << "\n";
         return false;
     }
     const std::string publicPem = signer.publicKeyPem();
@@ -55,7 +55,7 @@ bool runContainerDemo(DemoContext& context)
         ko::EncryptedFile container;
         if (!container.create(QFileInfo(path), key, ko::ZlibDevice::k_bestCompression,
                               ko::crypto::MessageDigest::SHA256)) {
-            out << tr("Cannot create %1").arg(path) << "\n";
+            out << container.errorString() << "\n";
             return false;
         }
         container.write(sample);

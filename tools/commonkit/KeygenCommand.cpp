@@ -5,6 +5,7 @@
 
 #include <CommonKit/support/crypto/RSAKeyPair.h>
 
+#include <QFile>
 #include <QFileInfo>
 #include <QTextStream>
 
@@ -38,11 +39,10 @@ int runKeygen(const QStringList& arguments)
     }
     ko::crypto::RSAKeyPair keyPair;
     if (!keyPair.generate(bits))
-        throw CommandError(tr("%1: generating the key failed: %2").arg(command, QString::fromStdString(keyPair.lastError())));
-    if (!keyPair.savePrivateKey(privatePath.toStdString()))
-        throw CommandError(tr("%1: cannot write %2").arg(command, privatePath));
-    if (!keyPair.savePublicKey(publicPath.toStdString()))
-        throw CommandError(tr("%1: cannot write %2").arg(command, publicPath));
+        throw CommandError(tr("%1: generating the key failed: %2").arg(command, keyPair.errorString()));
+    if (!keyPair.savePrivateKey(QFile::encodeName(privatePath).toStdString())
+        || !keyPair.savePublicKey(QFile::encodeName(publicPath).toStdString()))
+        throw CommandError(QStringLiteral("%1: %2").arg(command, keyPair.errorString()));
     QTextStream(stdout) << tr("Wrote a %1-bit private key to %2 and its public key to %3.").arg(bits).arg(privatePath, publicPath)
                         << "\n";
     return 0;

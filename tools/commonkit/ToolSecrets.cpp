@@ -46,7 +46,7 @@ ko::crypto::RSAKeyPair loadKeyPair(const QString& path, bool needPrivate, const 
     ko::crypto::RSAKeyPair keyPair;
     if (!keyPair.loadPem(pem))
         throw CommandError(tr("%1: %2 holds no RSA key in PEM form: %3")
-                               .arg(command, path, QString::fromStdString(keyPair.lastError())));
+                               .arg(command, path, keyPair.errorString()));
     if (needPrivate && keyPair.emptyPrivateKey())
         throw CommandError(tr("%1: %2 holds a public key; signing needs the private key").arg(command, path));
     return keyPair;

@@ -9,6 +9,8 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
+#include <functional>
+
 namespace {
 
 using ko::crypto::MessageDigest;
@@ -89,6 +91,7 @@ TEST_F(RSAKeyPairTest, SignsAndVerifiesEveryDigestAlgorithm)
         secure_string damaged = signature;
         damaged[10] = damaged[10] == 'A' ? 'B' : 'A';
         EXPECT_FALSE(key.verify(digest, damaged));
+        EXPECT_TRUE(key.errorString().startsWith("The signature does not match the digest")) << qPrintable(key.errorString());
     }
 
     // The digest must match the algorithm it is signed for.
@@ -97,8 +100,11 @@ TEST_F(RSAKeyPairTest, SignsAndVerifiesEveryDigestAlgorithm)
     EXPECT_TRUE(key.sign(secure_string("short")).empty());
     const secure_string signature = key.sign(sha256);
     EXPECT_FALSE(key.verify(sha256, signature, MessageDigest::SHA512));
-    for (const char* notBase64 : {"", "abc", "!!!!", "QUJD=A==", "QQ==="})
+    EXPECT_EQ(key.errorString().toStdString(), "The digest does not match a known algorithm");
+    for (const char* notBase64 : {"", "abc", "!!!!", "QUJD=A==", "QQ==="}) {
         EXPECT_FALSE(key.verify(sha256, secure_string(notBase64))) << notBase64;
+        EXPECT_EQ(key.errorString().toStdString(), "The signature is not Base64 text");
+    }
 }
 
 TEST_F(RSAKeyPairTest, ExportsAndReloadsPemParts)
@@ -144,13 +150,26 @@ TEST_F(RSAKeyPairTest, ExportsAndReloadsPemParts)
     ASSERT_TRUE(fromFile.loadFile(privatePath)) << fromFile.lastError();
     EXPECT_EQ(fromFile.publicKeyPem(), publicPem);
 
-    EXPECT_FALSE(fromFile.loadFile(dir.filePath(QStringLiteral("missing.pem")).toStdString()));
-    EXPECT_FALSE(fromFile.lastError().empty());
-    EXPECT_FALSE(fromFile.loadPem(secure_string("-----BEGIN PUBLIC KEY-----\nnot a key\n-----END PUBLIC KEY-----\n")));
-    EXPECT_FALSE(fromFile.loadPem(secure_string()));
+    // Each failure says what failed and where (Qt's own text for the file).
+    const QString missing = dir.filePath(QStringLiteral("missing.pem"));
+    QFile absent(missing);
+    ASSERT_FALSE(absent.open(QIODevice::ReadOnly));
+    RSAKeyPair none;
+    const struct { std::function<bool()> run; const RSAKeyPair& key; QString error; } failures[] = {
+        {[&] { return fromFile.loadFile(missing.toStdString()); }, fromFile,
+         QStringLiteral("Cannot open the key file %1: %2").arg(missing, absent.errorString())},
+        {[&] { return fromFile.loadPem(secure_string("-----BEGIN PUBLIC KEY-----\nnot a key\n-----END PUBLIC KEY-----\n")); },
+         fromFile, QStringLiteral("No RSA key in the PEM text")},
+        {[&] { return fromFile.loadPem(secure_string()); }, fromFile, QStringLiteral("No RSA key in the PEM text")},
+        {[&] { return fromFile.generate(512); }, fromFile, QStringLiteral("An RSA key needs at least 1024 bits, not 512")},
+        {[&] { return none.savePublicKey(dir.filePath(QStringLiteral("none.pem")).toStdString()); }, none,
+         QStringLiteral("There is no key to save")},
+    };
+    for (const auto& failure : failures) {
+        EXPECT_FALSE(failure.run());
+        EXPECT_TRUE(failure.key.errorString().startsWith(failure.error)) << qPrintable(failure.key.errorString());
+    }
     EXPECT_EQ(fromFile.publicKeyPem(), publicPem) << "a failed load must keep the key";
-    EXPECT_FALSE(RSAKeyPair().generate(512));
-    EXPECT_FALSE(RSAKeyPair().savePublicKey(dir.filePath(QStringLiteral("none.pem")).toStdString()));
 }
 
 TEST_F(RSAKeyPairTest, InteroperatesWithTheOpensslTool)
