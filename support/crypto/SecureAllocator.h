@@ -15,17 +15,19 @@ namespace crypto {
 /// buffer is freed or reused.
 COMMONKIT_EXPORT void zeroOut(void* data, std::size_t size);
 
-/// Allocation primitives behind secure_allocator: secureAllocate hands out
-/// plain heap memory, secureDeallocate wipes `size` bytes with zeroOut and only
-/// then frees them.
+/// Allocation primitive behind secure_allocator: plain heap memory of `size`
+/// bytes.
 COMMONKIT_EXPORT void* secureAllocate(std::size_t size);
+/// Wipes `size` bytes at `data` with zeroOut, calls the release hook if one is
+/// set, and only then frees the block secureAllocate gave.
 COMMONKIT_EXPORT void secureDeallocate(void* data, std::size_t size) noexcept;
 
 /// Diagnostic hook, called with every block that secure_allocator or
 /// locked_string gives back, after the block was wiped and before it is freed
-/// (the memory is still valid during the call). Meant for tests that check the
-/// wiping; returns the previous hook. Pass nullptr to remove it.
+/// (the memory is still valid during the call).
 using ReleaseHook = void (*)(const void* data, std::size_t size);
+/// Installs the release hook (meant for tests that check the wiping) and
+/// returns the previous one; nullptr removes it.
 COMMONKIT_EXPORT ReleaseHook setReleaseHook(ReleaseHook hook);
 
 /// A standard allocator that wipes memory before it frees it, so that keys,
