@@ -99,7 +99,7 @@ QJsonObject containerRow(const QString& path, qint64 megabytes)
 {
     const qint64 residentBefore = statusBytes("VmRSS:");
     ko::crypto::RSAKeyPair keyPair;
-    keyPair.generate(2048);
+    const bool generated = keyPair.generate(2048);
     const ko::crypto::secure_string key("benchmark key");
     const qint64 size = megabytes << 20;
     constexpr int block = 1 << 20;
@@ -115,11 +115,11 @@ QJsonObject containerRow(const QString& path, qint64 megabytes)
             at += n;
         }
     };
-    bool ok = true;
+    bool ok = generated;
     {
         std::mt19937 random(5);
         ko::EncryptedFile out;
-        ok = out.create(QFileInfo(path), key, ko::ZlibDevice::k_bestSpeed, ko::crypto::MessageDigest::SHA256);
+        ok = ok && out.create(QFileInfo(path), key, ko::ZlibDevice::k_bestSpeed, ko::crypto::MessageDigest::SHA256);
         for (qint64 at = 0; ok && at < size; at += block) {
             fill(random);
             ok = out.write(piece) == block;
