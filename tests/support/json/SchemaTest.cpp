@@ -1,5 +1,6 @@
 // json::Schema: loading, references, the converter's questions, validation.
 
+#include "testlib/TestFiles.h"
 #include <CommonKit/support/json/JsonParser.h>
 #include <CommonKit/support/json/Schema.h>
 
@@ -308,11 +309,7 @@ TEST_F(SchemaTest, LoadsFilesAndResourcesAndFailsCleanly)
 {
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("limits.json"));
-    {
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(R"({"type": "integer", "maximum": 10, "definitions": {"n": {"$ref": "#"}}})");
-    }
+    cktest::writeFile(path, R"({"type": "integer", "maximum": 10, "definitions": {"n": {"$ref": "#"}}})");
     const std::string url = QUrl::fromLocalFile(path).toString().toStdString();
     for (const std::string& name : {url, path.toStdString()}) {
         const Schema::Ptr limits = Schema::resolve(name);
@@ -326,11 +323,7 @@ TEST_F(SchemaTest, LoadsFilesAndResourcesAndFailsCleanly)
     EXPECT_EQ(Schema::resolve("limits.json#/definitions/n", url)->type(), "integer");
 
     const std::string broken = dir.filePath(QStringLiteral("broken.json")).toStdString();
-    {
-        QFile file(QString::fromStdString(broken));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write("{\"type\": ");
-    }
+    cktest::writeFile(QString::fromStdString(broken), "{\"type\": ");
     EXPECT_FALSE(Schema::resolve(broken));
     EXPECT_FALSE(Schema::resolve(dir.filePath(QStringLiteral("missing.json")).toStdString()));
     EXPECT_FALSE(Schema::resolve("qrc:/no/such/schema.json"));
