@@ -74,23 +74,12 @@ TEST(Tool, TimeAlignsItsValuesInEveryLanguage)
 
 TEST(Tool, FourccConvertsBothWays)
 {
-    // Values whose bytes are not printable show them escaped, never raw.
-    struct Case { const char* value; const char* letters; };
-    const Case cases[] = {
-        {"ExpS", "0x45787053 1165520979"}, {"0x45787053", "\"ExpS\""}, {"1165520979", "\"ExpS\""},
-        {"0x00000001", "\"\\x00\\x00\\x00\\x01\""},
-        {"12345", "\"\\x00\\x0009\""},
-        {"0x5C0A7F9F", "\"\\x5c\\x0a\\x7f\\x9f\""},
-        {"0x41A0E4FF", "\"A\u00a0\u00e4\u00ff\""},
-    };
     ToolRun run;
-    for (const Case& c : cases) {
-        run = runTool({QStringLiteral("fourcc"), QLatin1String(c.value)});
-        EXPECT_EQ(run.exitCode, 0) << c.value;
-        EXPECT_EQ(run.out.toStdString(), std::string(c.letters) + "\n") << c.value;
+    for (const cktest::DataRow& row : cktest::dataRows("tool/fourcc.tsv", 2)) {
+        run = runTool({QStringLiteral("fourcc"), QString::fromStdString(row[0])});
+        EXPECT_EQ(run.exitCode, 0) << row.where;
+        EXPECT_EQ(run.out.toStdString(), row[1] + "\n") << row.where;
     }
-    run = runTool({QStringLiteral("fourcc"), QStringLiteral("ab\ncdef")});
-    EXPECT_EQ(run.out.toStdString(), "0x61620a63 1633815139\n");
     EXPECT_EQ(run.err.toStdString(), "note: only the first four characters count: \"ab\\x0ac\"\n");
 }
 
@@ -177,20 +166,13 @@ TEST(Tool, LanguageOptionTranslatesTexts)
         EXPECT_FALSE(run.err.contains(QStringLiteral("neither a frame time"))) << run.err.toStdString();
         EXPECT_TRUE(run.err.contains(QStringLiteral("yesterday")));
     }
-    // Both spellings, in any order and place; the last one counts.
-    struct Case { QStringList arguments; const char* fieldsLabel; };
-    const Case cases[] = {
-        {{QStringLiteral("--lang=de"), QStringLiteral("--lang"), QStringLiteral("fr"), QStringLiteral("time"),
-          QStringLiteral("1")}, "champs :"},
-        {{QStringLiteral("--lang"), QStringLiteral("fr"), QStringLiteral("--lang=de"), QStringLiteral("time"),
-          QStringLiteral("1")}, "Felder:"},
-        {{QStringLiteral("time"), QStringLiteral("1"), QStringLiteral("--lang=de")}, "Felder:"},
-        {{QStringLiteral("time"), QStringLiteral("--lang"), QStringLiteral("fr"), QStringLiteral("1")}, "champs :"},
-    };
-    for (const Case& c : cases) {
-        const ToolRun run = runTool(c.arguments);
-        EXPECT_EQ(run.exitCode, 0) << c.arguments.join(' ').toStdString() << ": " << run.err.toStdString();
-        EXPECT_TRUE(run.out.contains(QString::fromUtf8(c.fieldsLabel))) << run.out.toStdString();
+    for (const cktest::DataRow& row : cktest::dataRows("tool/lang-options.tsv", -2)) {
+        QStringList arguments;
+        for (std::size_t i = 1; i < row.fields.size(); ++i)
+            arguments << QString::fromStdString(row[i]);
+        const ToolRun run = runTool(arguments);
+        EXPECT_EQ(run.exitCode, 0) << row.where << ": " << run.err.toStdString();
+        EXPECT_TRUE(run.out.contains(QString::fromStdString(row[0]))) << row.where << ": " << run.out.toStdString();
     }
 }
 
