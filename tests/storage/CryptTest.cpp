@@ -229,24 +229,13 @@ TEST(Crypt, GeneratedSalts)
 
 TEST(Crypt, To64WritesSixBitsPerCharacterFromTheLowEnd)
 {
-    const struct { long value; int count; const char* expected; } cases[] = {
-        {0, 2, "aa"},
-        {1, 2, "ba"},
-        {63, 2, "/a"},
-        {64, 2, "ab"},
-        {64 * 63 + 62, 3, "./a"},
-        {-1, 4, "////"},              // the sign bit is shifted in
-        {-64, 2, "a/"},
-        {0x100000041L, 2, "bb"},      // only the low 32 bits count
-        {0x7fffffffL, 6, "/////b"},   // 31 bits: the sixth character holds one bit
-        {0x7fffffffL, 7, "/////ba"},
-    };
-    for (const auto& c : cases) {
+    for (const cktest::DataRow& row : cktest::dataRows("storage/to64.tsv", 3)) {
+        const int count = std::stoi(row[1]);
         char buffer[16];
         memset(buffer, '#', sizeof buffer);
-        Crypt::to64(buffer, c.value, c.count);
-        EXPECT_EQ(std::string(buffer, static_cast<size_t>(c.count)), c.expected) << c.value;
-        EXPECT_EQ(buffer[c.count], '#') << "no terminator is written";
+        Crypt::to64(buffer, std::stol(row[0]), count);
+        EXPECT_EQ(std::string(buffer, static_cast<size_t>(count)), row[2]) << row.where;
+        EXPECT_EQ(buffer[count], '#') << row.where << ": no terminator is written";
     }
     char untouched = '#';
     Crypt::to64(&untouched, 5, 0);
