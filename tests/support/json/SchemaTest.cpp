@@ -1,5 +1,6 @@
 // json::Schema: loading, references, the converter's questions, validation.
 
+#include "testlib/DataTable.h"
 #include "testlib/TestFiles.h"
 #include <CommonKit/support/json/JsonParser.h>
 #include <CommonKit/support/json/Schema.h>
@@ -115,24 +116,13 @@ TEST_F(SchemaTest, ValidatesWithReferencesAndFormats)
 {
     const Schema::Ptr root = Schema::resolve("https://schemas.example.invalid/settings.json");
     ASSERT_TRUE(root);
-    // at: how errorString() names the failing part of the value.
-    const struct { const char* value; bool valid; const char* at; } rows[] = {
-        {R"({"names": ["a", "b"], "ports": [1, 2]})", true, ""}, {R"({"names": ["a", 2]})", false, "at /names/1 "},
-        {R"({"cams": [{"name": "front"}, {"name": "back"}]})", true, ""},
-        {R"({"cams": [{"title": "front"}]})", false, "at /cams/0 "},
-        {R"({"origin": {"x": 1, "y": 2}})", true, ""}, {R"({"origin": {"x": 1}})", false, "at /origin "},
-        {R"({"origin": {"x": 1.5, "y": 2}})", false, "at /origin/x "},
-        {R"({"changed": "2024-05-06T07:08:09Z"})", true, ""}, {R"({"changed": "yesterday"})", false, "at /changed "},
-        {R"({"day": "2024-02-30"})", false, "at /day "}, {R"({"a~b/c": 1})", false, "at /a~0b~1c "},
-        {R"({"unlisted": 3.5})", true, ""}, {R"({"unlisted": "text"})", false, "at /unlisted "},
-        {R"([1])", false, "The value does not match"},
-    };
-    for (const auto& row : rows) {
+    for (const cktest::DataRow& row : cktest::dataRows("support/json/settings-values.tsv", 3)) {
+        const bool valid = row[2] == "1";
         std::string error;
-        EXPECT_EQ(root->validate(parse(row.value), &error), row.valid) << row.value << "\n" << error;
-        EXPECT_EQ(error.empty(), row.valid) << row.value;
-        EXPECT_EQ(root->errorString().isEmpty(), row.valid) << row.value;
-        EXPECT_TRUE(root->errorString().contains(QLatin1String(row.at))) << root->errorString().toStdString();
+        EXPECT_EQ(root->validate(parse(row[0]), &error), valid) << row.where << "\n" << error;
+        EXPECT_EQ(error.empty(), valid) << row.where;
+        EXPECT_EQ(root->errorString().isEmpty(), valid) << row.where;
+        EXPECT_TRUE(root->errorString().contains(QString::fromStdString(row[1]))) << root->errorString().toStdString();
     }
     // A part of a document validates on its own.
     const Schema::Ptr origin = root->member("origin");
@@ -230,15 +220,8 @@ TEST_F(SchemaTest, ResolvesReferencesAgainstTheirBaseUri)
 // ignore other values.
 TEST_F(SchemaTest, ChecksNumbersByValue)
 {
-    const Row rows[] = {
-        {R"({"multipleOf": 2})", "4.5", false}, {R"({"multipleOf": 2})", "4.0", true},
-        {R"({"multipleOf": 2})", "1e300", true}, {R"({"multipleOf": 1e-8})", "0.5e-8", false},
-        {R"({"multipleOf": 0.1})", "0.3", true}, {R"({"propertyNames": {"multipleOf": 2}})", R"({"3": 1})", true},
-        {R"({"propertyNames": {"maximum": 2}})", R"({"3": 1})", true},
-        {R"({"format": "date"})", R"("2024-13-01")", false},
-    };
-    for (const Row& row : rows)
-        expectValidation(Schema::fromVariant(parse(row.schema)), row);
+    for (const cktest::DataRow& row : cktest::dataRows("support/json/numbers.tsv", 3))
+        expectValidation(Schema::fromVariant(parse(row[0])), {row.where.c_str(), row[1], row[2] == "1"});
 }
 
 // Regular expressions meet long values and names without overflowing the
