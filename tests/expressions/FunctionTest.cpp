@@ -1,3 +1,4 @@
+#include "testlib/DataTable.h"
 #include "testlib/LogCapture.h"
 #include "ExpressionTestSupport.h"
 
@@ -37,79 +38,32 @@ FunctionExpression call(const char* name, const QList<QVariant>& arguments, bool
 
 TEST(Functions, BuiltInRoutinesKeepTheirInMemoryMeaning)
 {
-    struct Case { const char* name; QList<QVariant> arguments; QVariant expected; };
-    const Case cases[] = {
-        {"max", {3, 7, 5}, 3},                          // inverted: the smallest
-        {"min", {3, 7, 5}, 7},                          // inverted: the largest
-        {"nullif", {1, 1}, 1},                          // inverted test
-        {"nullif", {1, 2}, null},
-        {"count", {1, 1, 2}, 3},
-        {"group_concat", {QStringLiteral("a"), QStringLiteral("b")}, QStringLiteral(",a,b")},
-        {"group_concat", {QStringLiteral("a,"), QStringLiteral("b")}, QStringLiteral(",a,b")},
-        {"coalesce", {null, QString(), 4, 5}, 4},
-        {"coalesce", {null, null}, null},
-        {"ifnull", {null, 2}, 2},
-        {"abs", {-3}, 3},
-        {"abs", {4.5}, 4.5},
-        {"hex", {255}, QStringLiteral("ff")},
-        {"round", {2.5}, 3.0},
-        {"round", {-2.5}, -2.0},
-        {"length", {QStringLiteral("abcd")}, 4},
-        {"lower", {QStringLiteral("AbC")}, QStringLiteral("abc")},
-        {"upper", {QStringLiteral("AbC")}, QStringLiteral("ABC")},
-        {"trim", {QStringLiteral("  x y ")}, QStringLiteral("x y")},
-        {"quote", {QStringLiteral("it's")}, QStringLiteral("it's")},
-        {"regexp", {QStringLiteral("abc"), QStringLiteral("a.c")}, true},
-        {"regexp", {QStringLiteral("abcd"), QStringLiteral("a.c")}, false},
-        {"regexp", {QStringLiteral("ABC"), QRegExp(QStringLiteral("a.c"), Qt::CaseInsensitive)}, true},
-    };
-    for (const Case& t : cases) {
-        const QVariant result = call(t.name, t.arguments).evaluate();
-        EXPECT_EQ(result, t.expected) << t.name << " " << result.toString().toStdString();
-        EXPECT_EQ(result.type(), t.expected.type()) << t.name;
+    for (const cktest::DataRow& row : cktest::dataRows("expressions/functions.tsv", -2)) {
+        ExpressionList arguments;
+        for (std::size_t i = 2; i < row.fields.size(); ++i)
+            arguments << c(cktest::variantOf(row[i]));
+        const QVariant result = FunctionExpression(QString::fromStdString(row[0]), arguments, false).evaluate();
+        const QVariant expected = cktest::variantOf(row[1]);
+        EXPECT_EQ(result, expected) << row.where << ": " << result.toString().toStdString();
+        EXPECT_EQ(result.type(), expected.type()) << row.where;
     }
+    EXPECT_EQ(call("regexp", {QStringLiteral("ABC"), QRegExp(QStringLiteral("a.c"), Qt::CaseInsensitive)}).evaluate(),
+              QVariant(true));
     EXPECT_EQ(call("count", {1, 1, 2}, true).evaluate(), QVariant(2));
     EXPECT_EQ(call("group_concat", {QStringLiteral("a"), QStringLiteral("a")}, true).evaluate(), QVariant(QStringLiteral(",a")));
     EXPECT_GE(call("random", {}).evaluate().toInt(), 0);
     EXPECT_EQ(call("currentDate", {}).evaluate().type(), QVariant::Date);
     EXPECT_EQ(call("currentTime", {}).evaluate().type(), QVariant::Time);
     EXPECT_EQ(call("currentDateTime", {}).evaluate().type(), QVariant::DateTime);
-    EXPECT_FALSE(call("noSuchFunction", {1}).evaluate().isValid());
 }
 
 TEST(Functions, LikeRewritesPatternsItsOwnWay)
 {
-    struct Case { QString value; QString pattern; QString escape; bool expected; };
-    const Case cases[] = {
-        {QStringLiteral("abc"), QStringLiteral("a__"), QString(), true},
-        {QStringLiteral("abc"), QStringLiteral("a_"), QString(), false},
-        {QStringLiteral("a.c"), QStringLiteral("a.c"), QString(), true},
-        {QStringLiteral("abc"), QStringLiteral("a.c"), QString(), false},
-        // "%" becomes an escaped dot and a star: a run of dots, not any text.
-        {QStringLiteral("abc"), QStringLiteral("a%"), QString(), false},
-        {QStringLiteral("a"), QStringLiteral("a%"), QString(), true},
-        {QStringLiteral("a.."), QStringLiteral("a%"), QString(), true},
-        // The escape turns into a backslash, but "_" is rewritten after it:
-        // an escaped "_" ends up as a literal dot.
-        {QStringLiteral("a.c"), QStringLiteral("a!_c"), QStringLiteral("!"), true},
-        {QStringLiteral("a_c"), QStringLiteral("a!_c"), QStringLiteral("!"), false},
-        {QStringLiteral("abc"), QStringLiteral("a!_c"), QStringLiteral("!"), false},
-        {QStringLiteral("a\\b"), QStringLiteral("a\\b"), QStringLiteral("!"), true},
-        // One pattern under two escapes in a row, and without one: each
-        // reading is its own compiled expression.
-        {QStringLiteral("a.#x"), QStringLiteral("a!_#_"), QStringLiteral("!"), true},
-        {QStringLiteral("a.#x"), QStringLiteral("a!_#_"), QStringLiteral("#"), false},
-        {QStringLiteral("a!x."), QStringLiteral("a!_#_"), QStringLiteral("#"), true},
-        {QStringLiteral("a!x."), QStringLiteral("a!_#_"), QStringLiteral("!"), false},
-        {QStringLiteral("a!x#y"), QStringLiteral("a!_#_"), QString(), true},
-        // Pattern and escape are told apart even where "/" joins them alike.
-        {QStringLiteral("x/"), QStringLiteral("x/"), QString(), true},
-        {QStringLiteral("x/"), QStringLiteral("x"), QStringLiteral("/"), false},
-        {QStringLiteral("x"), QStringLiteral("x"), QStringLiteral("/"), true},
-    };
-    for (const Case& t : cases) {
-        const QVariant result = like(c(t.value), t.pattern, t.escape).evaluate();
-        EXPECT_EQ(result, QVariant(t.expected)) << t.value.toStdString() << " LIKE " << t.pattern.toStdString();
+    for (const cktest::DataRow& row : cktest::dataRows("expressions/like.tsv", 4)) {
+        const QVariant result =
+            like(c(QString::fromStdString(row[0])), QString::fromStdString(row[1]), QString::fromStdString(row[2]))
+                .evaluate();
+        EXPECT_EQ(result, QVariant(row[3] == "1")) << row.where;
     }
     EXPECT_EQ(F::likePattern(QStringLiteral("a%_."), QString()), QStringLiteral("a\\.*.\\."));
 }

@@ -1,4 +1,5 @@
 #include "ExpressionTestSupport.h"
+#include "testlib/DataTable.h"
 
 #include <gtest/gtest.h>
 
@@ -114,23 +115,12 @@ struct BareBoolean : BooleanOperator
 
 TEST(Operators, LogicStopsAtTheDecidingOperandAndAndStopsAtNull)
 {
-    struct Case { BooleanOperator::BoolOp op; QList<QVariant> operands; QVariant expected; };
-    const Case cases[] = {
-        {BooleanOperator::And, {null, false}, null},
-        {BooleanOperator::And, {false, null}, false},
-        {BooleanOperator::And, {true, true}, true},
-        {BooleanOperator::And, {true, QStringLiteral("false")}, false},
-        {BooleanOperator::And, {}, true},
-        {BooleanOperator::Or, {null, true}, true},
-        {BooleanOperator::Or, {null}, false},
-        {BooleanOperator::Or, {false, null, false}, false},
-        {BooleanOperator::Or, {}, false},
-    };
-    for (const Case& t : cases) {
-        BareBoolean e(t.op);
-        for (const QVariant& v : t.operands)
-            e.add(c(v));
-        EXPECT_EQ(e.evaluate(), t.expected) << sql(e);
+    for (const cktest::DataRow& row : cktest::dataRows("expressions/logic.tsv", -2)) {
+        BareBoolean e(row[0] == "AND" ? BooleanOperator::And : BooleanOperator::Or);
+        for (std::size_t i = 2; i < row.fields.size(); ++i)
+            e.add(c(cktest::variantOf(row[i])));
+        const QVariant expected = cktest::variantOf(row[1]);
+        EXPECT_TRUE(e.evaluate() == expected && e.evaluate().type() == expected.type()) << row.where << ": " << sql(e);
     }
     // Single operand and empty operators, built through the chaining members.
     Record r;

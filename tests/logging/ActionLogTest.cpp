@@ -1,6 +1,7 @@
 // The action log's file: creation, appending, rollover, switching and
 // recovery, checked against the files as an independent XML parser sees them.
 
+#include "testlib/DataTable.h"
 #include "testlib/TestFiles.h"
 #include "ActionLogSupport.h"
 #include "TestEntries.h"
@@ -93,49 +94,30 @@ TEST_F(ActionLogFile, StampsTimeAndUserIntoTheCallersEntry)
     EXPECT_EQ(log.entry(0)->time(), log.now);
 }
 
-struct SplitRow
-{
-    ko::ActionLog::ESplitPolicy policy;
-    const char* previous;
-    const char* current;
-    const char* backup; // null: no split
-};
-
 TEST_F(ActionLogFile, PeriodSplitsNameTheBackupAfterThePreviousEntry)
 {
     const QString march = QLocale::system().monthName(3, QLocale::ShortFormat);
-    const std::vector<SplitRow> rows = {
-        {ko::ActionLog::Daily, "2026-03-04T10:00:00", "2026-03-05T09:00:00", "act 2026-10-04.kol"},
-        {ko::ActionLog::Daily, "2026-03-04T10:00:00", "2026-03-04T23:00:00", nullptr},
-        {ko::ActionLog::Daily, "2026-12-31T10:00:00", "2027-01-01T09:00:00", nullptr},
-        {ko::ActionLog::Weekly, "2026-03-08T10:00:00", "2026-03-09T09:00:00", "act 2026-10.kol"},
-        {ko::ActionLog::Weekly, "2025-12-29T10:00:00", "2026-01-05T09:00:00", "act 2025-1.kol"},
-        {ko::ActionLog::Weekly, "2026-12-30T10:00:00", "2027-01-05T09:00:00", nullptr},
-        {ko::ActionLog::Monthly, "2026-03-31T10:00:00", "2026-04-01T09:00:00", "act 2026-MAR.kol"},
-        {ko::ActionLog::Monthly, "2026-12-31T10:00:00", "2027-01-02T09:00:00", nullptr},
-        {ko::ActionLog::NoSplit, "2026-03-04T10:00:00", "2026-07-05T09:00:00", nullptr},
-        {static_cast<ko::ActionLog::ESplitPolicy>(3), "2026-03-04T10:00:00", "2026-07-05T09:00:00", nullptr},
-    };
-    for (const SplitRow& row : rows) {
-        SCOPED_TRACE(std::string(row.previous) + " -> " + row.current);
+    for (const cktest::DataRow& row : cktest::dataRows("logging/period-splits.tsv", 4)) {
+        SCOPED_TRACE(row.where);
         QDir(dir.path()).removeRecursively();
         QDir().mkpath(dir.path());
         TestLog log(path);
-        log.setSplitPolicy(row.policy, 1048576);
-        logText(log, QStringLiteral("before"), row.previous);
+        log.setSplitPolicy(static_cast<ko::ActionLog::ESplitPolicy>(std::stoi(row[0])), 1048576);
+        logText(log, QStringLiteral("before"), row[1].c_str());
         SignalRecorder recorder(log);
-        logText(log, QStringLiteral("after"), row.current);
+        logText(log, QStringLiteral("after"), row[2].c_str());
+        const bool split = row[3] != "-";
         QStringList expectedFiles{QStringLiteral("act.kol")};
-        if (row.backup) {
-            const QString backup = QString::fromLatin1(row.backup).replace(QStringLiteral("MAR"), march);
+        if (split) {
+            const QString backup = QString::fromStdString(row[3]).replace(QStringLiteral("MAR"), march);
             expectedFiles << backup;
             EXPECT_EQ(fileEntries(dir.filePath(backup)).size(), 1);
             EXPECT_EQ(recorder.lines.first(), QStringLiteral("removing(0,1)"));
         }
         expectedFiles.sort();
         EXPECT_EQ(filesIn(dir), expectedFiles);
-        EXPECT_EQ(log.count(), row.backup ? 1 : 2);
-        EXPECT_EQ(fileEntries(path).size(), row.backup ? 1 : 2);
+        EXPECT_EQ(log.count(), split ? 1 : 2);
+        EXPECT_EQ(fileEntries(path).size(), split ? 1 : 2);
     }
 }
 

@@ -1,6 +1,7 @@
 // Export records: the tables, the six entry kinds and what send() logs.
 // Expected texts are written out here; times are formatted by QLocale.
 
+#include "testlib/DataTable.h"
 #include <CommonKit/logging/ActionLog.h>
 #include <CommonKit/logging/ExportActionLog.h>
 #include <CommonKit/logging/ExportEntries.h>
@@ -44,27 +45,15 @@ TEST(ExportActionLog, TablesClampToTheirLastRow)
 
 TEST(ExportEntries, KindsAreRegisteredWithTheirValuesInOrder)
 {
-    struct Kind { const char* type; QString title; QStringList ids; QStringList names; };
-    const QStringList range = {"Time", "User", "Text", "Form", "srcP", "dstP", "from", "to  "};
-    const QStringList rangeNames = {"Time", "User", "text", "format", "source", "dest", "from", "to"};
-    const QStringList text = {"Time", "User", "Text"};
-    const QStringList textNames = {"Time", "User", "text"};
-    const Kind kinds[] = {
-        {"ExpS", "Export start", range, rangeNames},
-        {"ExpW", "Export written", range, rangeNames},
-        {"ExpD", "Export done", text, textNames},
-        {"ExpA", "Export abort", text, textNames},
-        {"ExpE", "Export error", text, textNames},
-        {"ExpR", "Export rename", {"Time", "User", "Text", "path", "src ", "dest"},
-         {"Time", "User", "text", "path", "source", "dest"}},
-    };
     const QStringList names = ko::logEntryFactory().entryNames();
-    for (const Kind& kind : kinds) {
-        const std::unique_ptr<ko::LogEntry> entry(ko::logEntryFactory().create(kind.type));
-        ASSERT_TRUE(entry) << kind.type;
-        EXPECT_EQ(entry->type().toString(), QLatin1String(kind.type));
-        EXPECT_EQ(entry->title(), kind.title);
-        EXPECT_TRUE(names.contains(kind.title)) << kind.type;
+    for (const cktest::DataRow& kind : cktest::dataRows("logging/export-kinds.tsv", 4)) {
+        SCOPED_TRACE(kind.where);
+        const QString title = QString::fromStdString(kind[1]);
+        const std::unique_ptr<ko::LogEntry> entry(ko::logEntryFactory().create(kind[0].c_str()));
+        ASSERT_TRUE(entry);
+        EXPECT_EQ(entry->type().toString().toStdString(), kind[0]);
+        EXPECT_EQ(entry->title(), title);
+        EXPECT_TRUE(names.contains(title));
         EXPECT_EQ(entry->category().id, ko::CategoryExport);
         EXPECT_EQ(entry->category().name, QStringLiteral("Export"));
         EXPECT_EQ(entry->format(), QStringLiteral("%1"));
@@ -73,8 +62,8 @@ TEST(ExportEntries, KindsAreRegisteredWithTheirValuesInOrder)
             ids << value->idToString();
             valueNames << value->name();
         }
-        EXPECT_EQ(ids, kind.ids) << kind.type;
-        EXPECT_EQ(valueNames, kind.names) << kind.type;
+        EXPECT_EQ(ids.join(QLatin1Char(',')).toStdString(), kind[2]);
+        EXPECT_EQ(valueNames.join(QLatin1Char(',')).toStdString(), kind[3]);
     }
 }
 

@@ -2,6 +2,7 @@
 // files and the attribute rules.
 
 #include "TestEntries.h"
+#include "testlib/TestFiles.h"
 
 #include <CommonKit/logging/XMLLogReader.h>
 
@@ -31,11 +32,8 @@ class XMLLogReaderTest : public ::testing::Test
 protected:
     QString store(const QByteArray& bytes, const QString& name = QStringLiteral("log.kol"))
     {
-        const QString path = m_dir.filePath(name);
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        file.write(bytes);
-        return path;
+        cktest::writeFile(m_dir.filePath(name), bytes);
+        return m_dir.filePath(name);
     }
 
     // Reads the way the action log does: until the end or an error.

@@ -46,23 +46,10 @@ TEST(TypeToolCoercion, NumericPairsForEveryFlagCombination)
 TEST(TypeToolCoercion, NonNumbersHaveNoNumericTypeButMayShareAnother)
 {
     const TypeToolProbe tool(true, true);
-    // The same type, or a Double on either side, decides by the types alone;
-    // every other pair without two numbers has no common numeric type.
-    const struct { QVariant left; QVariant right; QVariant::Type expected; } numericRows[] = {
-        {QStringLiteral("1"), 2, X},
-        {2, QStringLiteral("1"), X},
-        {QDate(2020, 1, 1), 2, X},
-        {QVariant(1.5f), 2, X}, // float is no number here
-        {QStringLiteral("a"), QStringLiteral("b"), QVariant::String},
-        {true, false, QVariant::Bool},
-        {QDate(2020, 1, 1), QDate(2021, 1, 1), QVariant::Date},
-        {QStringLiteral("1"), 2.0, D},
-        {QVariant(1.5f), 2.0, D},
-        {QRect(), 2.0, D},
-    };
-    for (const auto& row : numericRows) {
-        SCOPED_TRACE(::testing::Message() << row.left.typeName() << " with " << row.right.typeName());
-        EXPECT_EQ(tool.coerceNumericTypes(row.left, row.right), row.expected);
+    for (const cktest::DataRow& row : cktest::dataRows("properties/other-coercion.tsv", 3)) {
+        const QVariant::Type expected = QVariant::nameToType(row[2].c_str());
+        ASSERT_EQ(expected == X, row[2] == "none") << row.where << ": no such type";
+        EXPECT_EQ(tool.coerceNumericTypes(cktest::variantOf(row[0]), cktest::variantOf(row[1])), expected) << row.where;
     }
 
     EXPECT_EQ(tool.coerceOtherTypes(QStringLiteral("7"), 7), QVariant::String);

@@ -1,6 +1,7 @@
 #include <CommonKit/properties/Properties.h>
 #include <CommonKit/properties/PropertyValidator.h>
 #include <CommonKit/support/core/Exception.h>
+#include "testlib/DataTable.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +9,6 @@
 
 #include <QTextStream>
 
-#include <cmath>
 #include <functional>
 #include <limits>
 #include <memory>
@@ -22,6 +22,24 @@ template<typename T>
 Factory make(const char* name = "p")
 {
     return [name] { return std::unique_ptr<BaseProperty>(new T(QString::fromLatin1(name))); };
+}
+
+// A new property "p" of the class the type name names, or null.
+std::unique_ptr<BaseProperty> create(const std::string& type)
+{
+    using namespace kogen;
+    const Factory factories[] = {
+        make<BoolProperty>(), make<IntProperty>(), make<UIntProperty>(), make<U64Property>(), make<FloatProperty>(),
+        make<DoubleProperty>(), make<StringProperty>(), make<StringListProperty>(), make<ByteArrayProperty>(),
+        make<RectProperty>(), make<DateProperty>(), make<TimeProperty>(), make<DateTimeProperty>(),
+        make<VariantProperty>(), make<PropertySetProperty>(),
+    };
+    for (const Factory& factory : factories) {
+        std::unique_ptr<BaseProperty> property = factory();
+        if (property->type() == QLatin1String(type.c_str()))
+            return property;
+    }
+    return nullptr;
 }
 
 QString dumpOf(const BaseProperty& property)
@@ -43,28 +61,20 @@ const QString k_hyphens = QStringLiteral("--------------------------------------
 
 TEST(Properties, FreshPropertiesHaveTheirTypeNameAndInitialValue)
 {
-    struct Case { Factory create; const char* type; QVariant value; };
+    struct Case { const char* type; QVariant value; };
     const Case cases[] = {
-        {make<kogen::BoolProperty>(), "BoolProperty", QVariant(false)},
-        {make<kogen::IntProperty>(), "IntProperty", QVariant(0)},
-        {make<kogen::UIntProperty>(), "UIntProperty", QVariant(0u)},
-        {make<kogen::U64Property>(), "U64Property", QVariant(qulonglong(0))},
-        {make<kogen::FloatProperty>(), "FloatProperty", QVariant(0.0f)},
-        {make<kogen::DoubleProperty>(), "DoubleProperty", QVariant(0.0)},
-        {make<kogen::StringProperty>(), "StringProperty", QVariant(QString())},
-        {make<kogen::StringListProperty>(), "StringListProperty", QVariant(QStringList())},
-        {make<kogen::ByteArrayProperty>(), "ByteArrayProperty", QVariant(QByteArray())},
-        {make<kogen::RectProperty>(), "RectProperty", QVariant(QRect())},
-        {make<kogen::DateProperty>(), "DateProperty", QVariant(QDate())},
-        {make<kogen::TimeProperty>(), "TimeProperty", QVariant(QTime())},
-        {make<kogen::DateTimeProperty>(), "DateTimeProperty", QVariant(QDateTime())},
-        {make<kogen::VariantProperty>(), "VariantProperty", QVariant()},
-        {make<kogen::PropertySetProperty>(), "PropertySetProperty", QVariant(QVariantMap())},
+        {"BoolProperty", QVariant(false)}, {"IntProperty", QVariant(0)}, {"UIntProperty", QVariant(0u)},
+        {"U64Property", QVariant(qulonglong(0))}, {"FloatProperty", QVariant(0.0f)}, {"DoubleProperty", QVariant(0.0)},
+        {"StringProperty", QVariant(QString())}, {"StringListProperty", QVariant(QStringList())},
+        {"ByteArrayProperty", QVariant(QByteArray())}, {"RectProperty", QVariant(QRect())},
+        {"DateProperty", QVariant(QDate())}, {"TimeProperty", QVariant(QTime())},
+        {"DateTimeProperty", QVariant(QDateTime())}, {"VariantProperty", QVariant()},
+        {"PropertySetProperty", QVariant(QVariantMap())},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.type);
-        const auto property = c.create();
-        EXPECT_EQ(property->type(), QLatin1String(c.type));
+        const auto property = create(c.type);
+        ASSERT_TRUE(property);
         EXPECT_EQ(property->propertyName(), QStringLiteral("p"));
         EXPECT_TRUE(property->description().isEmpty());
         EXPECT_FALSE(property->isValid());
@@ -81,68 +91,21 @@ TEST(Properties, FreshPropertiesHaveTheirTypeNameAndInitialValue)
 
 TEST(Properties, SetVariantValueConvertsOrRefuses)
 {
-    using namespace kogen;
-    struct Case
-    {
-        const char* what;
-        Factory create;
-        QVariant input;
-        bool accepted;
-        QVariant stored; // variantValue() afterwards
+    const auto check = [](const std::string& where, const std::string& type, const QVariant& input, bool accepted,
+                          const QVariant& stored) {
+        SCOPED_TRACE(where);
+        const auto property = create(type);
+        ASSERT_TRUE(property);
+        EXPECT_EQ(property->setVariantValue(input), accepted);
+        EXPECT_EQ(property->variantValue(), stored);
+        EXPECT_EQ(property->variantValue().userType(), stored.userType());
     };
-    const double big = 1e300;
-    const float fmax = std::numeric_limits<float>::max();
-    const float finf = std::numeric_limits<float>::infinity();
-    const double roundingLimit = std::ldexp(1.0, 128) - std::ldexp(1.0, 103);
-    const QRect rect(1, 2, 3, 4);
-    const QStringList none{QString()};
-    const Case cases[] = {
-        {"int from double uses Qt's rounding", make<IntProperty>(), 2.7, true, 3},
-        {"int from a text that is no number", make<IntProperty>(), QStringLiteral("abc"), true, 0},
-        {"int from a numeric text", make<IntProperty>(), QStringLiteral("-42"), true, -42},
-        {"int from a rectangle", make<IntProperty>(), rect, false, 0},
-        {"bool from a rectangle", make<BoolProperty>(), rect, false, false},
-        {"bool from a number", make<BoolProperty>(), 5, true, true},
-        {"uint from text", make<UIntProperty>(), QStringLiteral("4294967295"), true, 4294967295u},
-        {"u64 from text", make<U64Property>(), QStringLiteral("18446744073709551615"), true,
-         std::numeric_limits<qulonglong>::max()},
-        {"float from double", make<FloatProperty>(), 1.5, true, 1.5f},
-        {"float beyond its range", make<FloatProperty>(), big, true, finf},
-        {"float just above its largest value rounds down", make<FloatProperty>(), 3.4028235e38, true, fmax},
-        {"float from the text of its largest value", make<FloatProperty>(), QStringLiteral("-3.4028235e38"), true, -fmax},
-        {"float at the rounding limit", make<FloatProperty>(), roundingLimit, true, finf},
-        {"float below the rounding limit", make<FloatProperty>(), roundingLimit - std::ldexp(1.0, 75), true, fmax},
-        {"float negative beyond its range", make<FloatProperty>(), -big, true, -finf},
-        {"float from a date", make<FloatProperty>(), QDate(2024, 1, 1), false, 0.0f},
-        {"double from text", make<DoubleProperty>(), QStringLiteral("2.5"), true, 2.5},
-        {"string from int", make<StringProperty>(), 12, true, QStringLiteral("12")},
-        {"string from rectangle", make<StringProperty>(), rect, false, QString()},
-        {"bytes from string", make<ByteArrayProperty>(), QStringLiteral("ab"), true, QByteArray("ab")},
-        {"rectangle from rectangle", make<RectProperty>(), rect, true, rect},
-        {"rectangle from string", make<RectProperty>(), QStringLiteral("1,2,3,4"), false, QRect()},
-        {"date from ISO text", make<DateProperty>(), QStringLiteral("2024-05-06"), true, QDate(2024, 5, 6)},
-        {"date from int", make<DateProperty>(), 3, false, QDate()},
-        {"time from ISO text", make<TimeProperty>(), QStringLiteral("07:08:09"), true, QTime(7, 8, 9)},
-        {"date-time from date", make<DateTimeProperty>(), QDate(2024, 5, 6), true, QDateTime(QDate(2024, 5, 6), QTime(0, 0))},
-        {"variant keeps a rectangle", make<VariantProperty>(), rect, true, rect},
-        {"variant keeps an invalid variant", make<VariantProperty>(), QVariant(), true, QVariant()},
-        {"string list splits bytes at commas", make<StringListProperty>(), QByteArray("a,,b"), true,
-         QStringList{QStringLiteral("a"), QString(), QStringLiteral("b")}},
-        {"string list from an invalid variant", make<StringListProperty>(), QVariant(), true, none},
-        {"string list takes a string unsplit", make<StringListProperty>(), QStringLiteral("a,b"), true,
-         QStringList{QStringLiteral("a,b")}},
-        {"string list from a list", make<StringListProperty>(), QVariantList{QStringLiteral("x"), QStringLiteral("y")}, true,
-         QStringList{QStringLiteral("x"), QStringLiteral("y")}},
-        {"string list from a rectangle (no text)", make<StringListProperty>(), QRect(), true, none},
-        {"embedded set refuses a non-map", make<PropertySetProperty>(), 7, false, QVariantMap()},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
-        const auto property = c.create();
-        EXPECT_EQ(property->setVariantValue(c.input), c.accepted);
-        EXPECT_EQ(property->variantValue(), c.stored);
-        EXPECT_EQ(property->variantValue().userType(), c.stored.userType());
-    }
+    for (const cktest::DataRow& row : cktest::dataRows("properties/conversions.tsv", 4))
+        check(row.where, row[0], cktest::variantOf(row[1]), row[2] == "1", cktest::variantOf(row[3]));
+    const QStringList xy{QStringLiteral("x"), QStringLiteral("y")};
+    check("a string unsplit", "StringListProperty", QStringLiteral("a,b"), true, QStringList{QStringLiteral("a,b")});
+    check("a list", "StringListProperty", QVariantList{xy[0], xy[1]}, true, xy);
+    check("a non-map", "PropertySetProperty", 7, false, QVariantMap());
 }
 
 TEST(Properties, RefusedVariantKeepsTheOldValue)

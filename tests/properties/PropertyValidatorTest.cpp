@@ -3,13 +3,12 @@
 #include <CommonKit/properties/PropertyValidator.h>
 #include <CommonKit/resources/Translations.h>
 #include <CommonKit/support/core/Exception.h>
+#include "testlib/DataTable.h"
 
 #include <gtest/gtest.h>
 
 #include <boost/make_shared.hpp>
 
-#include <cmath>
-#include <functional>
 #include <limits>
 
 namespace {
@@ -18,70 +17,45 @@ using kogen::BaseProperty;
 
 const QString k_outOfRange = QStringLiteral("Value out of range.");
 
-struct RangeCase
+// A property of the named class holding the value, with that class's range
+// validator over [minimum, maximum].
+boost::shared_ptr<BaseProperty> ranged(const std::string& kind, const QVariant& value, const QVariant& minimum,
+                                       const QVariant& maximum)
 {
-    const char* what;
-    std::function<boost::shared_ptr<BaseProperty>()> property;
-    std::function<boost::shared_ptr<kogen::PropertyValidator>()> validator;
-    bool passes;
-};
-
-template<typename P, typename T>
-std::function<boost::shared_ptr<BaseProperty>()> holding(T value)
-{
-    return [value] {
-        auto property = boost::make_shared<P>(QStringLiteral("v"));
-        P::setValue(*property, value);
-        return boost::shared_ptr<BaseProperty>(property);
-    };
-}
-
-template<typename V, typename T>
-std::function<boost::shared_ptr<kogen::PropertyValidator>()> range(T minimum, T maximum)
-{
-    return [minimum, maximum] { return boost::shared_ptr<kogen::PropertyValidator>(boost::make_shared<V>(minimum, maximum)); };
+    using namespace kogen;
+    boost::shared_ptr<BaseProperty> property;
+    boost::shared_ptr<PropertyValidator> validator;
+    if (kind == "int") {
+        property = boost::make_shared<IntProperty>(QStringLiteral("v"));
+        validator = boost::make_shared<DefaultIntValidator>(minimum.toInt(), maximum.toInt());
+    } else if (kind == "uint") {
+        property = boost::make_shared<UIntProperty>(QStringLiteral("v"));
+        validator = boost::make_shared<DefaultUIntValidator>(minimum.toUInt(), maximum.toUInt());
+    } else if (kind == "u64") {
+        property = boost::make_shared<U64Property>(QStringLiteral("v"));
+        validator = boost::make_shared<DefaultU64Validator>(minimum.toULongLong(), maximum.toULongLong());
+    } else if (kind == "float") {
+        property = boost::make_shared<FloatProperty>(QStringLiteral("v"));
+        validator = boost::make_shared<DefaultFloatValidator>(minimum.toFloat(), maximum.toFloat());
+    } else {
+        property = boost::make_shared<DoubleProperty>(QStringLiteral("v"));
+        validator = boost::make_shared<DefaultDoubleValidator>(minimum.toDouble(), maximum.toDouble());
+    }
+    EXPECT_TRUE(property->setVariantValue(value));
+    property->setValidator(validator);
+    return property;
 }
 
 TEST(PropertyValidator, RangeValidatorsAcceptTheClosedInterval)
 {
-    using namespace kogen;
-    const quint64 twoTo32 = 0x100000000ULL;
-    const float fnan = std::numeric_limits<float>::quiet_NaN();
-    const double dnan = std::numeric_limits<double>::quiet_NaN();
-    const double dinf = std::numeric_limits<double>::infinity();
-    const auto intRange = range<DefaultIntValidator, int>;
-    const auto u64Range = range<DefaultU64Validator, quint64>;
-    const auto floatRange = range<DefaultFloatValidator, float>;
-    const auto doubleRange = range<DefaultDoubleValidator, double>;
-    const RangeCase cases[] = {
-        {"int at maximum", holding<IntProperty>(10), intRange(0, 10), true},
-        {"int above", holding<IntProperty>(11), intRange(0, 10), false},
-        {"int at minimum", holding<IntProperty>(-5), intRange(-5, 5), true},
-        {"int below, signed compare", holding<IntProperty>(-1), intRange(0, 10), false},
-        {"int empty range", holding<IntProperty>(5), intRange(10, 0), false},
-        {"uint unsigned compare", holding<UIntProperty>(4294967295u), range<DefaultUIntValidator>(0u, 10u), false},
-        {"uint large in range", holding<UIntProperty>(4000000000u),
-         range<DefaultUIntValidator>(3000000000u, 4294967295u), true},
-        {"u64 truncated to its low 32 bits", holding<U64Property>(twoTo32 + 5), u64Range(0, 10), true},
-        {"u64 low bits out of range", holding<U64Property>(twoTo32 + 11), u64Range(0, 10), false},
-        {"u64 high value fails a high range", holding<U64Property>(2 * twoTo32), u64Range(twoTo32, 4 * twoTo32), false},
-        {"u64 plain", holding<U64Property>(quint64(7)), u64Range(7, 7), true},
-        {"float at maximum", holding<FloatProperty>(1.0f), floatRange(0.0f, 1.0f), true},
-        {"float above", holding<FloatProperty>(1.001f), floatRange(0.0f, 1.0f), false},
-        {"float NaN", holding<FloatProperty>(fnan), floatRange(-1e30f, 1e30f), false},
-        {"double at minimum", holding<DoubleProperty>(-0.5), doubleRange(-0.5, 0.5), true},
-        {"double below", holding<DoubleProperty>(-0.50001), doubleRange(-0.5, 0.5), false},
-        {"double NaN", holding<DoubleProperty>(dnan), doubleRange(-dinf, dinf), false},
-        {"double infinity in an open range", holding<DoubleProperty>(dinf), doubleRange(0.0, dinf), true},
-    };
     kogen::PropertySet set;
-    for (const RangeCase& c : cases) {
-        SCOPED_TRACE(c.what);
-        const auto property = c.property();
-        property->setValidator(c.validator());
-        EXPECT_EQ(property->validate(set), c.passes);
-        EXPECT_EQ(property->isValid(), c.passes);
-        EXPECT_EQ(property->validationMessage(), c.passes ? QString() : k_outOfRange);
+    for (const cktest::DataRow& row : cktest::dataRows("properties/ranges.tsv", 5)) {
+        SCOPED_TRACE(row.where);
+        const auto property = ranged(row[0], cktest::variantOf(row[1]), cktest::variantOf(row[2]), cktest::variantOf(row[3]));
+        const bool passes = row[4] == "1";
+        EXPECT_EQ(property->validate(set), passes);
+        EXPECT_EQ(property->isValid(), passes);
+        EXPECT_EQ(property->validationMessage(), passes ? QString() : k_outOfRange);
     }
 }
 

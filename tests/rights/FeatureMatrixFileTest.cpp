@@ -1,6 +1,7 @@
 // The feature matrix saved to and loaded from real QSettings files.
 
 #include "MatrixTestSupport.h"
+#include "testlib/TestFiles.h"
 
 #include <CommonKit/storage/Settings.h>
 
@@ -136,10 +137,7 @@ TEST_P(FeatureMatrixFile, LoadsFilesWrittenByOtherMeans)
     int fileNumber = 0;
     for (const Case& c : cases) {
         const QString file = m_dir.filePath(QStringLiteral("written%1.ini").arg(fileNumber++));
-        QFile out(file);
-        ASSERT_TRUE(out.open(QIODevice::WriteOnly));
-        out.write(c.content);
-        out.close();
+        cktest::writeFile(file, c.content);
         auto matrix = makeMatrix(3, 3);
         ko::Settings settings(file, GetParam());
         if (c.outerGroup)

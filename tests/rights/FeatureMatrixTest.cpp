@@ -1,6 +1,7 @@
 // Groups, the grid, its dirty flag, the "Matrix" text and the load rules.
 
 #include "MatrixTestSupport.h"
+#include "testlib/DataTable.h"
 
 #include <CommonKit/storage/Settings.h>
 
@@ -175,32 +176,15 @@ TEST_F(FeatureMatrixStore, SaveWritesTheCountsAndThePackedText)
 
 TEST_F(FeatureMatrixStore, LoadStopsAtTheFirstMissingWord)
 {
-    // 3 x 16 = 48 cells: a full word and 16 bits of a second one. The cells
-    // forbiddenFrom .. forbiddenTo - 1 (in packing order) end up forbidden.
-    struct Case { const char* text; int forbiddenFrom; int forbiddenTo; bool dirty; };
-    const Case cases[] = {
-        {"", 0, 0, false},                              // no "+": nothing read
-        {"12345", 0, 0, false},
-        {"0+", 0, 32, true},                            // second word missing: early return
-        {"abc+", 0, 32, true},                          // not a number: 0
-        {"-1+", 0, 32, true},
-        {"4294967296+", 0, 32, true},                   // more than 32 bits: 0
-        {"4294967295+0+", 32, 48, false},               // complete
-        {"4294967295+65535+junk+99+", 0, 0, false},     // trailing words are ignored
-        {"4294967294+4294901759+", 0, 1, false},        // bit 16 of word two is beyond the grid
-        {"04294967295+065535+", 0, 0, false},           // leading zeros: still decimal, not octal
-        {"0xffffffff+0+", 0, 48, false},                // no hexadecimal: not a number, so 0
-        {"4294967295+0XFFFF+", 32, 48, false},
-    };
-    for (const Case& c : cases) {
+    for (const cktest::DataRow& row : cktest::dataRows("rights/partial-loads.tsv", 4)) {
         auto matrix = makeMatrix(3, 16);
-        write(3, 16, c.text);
+        write(3, 16, row[0].c_str());
         matrix->load(&settings);
         for (int index = 0; index < 48; ++index) {
-            const bool forbidden = index >= c.forbiddenFrom && index < c.forbiddenTo;
-            EXPECT_EQ(matrix->isAllowed(index / 16, index % 16), !forbidden) << c.text << " cell " << index;
+            const bool forbidden = index >= std::stoi(row[1]) && index < std::stoi(row[2]);
+            EXPECT_EQ(matrix->isAllowed(index / 16, index % 16), !forbidden) << row.where << " cell " << index;
         }
-        EXPECT_EQ(matrix->isDirty(), c.dirty) << c.text;
+        EXPECT_EQ(matrix->isDirty(), row[3] == "1") << row.where;
     }
 
     // 32 cells: the read always ends by looking for a further word.

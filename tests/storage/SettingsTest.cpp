@@ -1,4 +1,5 @@
 #include <CommonKit/storage/Settings.h>
+#include "testlib/DataTable.h"
 
 #include <gtest/gtest.h>
 
@@ -92,18 +93,12 @@ TEST_F(SettingsTest, OwningWrapperDeletesItsStoreAndNonOwningLeavesItAlive)
 
 TEST(ExcludeKey, MatchesSuffixesCaseSensitively)
 {
-    struct Case { const char* key; QStringList suffixes; bool excluded; };
-    const Case cases[] = {
-        {"General/Password", {QStringLiteral("Password")}, true},
-        {"General/password", {QStringLiteral("Password")}, false},
-        {"General/Password", {}, false},
-        {"Pass", {QStringLiteral("Password")}, false},
-        {"A/B/Secret", {QStringLiteral("Password"), QStringLiteral("Secret")}, true},
-        {"A/Secret/B", {QStringLiteral("Password"), QStringLiteral("Secret")}, false},
-        {"A/MyPassword", {QStringLiteral("Password")}, true},
-    };
-    for (const Case& c : cases)
-        EXPECT_EQ(excludeKey(QString::fromLatin1(c.key), c.suffixes), c.excluded) << c.key;
+    for (const cktest::DataRow& row : cktest::dataRows("storage/exclude-keys.tsv", -2)) {
+        QStringList suffixes;
+        for (std::size_t i = 2; i < row.fields.size(); ++i)
+            suffixes << QString::fromStdString(row[i]);
+        EXPECT_EQ(excludeKey(QString::fromStdString(row[0]), suffixes), row[1] == "1") << row.where;
+    }
 }
 
 void fillSource(QSettings& source)

@@ -79,9 +79,11 @@ inline std::vector<DataRow> dataRows(const std::string& file, int columns)
 
 namespace cktest {
 
-// A typed value written "type:text": int, uint, ll, ull, double, float,
-// string, date (yyyy-MM-dd), time (HH:mm:ss.zzz), utc (a date-time in
-// UTC, ISO form), rect (x,y,w,h); "invalid:" is the invalid variant.
+// A typed value written "type:text": bool (true or false), int, uint, ll,
+// ull, double, float, string, strings (a QStringList, split at commas),
+// bytes (a QByteArray), date (yyyy-MM-dd), time
+// (HH:mm:ss.zzz), utc and local (a date-time in UTC or local time, ISO form),
+// rect (x,y,w,h); "invalid:" is the invalid variant.
 inline QVariant variantOf(const std::string& field)
 {
     const std::size_t colon = field.find(':');
@@ -89,7 +91,10 @@ inline QVariant variantOf(const std::string& field)
     const QString text = QString::fromStdString(colon == std::string::npos ? std::string() : field.substr(colon + 1));
     bool ok = true;
     QVariant value;
-    if (type == "int")
+    if (type == "bool") {
+        ok = text == QLatin1String("true") || text == QLatin1String("false");
+        value = text == QLatin1String("true");
+    } else if (type == "int")
         value = text.toInt(&ok);
     else if (type == "uint")
         value = text.toUInt(&ok);
@@ -102,11 +107,17 @@ inline QVariant variantOf(const std::string& field)
     else if (type == "float")
         value = text.toFloat(&ok);
     else if (type == "string")
-        value = text;
+        value = text.isEmpty() ? QString() : text; // "string:" is the null text
     else if (type == "date")
         value = QDate::fromString(text, Qt::ISODate);
     else if (type == "time")
         value = QTime::fromString(text, QStringLiteral("HH:mm:ss.zzz"));
+    else if (type == "strings")
+        value = text.split(QLatin1Char(','));
+    else if (type == "bytes")
+        value = text.toUtf8();
+    else if (type == "local")
+        value = QDateTime::fromString(text, Qt::ISODateWithMs);
     else if (type == "utc")
         value = QDateTime::fromString(text, Qt::ISODateWithMs).toUTC();
     else if (type == "rect") {

@@ -101,8 +101,6 @@ TEST_F(ContainerTool, CreateExtractInfoAndVerifyRoundTrip)
         const char* storage;
     } rows[] = {
         {{}, {}, QByteArray(), "stored as is"},
-        {{"--compress", "9"}, {}, QByteArray(), "compressed"},
-        {{"--key-file", keyFile}, {"--key-file", keyFile}, QByteArray(), "encrypted"},
         {{"--key-file", "-", "--compress", "-1", "--sign", privateKey(), "--signer", "Zoë Tester"},
          {"--key-file", keyFile},
          "tool secret",
@@ -135,9 +133,9 @@ TEST_F(ContainerTool, CreateExtractInfoAndVerifyRoundTrip)
         else
             EXPECT_TRUE(run.err.contains("is not signed")) << run.err.toStdString();
     }
-    const ToolRun info = container({"info", path("box3")});
+    const ToolRun info = container({"info", path("box1")});
     EXPECT_TRUE(info.out.contains("\"signer\": \"Zoë Tester\"")) << info.out.toStdString();
-    const ToolRun digest = container({"info", path("box4")});
+    const ToolRun digest = container({"info", path("box2")});
     EXPECT_TRUE(digest.out.contains("\"digest-algorithm\": \"SHA512\"")) << digest.out.toStdString();
 }
 
@@ -146,22 +144,16 @@ TEST_F(ContainerTool, TamperingWrongKeysAndBadInputFailWithOneLine)
     const QString box = path("box");
     const QString keyFile = path("key");
     ASSERT_EQ(container({"create", m_input, box, "--key-file", keyFile, "--sign", privateKey()}).exitCode, 0);
-    // A tampered byte in the middle of the payload.
-    QByteArray bytes = readFile(box);
-    bytes[1000] = static_cast<char>(bytes[1000] ^ 0x20);
-    const QString tampered = path("tampered");
-    writeFile(tampered, bytes);
+    QByteArray tampered = readFile(box);
+    tampered[1000] = static_cast<char>(tampered[1000] ^ 0x20);
+    writeFile(path("tampered"), tampered);
     writeFile(path("junk"), "this is not a container at all");
-    // A second key pair whose public key must not verify the signature.
-    ASSERT_EQ(runTool({"keygen", path("other.pem"), path("other.pub"), "--bits", "2048"}).exitCode, 0);
 
     const QString out = path("out");
     const struct { QStringList arguments; int exitCode; const char* reason; } rows[] = {
         {{"extract", box, out, "--key-file", path("wrong")}, 1, "wrong key"},
-        {{"extract", tampered, out, "--key-file", keyFile}, 1, "damaged"},
         {{"extract", box, out}, 1, "--key-file"},
-        {{"verify", tampered, "--public", publicKey(), "--key-file", keyFile}, 1, "NOT valid"},
-        {{"verify", box, "--public", path("other.pub"), "--key-file", keyFile}, 1, "NOT valid"},
+        {{"verify", path("tampered"), "--public", publicKey(), "--key-file", keyFile}, 1, "NOT valid"},
         {{"verify", box, "--key-file", keyFile}, 2, "--public"},
         {{"info", path("junk")}, 1, "not a container"},
         {{"extract", path("junk"), out}, 1, "junk is not a container: its trailer claims"},

@@ -20,25 +20,15 @@ QByteArray stream(const ExpressionHandle& e)
     return bytes;
 }
 
-TEST(ExprCommand, PrintsStreamsAsSqlCodeAndBoundValues)
+TEST(ExprCommand, PrintsAStreamWithItsBoundValues)
 {
     IntProperty a(QStringLiteral("a"));
     StringProperty s(QStringLiteral("s"));
     const QByteArray bytes = stream((a > QVariant(2) && s == QVariant(QStringLiteral("it's"))) || !(a == QVariant(7)));
 
-    struct Case { QStringList arguments; QString expected; };
-    const Case cases[] = {
-        {{QStringLiteral("expr"), QStringLiteral("-")}, QStringLiteral("(a > 2 AND s = 'it''s') OR  NOT a = 7\n")},
-        {{QStringLiteral("expr"), QStringLiteral("--code"), QStringLiteral("-")},
-         QStringLiteral("(a > 2 && s == \"it's\") ||  ! a == 7\n")},
-        {{QStringLiteral("expr"), QStringLiteral("--bind"), QStringLiteral("-")},
-         QStringLiteral("(a > ? AND s = ?) OR  NOT a = ?\n1: 2 (int)\n2: it's (QString)\n3: 7 (int)\n")},
-    };
-    for (const Case& c : cases) {
-        const cktest::ToolRun run = cktest::runTool(c.arguments, "UTC0", bytes);
-        EXPECT_EQ(run.exitCode, 0) << run.err.toStdString();
-        EXPECT_EQ(run.out, c.expected);
-    }
+    const cktest::ToolRun run = cktest::runTool({QStringLiteral("expr"), QStringLiteral("--bind"), QStringLiteral("-")}, "UTC0", bytes);
+    EXPECT_EQ(run.exitCode, 0) << run.err.toStdString();
+    EXPECT_EQ(run.out, QStringLiteral("(a > ? AND s = ?) OR  NOT a = ?\n1: 2 (int)\n2: it's (QString)\n3: 7 (int)\n"));
 }
 
 TEST(ExprCommand, RefusesDamagedAndUnreadableStreams)
@@ -57,7 +47,6 @@ TEST(ExprCommand, RefusesDamagedAndUnreadableStreams)
     const cktest::ToolRun missing = cktest::runTool({QStringLiteral("expr"), QStringLiteral("/nonexistent/f.bin")});
     EXPECT_EQ(missing.exitCode, 1);
     EXPECT_TRUE(missing.err.contains(QStringLiteral("cannot open '/nonexistent/f.bin'"))) << missing.err.toStdString();
-    EXPECT_EQ(cktest::runTool({QStringLiteral("expr")}).exitCode, 2);
 }
 
 TEST(ExprCommand, ParsesFiltersAgainstDeclaredProperties)
@@ -80,8 +69,6 @@ TEST(ExprCommand, ParsesFiltersAgainstDeclaredProperties)
          {}, 0, QStringLiteral("SQL: - -a\nBound: - -a\nCode: - -a\n"), {}},
         {{QStringLiteral("expr"), QStringLiteral("parse"), QStringLiteral("--property=a"), QStringLiteral("-")},
          "a\n=\n'x'", 0, QStringLiteral("SQL: a = 'x'\nBound: a = ?\n  1: x (QString)\nCode: a == \"x\"\n"), {}},
-        {QStringList{QStringLiteral("expr"), QStringLiteral("parse")} + declared + QStringList{QStringLiteral("(a > 1)) ")},
-         {}, 1, {}, QStringLiteral("commonkit: expr parse: unexpected ')' at column 8\n  (a > 1)) \n         ^\n")},
         {{QStringLiteral("expr"), QStringLiteral("parse"), QStringLiteral("b = 1")}, {}, 1, {},
          QStringLiteral("commonkit: expr parse: unknown property 'b' at column 1\n  b = 1\n  ^\n")},
         {{QStringLiteral("expr"), QStringLiteral("parse"), QStringLiteral("--property"), QStringLiteral("b=blob"),

@@ -3,6 +3,7 @@
 #include "../rights/MatrixTestSupport.h"
 
 #include <CommonKit/storage/Settings.h>
+#include "testlib/TestFiles.h"
 #include "testlib/ToolRunner.h"
 
 #include <gtest/gtest.h>
@@ -70,28 +71,12 @@ TEST(RightsCommand, BadInputGivesOneLineAndNonZeroExit)
     };
     const QString file = dir.filePath(QStringLiteral("bad.ini"));
     for (const Case& c : cases) {
-        QFile out(file);
-        ASSERT_TRUE(out.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        out.write(c.content);
-        out.close();
+        cktest::writeFile(file, c.content);
         const ToolRun run = runTool({QStringLiteral("rights"), QStringLiteral("show"), file});
         EXPECT_EQ(run.exitCode, 1) << c.content;
         EXPECT_TRUE(run.out.isEmpty()) << c.content;
         EXPECT_EQ(run.err.count(QLatin1Char('\n')), 1) << run.err.toStdString();
         EXPECT_TRUE(run.err.contains(QString::fromLatin1(c.reason))) << run.err.toStdString();
-    }
-
-    struct Usage { QStringList arguments; int exitCode; };
-    const Usage usages[] = {
-        {{QStringLiteral("rights"), QStringLiteral("show")}, 2},
-        {{QStringLiteral("rights"), QStringLiteral("list"), file}, 2},
-        {{QStringLiteral("rights"), QStringLiteral("show"), dir.filePath(QStringLiteral("missing.ini"))}, 1},
-        {{QStringLiteral("rights"), QStringLiteral("show"), dir.path()}, 1},
-    };
-    for (const Usage& usage : usages) {
-        const ToolRun run = runTool(usage.arguments);
-        EXPECT_EQ(run.exitCode, usage.exitCode) << usage.arguments.join(' ').toStdString();
-        EXPECT_EQ(run.err.count(QLatin1Char('\n')), 1) << run.err.toStdString();
     }
 }
 

@@ -1,4 +1,5 @@
 #include <CommonKit/support/crypto/RSAKeyPair.h>
+#include "testlib/TestFiles.h"
 
 #include <gtest/gtest.h>
 
@@ -22,17 +23,8 @@ secure_string digestOf(MessageDigest::Algorithm algorithm, const std::string& te
     return MessageDigest::digest(algorithm, text.data(), text.size());
 }
 
-bool writeFile(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
-
-QByteArray readFile(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
+using cktest::readFile;
+using cktest::writeFile;
 
 QByteArray bytes(const secure_string& s)
 {
@@ -187,8 +179,8 @@ TEST_F(RSAKeyPairTest, InteroperatesWithTheOpensslTool)
         const QString name = QString::fromStdString(MessageDigest::algorithmName(algorithm)).toLower();
         SCOPED_TRACE(name.toStdString());
         const secure_string digest = digestOf(algorithm, "checked by the openssl tool");
-        ASSERT_TRUE(writeFile(digestPath, bytes(digest)));
-        ASSERT_TRUE(writeFile(signaturePath, QByteArray::fromBase64(bytes(s_key->sign(digest)))));
+        writeFile(digestPath, bytes(digest));
+        writeFile(signaturePath, QByteArray::fromBase64(bytes(s_key->sign(digest))));
         const QStringList verifyArgs = {"pkeyutl", "-verify", "-pubin", "-inkey", publicPath,
                                         "-pkeyopt", "digest:" + name, "-in", digestPath,
                                         "-sigfile", signaturePath};
@@ -196,7 +188,7 @@ TEST_F(RSAKeyPairTest, InteroperatesWithTheOpensslTool)
 
         // A signature of another digest is rejected by the tool as well.
         const secure_string other = digestOf(algorithm, "something else");
-        ASSERT_TRUE(writeFile(signaturePath, QByteArray::fromBase64(bytes(s_key->sign(other)))));
+        writeFile(signaturePath, QByteArray::fromBase64(bytes(s_key->sign(other))));
         EXPECT_NE(openssl(verifyArgs), 0);
     }
 
@@ -209,7 +201,7 @@ TEST_F(RSAKeyPairTest, InteroperatesWithTheOpensslTool)
     EXPECT_FALSE(toolKey.emptyPrivateKey());
 
     const secure_string digest = digestOf(MessageDigest::SHA256, "signed by the tool");
-    ASSERT_TRUE(writeFile(digestPath, bytes(digest)));
+    writeFile(digestPath, bytes(digest));
     QByteArray toolSignature;
     ASSERT_EQ(openssl({"pkeyutl", "-sign", "-inkey", toolKeyPath, "-pkeyopt", "digest:sha256", "-in", digestPath},
                       &toolSignature),

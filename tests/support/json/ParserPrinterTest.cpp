@@ -1,5 +1,6 @@
 // json::JsonParser and json::JsonPrinter.
 
+#include "testlib/DataTable.h"
 #include <CommonKit/support/json/JsonParser.h>
 #include <CommonKit/support/json/JsonPrinter.h>
 #include <CommonKit/support/json/Variant.h>
@@ -172,21 +173,10 @@ TEST(JsonParser, PrintedValuesReadBackExactlyWhateverThePieces)
 // and takes the last value, also inside lists and nested objects.
 TEST(JsonParser, AcceptsJsonGrammarAndKeepsMemberOrder)
 {
-    const struct { const char* text; const char* compact; } rows[] = {
-        {" 0 ", "0"}, {"-0.5e+2", "-50.0"}, {"1E2", "100.0"},
-        {"\"\\u00e9\\ud83d\\ude00\\/\"", "\"\xc3\xa9\xf0\x9f\x98\x80/\""},
-        {"[ ]", "[]"}, {"{\"a\" : [1 , {\"b\":null}] }", R"({"a":[1,{"b":null}]})"},
-        {"true", "true"}, {"\r\n\tfalse\n", "false"},
-        {"123456789012345678901234567890", "1.2345678901234568e+29"},
-        {R"({"b":1,"a":2})", R"({"b":1,"a":2})"},
-        {R"({"a":1,"b":2,"a":3})", R"({"a":3,"b":2})"},
-        {R"([{"x":[],"y":{"z":1,"z":{"q":null}},"x":true}])", R"([{"x":true,"y":{"z":{"q":null}}}])"},
-        {R"({"":1,"":"two"})", R"({"":"two"})"},
-    };
-    for (const auto& row : rows) {
+    for (const cktest::DataRow& row : cktest::dataRows("support/json/grammar.tsv", 2)) {
         std::string error;
-        EXPECT_EQ(parseText(row.text, &error).toJson(), row.compact) << row.text;
-        EXPECT_EQ(error, "") << row.text;
+        EXPECT_EQ(parseText(row[0], &error).toJson(), row[1]) << row.where;
+        EXPECT_EQ(error, "") << row.where;
     }
 
     // However many members there are.
