@@ -79,6 +79,15 @@ const LogFile& logFile()
     return file;
 }
 
+// Entries and bytes per second of a pass over the whole file.
+void reportFile(benchmark::State& state, const LogFile& file)
+{
+    state.SetItemsProcessed(state.iterations() * file.entries);
+    state.SetBytesProcessed(state.iterations() * file.size);
+    state.counters["entries"] = file.entries;
+    state.counters["file_bytes"] = static_cast<double>(file.size);
+}
+
 void BM_ReadEntries(benchmark::State& state)
 {
     const LogFile& file = logFile();
@@ -94,10 +103,7 @@ void BM_ReadEntries(benchmark::State& state)
         if (count != file.entries)
             state.SkipWithError("entries lost");
     }
-    state.SetItemsProcessed(state.iterations() * file.entries);
-    state.SetBytesProcessed(state.iterations() * file.size);
-    state.counters["entries"] = file.entries;
-    state.counters["file_bytes"] = static_cast<double>(file.size);
+    reportFile(state, logFile());
 }
 BENCHMARK(BM_ReadEntries)->Unit(benchmark::kMillisecond);
 
@@ -111,10 +117,7 @@ void BM_ActionLogReadLog(benchmark::State& state)
         if (log.count() != file.entries)
             state.SkipWithError("entries lost");
     }
-    state.SetItemsProcessed(state.iterations() * file.entries);
-    state.SetBytesProcessed(state.iterations() * file.size);
-    state.counters["entries"] = file.entries;
-    state.counters["file_bytes"] = static_cast<double>(file.size);
+    reportFile(state, logFile());
 }
 BENCHMARK(BM_ActionLogReadLog)->Unit(benchmark::kMillisecond);
 
@@ -134,10 +137,7 @@ void BM_RawXmlScan(benchmark::State& state)
         }
         benchmark::DoNotOptimize(attributes);
     }
-    state.SetItemsProcessed(state.iterations() * file.entries);
-    state.SetBytesProcessed(state.iterations() * file.size);
-    state.counters["entries"] = file.entries;
-    state.counters["file_bytes"] = static_cast<double>(file.size);
+    reportFile(state, logFile());
 }
 BENCHMARK(BM_RawXmlScan)->Unit(benchmark::kMillisecond);
 
