@@ -30,6 +30,21 @@ struct Row
     double d;
 };
 
+// The in-memory value in the database's terms: booleans are 0 and 1.
+QVariant asSql(const QVariant& value)
+{
+    switch (value.type()) {
+    case QVariant::Bool:
+    case QVariant::Int:
+    case QVariant::UInt:
+    case QVariant::LongLong:
+    case QVariant::ULongLong:
+        return QVariant(value.toLongLong());
+    default:
+        return value;
+    }
+}
+
 class Database
 {
 public:
@@ -92,12 +107,8 @@ public:
 private:
     static void bind(sqlite3_stmt* statement, int index, const QVariant& value)
     {
-        switch (value.type()) {
-        case QVariant::Bool:
-        case QVariant::Int:
-        case QVariant::UInt:
+        switch (asSql(value).type()) {
         case QVariant::LongLong:
-        case QVariant::ULongLong:
             sqlite3_bind_int64(statement, index, value.toLongLong());
             break;
         case QVariant::Double:
@@ -126,21 +137,6 @@ private:
 
     sqlite3* m_db = nullptr;
 };
-
-// The in-memory value in the database's terms: booleans are 0 and 1.
-QVariant asSql(const QVariant& value)
-{
-    switch (value.type()) {
-    case QVariant::Bool:
-    case QVariant::Int:
-    case QVariant::UInt:
-    case QVariant::LongLong:
-    case QVariant::ULongLong:
-        return QVariant(value.toLongLong());
-    default:
-        return value;
-    }
-}
 
 // Random trees over the fixture's columns, typed so that every operand has
 // the kind its parent expects (numbers under arithmetic, booleans under
@@ -420,25 +416,24 @@ TEST_F(SqlDifferential, DeliberateDifferencesFromTheDatabase)
     const ExpressionHandle a = ValueExpression(*record.a);
     record.a->setVariantValue(rows.front().a);
 
-    // A failed text-to-int cast: the database reads a leading number, Qt
-    // gives a null int.
-    EXPECT_EQ(db.scalar(toInt(c(QStringLiteral("7x")))), QVariant(qlonglong(7)));
-    EXPECT_TRUE(toInt(c(QStringLiteral("7x"))).evaluate().isNull());
-
-    // Numbers are compared by their difference truncated to an integer, so
-    // doubles less than 1 apart are equal in memory.
-    const ExpressionHandle greater = c(1.625) > c(1.5);
-    EXPECT_EQ(greater->evaluate(), QVariant(false));
-    EXPECT_EQ(db.scalar(greater), QVariant(qlonglong(1)));
-
-    // Qt rounds a double cast to int, the database truncates.
-    EXPECT_EQ(toInt(c(-2.875)).evaluate(), QVariant(-3));
-    EXPECT_EQ(db.scalar(toInt(c(-2.875))), QVariant(qlonglong(-2)));
-
-    // Adding a text to a number concatenates the texts in memory.
-    EXPECT_EQ((a + c(QStringLiteral("12"))).evaluate(record.set, nullptr),
-              QVariant(QString::number(rows.front().a) + QStringLiteral("12")));
-    EXPECT_EQ(db.scalar(a + c(QStringLiteral("12"))), QVariant(qlonglong(rows.front().a + 12)));
+    const struct { const char* why; ExpressionHandle e; QVariant memory; qlonglong database; } cases[] = {
+        // A failed text-to-int cast: the database reads a leading number,
+        // Qt gives a null int.
+        {"cast of 7x", toInt(c(QStringLiteral("7x"))), QVariant(QVariant::Int), 7},
+        // Numbers are compared by their difference truncated to an integer,
+        // so doubles less than 1 apart are equal in memory.
+        {"1.625 > 1.5", c(1.625) > c(1.5), false, 1},
+        // Qt rounds a double cast to int, the database truncates.
+        {"cast of -2.875", toInt(c(-2.875)), -3, -2},
+        // Adding a text to a number concatenates the texts in memory.
+        {"a + '12'", a + c(QStringLiteral("12")), QString::number(rows.front().a) + QStringLiteral("12"),
+         rows.front().a + 12},
+    };
+    for (const auto& row : cases) {
+        const QVariant memory = row.e->evaluate(record.set, nullptr);
+        EXPECT_TRUE(memory == row.memory && memory.isNull() == row.memory.isNull()) << row.why;
+        EXPECT_EQ(db.scalar(row.e), QVariant(row.database)) << row.why;
+    }
 
     // A comparison never parenthesises itself, so a comparison of two
     // comparisons groups differently in the database.

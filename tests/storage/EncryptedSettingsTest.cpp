@@ -181,6 +181,7 @@ TEST_F(EncryptedSettingsTest, FilesAreTheDataStreamImageOrJsonTextInTheStreamCip
             EXPECT_EQ(digest, sha256(plain));
 
             // A key given as a locked string reads it back.
+            EncryptedSettings::clearEncryptionKey();
             EncryptedSettings::setEncryptionKey(ko::crypto::locked_string(key));
             EncryptedSettings::g_file_digest.clear();
             SettingsMap back;
