@@ -50,6 +50,11 @@ struct ActionLogFile : ::testing::Test
         TextEntry entry(text, 1);
         log.log(entry);
     }
+    void emptyDir() const
+    {
+        QDir(dir.path()).removeRecursively();
+        QDir().mkpath(dir.path());
+    }
 };
 
 TEST_F(ActionLogFile, MutedUntilUnmutedThenHeaderOnceAndAppends)
@@ -79,19 +84,16 @@ TEST_F(ActionLogFile, MutedUntilUnmutedThenHeaderOnceAndAppends)
     EXPECT_EQ(again.count(), 3);
     EXPECT_EQ(fileEntries(path).size(), 3);
     EXPECT_EQ(readFile(path).count("<Entries"), 1);
-}
 
-TEST_F(ActionLogFile, StampsTimeAndUserIntoTheCallersEntry)
-{
-    TestLog log(path);
-    log.now = at("2026-03-04T10:00:00");
+    // The log stamps its time and user into the caller's entry.
+    again.now = at("2026-03-04T10:00:00");
     TextEntry entry(QStringLiteral("x"), 1);
     entry.setTime(at("2001-01-01T00:00:00"));
     entry.setUser(QStringLiteral("caller"));
-    log.log(entry);
-    EXPECT_EQ(entry.time(), log.now);
-    EXPECT_EQ(entry.user(), log.userName());
-    EXPECT_EQ(log.entry(0)->time(), log.now);
+    again.log(entry);
+    EXPECT_EQ(entry.time(), again.now);
+    EXPECT_EQ(entry.user(), again.userName());
+    EXPECT_EQ(again.entry(3)->time(), again.now);
 }
 
 TEST_F(ActionLogFile, PeriodSplitsNameTheBackupAfterThePreviousEntry)
@@ -99,8 +101,7 @@ TEST_F(ActionLogFile, PeriodSplitsNameTheBackupAfterThePreviousEntry)
     const QString march = QLocale::system().monthName(3, QLocale::ShortFormat);
     for (const cktest::DataRow& row : cktest::dataRows("logging/period-splits.tsv", 4)) {
         SCOPED_TRACE(row.where);
-        QDir(dir.path()).removeRecursively();
-        QDir().mkpath(dir.path());
+        emptyDir();
         TestLog log(path);
         log.setSplitPolicy(static_cast<ko::ActionLog::ESplitPolicy>(std::stoi(row[0])), 1048576);
         logText(log, QStringLiteral("before"), row[1].c_str());
@@ -159,8 +160,7 @@ TEST_F(ActionLogFile, DamagedFilesAreMovedAsideWithTheirSignals)
         {"plain text, not a log", ".kol.invalidHeader", {"errorFile(%1,4)"}},
     };
     for (const Row& row : rows) {
-        QDir(dir.path()).removeRecursively();
-        QDir().mkpath(dir.path());
+        emptyDir();
         writeFile(path, row.content);
         TestLog log(path);
         log.now = at("2026-03-04T10:20:30");

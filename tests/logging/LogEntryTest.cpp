@@ -20,7 +20,7 @@ using cktest::createTextEntry;
 using cktest::NoteEntry;
 using cktest::TextEntry;
 
-TEST(LogValue, SetStateParsingAndTextOfTheThreeTypes)
+TEST(LogValue, SetStateParsingTextAndAssignmentOfTheThreeTypes)
 {
     struct IntCase { const char* text; int value; bool set; const char* written; };
     for (const IntCase& c : {IntCase{"42", 42, true, "42"}, IntCase{"-7", -7, true, "-7"},
@@ -50,18 +50,14 @@ TEST(LogValue, SetStateParsingAndTextOfTheThreeTypes)
     EXPECT_EQ(time.value.time().msec(), 0) << "milliseconds are not kept";
     time.fromString(QStringLiteral("not a date"));
     EXPECT_FALSE(time.isSet());
-}
 
-TEST(LogValue, AssignCopiesOnlyFromTheSameType)
-{
+    // assign() copies the value, not the id, and only from the same type.
     ko::TLogValue<int> number("Numb", QStringLiteral("number"), 5);
-    const ko::TLogValue<int> other("Othr", QStringLiteral("other"), 17);
-    const ko::TLogValue<QString> text("Text", QStringLiteral("text"), QStringLiteral("17"));
     number.assign(text);
     EXPECT_EQ(number.value, 5);
-    number.assign(other);
+    number.assign(ko::TLogValue<int>("Othr", QStringLiteral("other"), 17));
     EXPECT_EQ(number.value, 17);
-    EXPECT_EQ(number.idToString(), QStringLiteral("Numb")) << "assign copies the value, not the id";
+    EXPECT_EQ(number.idToString(), QStringLiteral("Numb"));
 }
 
 TEST(LogEntry, TimeAndUserComeFirstAndLookupFindsTheFirstMatch)
