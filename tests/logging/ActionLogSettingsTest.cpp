@@ -3,6 +3,7 @@
 
 #include "ActionLogSupport.h"
 #include "TestEntries.h"
+#include "testlib/LogCapture.h"
 
 #include <CommonKit/logging/IAccessGroup.h>
 #include <CommonKit/platform/Platform.h>
@@ -268,11 +269,7 @@ TEST_F(ActionLogSettings, LogonAroundEveryOpeningOfACustomFile)
 TEST_F(ActionLogSettings, PasswordStaysOutOfLogLinesSignalsAndLogFiles)
 {
     const QString password = QStringLiteral("Pw-5e2c90aa-\u00e9t\u00e9");
-    std::string logLines;
-    const bool wasInformation = ko::Log::instance().isEnabled(1);
-    ko::Log::instance().setThreshold(1);
-    const auto previousSink =
-        ko::Log::instance().setSink([&](int, const std::string& line) { logLines += line + "\n"; });
+    cktest::LogCapture capture(1);
     QStringList signalTexts;
     {
         const QString path = dir.filePath(QStringLiteral("c.kol"));
@@ -295,8 +292,7 @@ TEST_F(ActionLogSettings, PasswordStaysOutOfLogLinesSignalsAndLogFiles)
         log.fileUserPassword(user, back);
         EXPECT_EQ(back, password);
     }
-    ko::Log::instance().setSink(previousSink);
-    ko::Log::instance().setThreshold(wasInformation ? 1 : 2);
+    const std::string logLines = capture.text();
 
     QSettings stored(dir.filePath(QStringLiteral("settings.ini")), QSettings::IniFormat);
     EXPECT_EQ(stored.value(QStringLiteral("ActionLog/ActionLogPassword")).toByteArray(),
