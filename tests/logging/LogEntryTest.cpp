@@ -64,10 +64,10 @@ TEST(LogEntry, TimeAndUserComeFirstAndLookupFindsTheFirstMatch)
 {
     const QDateTime before = QDateTime::currentDateTime();
     TextEntry entry(QStringLiteral("hello"), 3);
-    ASSERT_EQ(entry.values().size(), 5);
-    EXPECT_EQ(entry.values().at(0)->idToString(), QStringLiteral("Time"));
-    EXPECT_EQ(entry.values().at(1)->idToString(), QStringLiteral("User"));
-    EXPECT_EQ(entry.values().at(2)->idToString(), QStringLiteral("Text"));
+    QStringList ids;
+    for (const ko::LogValue* value : entry.values())
+        ids << value->idToString();
+    EXPECT_EQ(ids, QStringList({"Time", "User", "Text", "Numb", "When"}));
     EXPECT_GE(entry.time(), before);
     EXPECT_LE(entry.time(), QDateTime::currentDateTime());
     EXPECT_TRUE(entry.user().isEmpty());
@@ -169,25 +169,7 @@ TEST(LogEntry, DescriptionStaysBoundedWhenValuesAreMadeOfPlaceholders)
     }
 }
 
-TEST(LogEntry, EqualityIgnoresTheKindsOwnValues)
-{
-    TextEntry first(QStringLiteral("one"), 1);
-    TextEntry second(QStringLiteral("two"), 2);
-    second.setTime(first.time());
-    EXPECT_TRUE(first == second);
-
-    second.setUser(QStringLiteral("other"));
-    EXPECT_FALSE(first == second);
-    second.setUser(QString());
-    second.setTime(first.time().addSecs(1));
-    EXPECT_TRUE(first != second);
-
-    NoteEntry note;
-    note.setTime(first.time());
-    EXPECT_FALSE(first == note) << "different type and category";
-}
-
-TEST(LogEntry, CloneCopiesEveryValueThroughTheFactory)
+TEST(LogEntry, CloneCopiesEveryValueAndEqualityIgnoresTheKindsOwnValues)
 {
     TextEntry entry(QStringLiteral("copy me"), 42);
     entry.setUser(QStringLiteral("me"));
@@ -204,6 +186,22 @@ TEST(LogEntry, CloneCopiesEveryValueThroughTheFactory)
 
     cktest::UnregisteredEntry unregistered;
     EXPECT_EQ(unregistered.clone(), nullptr);
+
+    // Equality looks at the type, category, time and user only.
+    TextEntry first(QStringLiteral("one"), 1);
+    TextEntry second(QStringLiteral("two"), 2);
+    second.setTime(first.time());
+    EXPECT_TRUE(first == second);
+
+    second.setUser(QStringLiteral("other"));
+    EXPECT_FALSE(first == second);
+    second.setUser(QString());
+    second.setTime(first.time().addSecs(1));
+    EXPECT_TRUE(first != second);
+
+    NoteEntry note;
+    note.setTime(first.time());
+    EXPECT_FALSE(first == note) << "different type and category";
 }
 
 // Records the calls a writer gets; throws on the attribute named throwOn.
