@@ -30,6 +30,21 @@ struct Row
     double d;
 };
 
+// The in-memory value in the database's terms: booleans are 0 and 1.
+QVariant asSql(const QVariant& value)
+{
+    switch (value.type()) {
+    case QVariant::Bool:
+    case QVariant::Int:
+    case QVariant::UInt:
+    case QVariant::LongLong:
+    case QVariant::ULongLong:
+        return QVariant(value.toLongLong());
+    default:
+        return value;
+    }
+}
+
 class Database
 {
 public:
@@ -48,14 +63,9 @@ public:
     {
         sqlite3_stmt* statement = nullptr;
         sqlite3_prepare_v2(m_db, "INSERT INTO t (rowid, a, b, s, n, d) VALUES (?,?,?,?,?,?)", -1, &statement, nullptr);
-        sqlite3_bind_int64(statement, 1, row.id);
-        sqlite3_bind_int(statement, 2, row.a);
-        sqlite3_bind_int(statement, 3, row.b);
-        const QByteArray s = row.s.toUtf8();
-        const QByteArray n = row.n.toUtf8();
-        sqlite3_bind_text(statement, 4, s.constData(), s.size(), SQLITE_TRANSIENT);
-        sqlite3_bind_text(statement, 5, n.constData(), n.size(), SQLITE_TRANSIENT);
-        sqlite3_bind_double(statement, 6, row.d);
+        const QVariant values[] = {row.id, row.a, row.b, row.s, row.n, row.d};
+        for (int i = 0; i < 6; ++i)
+            bind(statement, i + 1, values[i]);
         EXPECT_EQ(sqlite3_step(statement), SQLITE_DONE);
         sqlite3_finalize(statement);
     }
@@ -92,12 +102,8 @@ public:
 private:
     static void bind(sqlite3_stmt* statement, int index, const QVariant& value)
     {
-        switch (value.type()) {
-        case QVariant::Bool:
-        case QVariant::Int:
-        case QVariant::UInt:
+        switch (asSql(value).type()) {
         case QVariant::LongLong:
-        case QVariant::ULongLong:
             sqlite3_bind_int64(statement, index, value.toLongLong());
             break;
         case QVariant::Double:
@@ -126,21 +132,6 @@ private:
 
     sqlite3* m_db = nullptr;
 };
-
-// The in-memory value in the database's terms: booleans are 0 and 1.
-QVariant asSql(const QVariant& value)
-{
-    switch (value.type()) {
-    case QVariant::Bool:
-    case QVariant::Int:
-    case QVariant::UInt:
-    case QVariant::LongLong:
-    case QVariant::ULongLong:
-        return QVariant(value.toLongLong());
-    default:
-        return value;
-    }
-}
 
 // Random trees over the fixture's columns, typed so that every operand has
 // the kind its parent expects (numbers under arithmetic, booleans under
@@ -279,9 +270,8 @@ protected:
             const Row& row = rows[i];
             setRow(row);
             const QVariant memory = asSql(record.eval(e));
-            EXPECT_EQ(memory, results[i]) << text << " on row a=" << row.a << " b=" << row.b << " s='"
-                                          << row.s.toStdString() << "' n=" << row.n.toStdString() << " d=" << row.d
-                                          << ": memory " << memory.toString().toStdString() << ", database "
+            EXPECT_EQ(memory, results[i]) << text << " on row " << row.id << ": memory "
+                                          << memory.toString().toStdString() << ", database "
                                           << results[i].toString().toStdString();
         }
     }
@@ -309,59 +299,39 @@ public:
     }
 };
 
-TEST_F(SqlDifferential, ComparisonsAndLogicAgreeRowByRow)
+// Comparisons and logic, integer arithmetic, membership, switches and casts.
+TEST_F(SqlDifferential, HandWrittenTreesAgreeRowByRow)
 {
     const BaseProperty& a = *record.a;
     const BaseProperty& b = *record.b;
     const BaseProperty& s = *record.s;
     const ExpressionHandle av = ValueExpression(a);
     const ExpressionHandle bv = ValueExpression(b);
+    SwitchCase sw(a);
+    sw.switchCase(c(1), c(QStringLiteral("one")))
+        .switchCase(c(-1), c(QStringLiteral("minus one")))
+        .switchCase(c(2), ValueExpression(s))
+        .defaultCase(c(QStringLiteral("other")));
+    SwitchCase numbers(av + bv);
+    numbers.switchCase(c(0), c(100)).switchCase(ConstExpression(3, true), ConstExpression(300, true)).defaultCase(av);
     const std::vector<ExpressionHandle> trees = {
         a == QVariant(0), a != QVariant(2), a < b, a <= QVariant(-1), a > av - bv, a >= b,
         s == QVariant(QStringLiteral("it's")), s < QVariant(QStringLiteral("beta")), s >= c(QStringLiteral("gamma")),
         (a > QVariant(0) && b > QVariant(0)) || s == QVariant(QStringLiteral("alpha")),
         a > QVariant(0) && (b > QVariant(0) || s == QVariant(QStringLiteral("alpha"))) && a != b,
         !(a == b), !(a < QVariant(0) || !(b < QVariant(0))),
-    };
-    for (const ExpressionHandle& e : trees)
-        compare(e);
-}
-
-TEST_F(SqlDifferential, IntegerArithmeticAgreesRowByRow)
-{
-    const BaseProperty& a = *record.a;
-    const ExpressionHandle av = ValueExpression(a);
-    const ExpressionHandle bv = ValueExpression(*record.b);
-    const std::vector<ExpressionHandle> trees = {
         a + QVariant(3), a - QVariant(7), a * QVariant(-4), av + bv * c(2) - av, (av - bv) * (av + bv),
         -av, -(av * bv), av * bv > av + bv, (av - c(1)) * c(3) == bv,
         // A minus followed by a negative operand: "--" would start a comment.
         av - c(-5), -(-av), -c(-3), av - -bv, av - c(2) - c(-7) - -(-bv),
-    };
-    for (const ExpressionHandle& e : trees)
-        compare(e);
-}
-
-TEST_F(SqlDifferential, MembershipSwitchAndCastsAgreeRowByRow)
-{
-    const BaseProperty& a = *record.a;
-    const ExpressionHandle av = ValueExpression(a);
-    SwitchCase sw(a);
-    sw.switchCase(c(1), c(QStringLiteral("one")))
-        .switchCase(c(-1), c(QStringLiteral("minus one")))
-        .switchCase(c(2), ValueExpression(*record.s))
-        .defaultCase(c(QStringLiteral("other")));
-    SwitchCase numbers(av + ExpressionHandle(ValueExpression(*record.b)));
-    numbers.switchCase(c(0), c(100)).switchCase(ConstExpression(3, true), ConstExpression(300, true)).defaultCase(av);
-    const std::vector<ExpressionHandle> trees = {
         ElementOf(a) << 1 << 3 << 5,
-        ElementOf(*record.s) << QStringList{QStringLiteral("beta"), QStringLiteral("it's")},
-        ElementOf(av * c(2)) << ExpressionList(QList<QVariant>{2, 4}) << ExpressionHandle(ValueExpression(*record.b)),
+        ElementOf(s) << QStringList{QStringLiteral("beta"), QStringLiteral("it's")},
+        ElementOf(av * c(2)) << ExpressionList(QList<QVariant>{2, 4}) << bv,
         !ExpressionHandle(ElementOf(a) << 0),
         sw,
         numbers,
         toInt(ValueExpression(*n)),
-        toInt(ValueExpression(*n)) + ExpressionHandle(ValueExpression(a)),
+        toInt(ValueExpression(*n)) + av,
         toDouble(ValueExpression(*n)),
         toDouble(av) * c(0.5),
         toInt(ValueExpression(*d) * c(8)) < av * c(8), // d holds eighths: whole numbers
@@ -391,9 +361,8 @@ TEST_F(SqlDifferential, ParsedRandomTreesAgreeWithTheirOriginals)
                 const QVariant expected = record.eval(original);
                 const QVariant actual = record.eval(tree);
                 ASSERT_TRUE(actual == expected && actual.type() == expected.type())
-                    << text.toStdString() << " row " << r << ": " << expected.toString().toStdString() << " ("
-                    << expected.typeName() << "), parsed " << actual.toString().toStdString() << " ("
-                    << actual.typeName() << ")";
+                    << text.toStdString() << " row " << r << ": " << expected.toString().toStdString()
+                    << ", parsed " << actual.toString().toStdString() << " (" << actual.typeName() << ")";
             }
             if (!sqlOnly)
                 continue;
@@ -404,8 +373,7 @@ TEST_F(SqlDifferential, ParsedRandomTreesAgreeWithTheirOriginals)
             ASSERT_EQ(actual.size(), expected.size()) << text.toStdString();
             for (size_t r = 0; r < actual.size(); ++r)
                 ASSERT_EQ(actual[r], expected[r]) << text.toStdString() << " bound as " << cktest::bound(tree)
-                                                  << " row " << r << ": " << actual[r].toString().toStdString()
-                                                  << " against " << expected[r].toString().toStdString();
+                                                  << " row " << r;
         }
     }
     EXPECT_EQ(parsed, 3000);
@@ -420,25 +388,24 @@ TEST_F(SqlDifferential, DeliberateDifferencesFromTheDatabase)
     const ExpressionHandle a = ValueExpression(*record.a);
     record.a->setVariantValue(rows.front().a);
 
-    // A failed text-to-int cast: the database reads a leading number, Qt
-    // gives a null int.
-    EXPECT_EQ(db.scalar(toInt(c(QStringLiteral("7x")))), QVariant(qlonglong(7)));
-    EXPECT_TRUE(toInt(c(QStringLiteral("7x"))).evaluate().isNull());
-
-    // Numbers are compared by their difference truncated to an integer, so
-    // doubles less than 1 apart are equal in memory.
-    const ExpressionHandle greater = c(1.625) > c(1.5);
-    EXPECT_EQ(greater->evaluate(), QVariant(false));
-    EXPECT_EQ(db.scalar(greater), QVariant(qlonglong(1)));
-
-    // Qt rounds a double cast to int, the database truncates.
-    EXPECT_EQ(toInt(c(-2.875)).evaluate(), QVariant(-3));
-    EXPECT_EQ(db.scalar(toInt(c(-2.875))), QVariant(qlonglong(-2)));
-
-    // Adding a text to a number concatenates the texts in memory.
-    EXPECT_EQ((a + c(QStringLiteral("12"))).evaluate(record.set, nullptr),
-              QVariant(QString::number(rows.front().a) + QStringLiteral("12")));
-    EXPECT_EQ(db.scalar(a + c(QStringLiteral("12"))), QVariant(qlonglong(rows.front().a + 12)));
+    const struct { const char* why; ExpressionHandle e; QVariant memory; qlonglong database; } cases[] = {
+        // A failed text-to-int cast: the database reads a leading number,
+        // Qt gives a null int.
+        {"cast of 7x", toInt(c(QStringLiteral("7x"))), QVariant(QVariant::Int), 7},
+        // Numbers are compared by their difference truncated to an integer,
+        // so doubles less than 1 apart are equal in memory.
+        {"1.625 > 1.5", c(1.625) > c(1.5), false, 1},
+        // Qt rounds a double cast to int, the database truncates.
+        {"cast of -2.875", toInt(c(-2.875)), -3, -2},
+        // Adding a text to a number concatenates the texts in memory.
+        {"a + '12'", a + c(QStringLiteral("12")), QString::number(rows.front().a) + QStringLiteral("12"),
+         rows.front().a + 12},
+    };
+    for (const auto& row : cases) {
+        const QVariant memory = row.e->evaluate(record.set, nullptr);
+        EXPECT_TRUE(memory == row.memory && memory.isNull() == row.memory.isNull()) << row.why;
+        EXPECT_EQ(db.scalar(row.e), QVariant(row.database)) << row.why;
+    }
 
     // A comparison never parenthesises itself, so a comparison of two
     // comparisons groups differently in the database.

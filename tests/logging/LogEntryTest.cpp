@@ -20,7 +20,7 @@ using cktest::createTextEntry;
 using cktest::NoteEntry;
 using cktest::TextEntry;
 
-TEST(LogValue, SetStateParsingAndTextOfTheThreeTypes)
+TEST(LogValue, SetStateParsingTextAndAssignmentOfTheThreeTypes)
 {
     struct IntCase { const char* text; int value; bool set; const char* written; };
     for (const IntCase& c : {IntCase{"42", 42, true, "42"}, IntCase{"-7", -7, true, "-7"},
@@ -50,28 +50,24 @@ TEST(LogValue, SetStateParsingAndTextOfTheThreeTypes)
     EXPECT_EQ(time.value.time().msec(), 0) << "milliseconds are not kept";
     time.fromString(QStringLiteral("not a date"));
     EXPECT_FALSE(time.isSet());
-}
 
-TEST(LogValue, AssignCopiesOnlyFromTheSameType)
-{
+    // assign() copies the value, not the id, and only from the same type.
     ko::TLogValue<int> number("Numb", QStringLiteral("number"), 5);
-    const ko::TLogValue<int> other("Othr", QStringLiteral("other"), 17);
-    const ko::TLogValue<QString> text("Text", QStringLiteral("text"), QStringLiteral("17"));
     number.assign(text);
     EXPECT_EQ(number.value, 5);
-    number.assign(other);
+    number.assign(ko::TLogValue<int>("Othr", QStringLiteral("other"), 17));
     EXPECT_EQ(number.value, 17);
-    EXPECT_EQ(number.idToString(), QStringLiteral("Numb")) << "assign copies the value, not the id";
+    EXPECT_EQ(number.idToString(), QStringLiteral("Numb"));
 }
 
 TEST(LogEntry, TimeAndUserComeFirstAndLookupFindsTheFirstMatch)
 {
     const QDateTime before = QDateTime::currentDateTime();
     TextEntry entry(QStringLiteral("hello"), 3);
-    ASSERT_EQ(entry.values().size(), 5);
-    EXPECT_EQ(entry.values().at(0)->idToString(), QStringLiteral("Time"));
-    EXPECT_EQ(entry.values().at(1)->idToString(), QStringLiteral("User"));
-    EXPECT_EQ(entry.values().at(2)->idToString(), QStringLiteral("Text"));
+    QStringList ids;
+    for (const ko::LogValue* value : entry.values())
+        ids << value->idToString();
+    EXPECT_EQ(ids, QStringList({"Time", "User", "Text", "Numb", "When"}));
     EXPECT_GE(entry.time(), before);
     EXPECT_LE(entry.time(), QDateTime::currentDateTime());
     EXPECT_TRUE(entry.user().isEmpty());
@@ -173,25 +169,7 @@ TEST(LogEntry, DescriptionStaysBoundedWhenValuesAreMadeOfPlaceholders)
     }
 }
 
-TEST(LogEntry, EqualityIgnoresTheKindsOwnValues)
-{
-    TextEntry first(QStringLiteral("one"), 1);
-    TextEntry second(QStringLiteral("two"), 2);
-    second.setTime(first.time());
-    EXPECT_TRUE(first == second);
-
-    second.setUser(QStringLiteral("other"));
-    EXPECT_FALSE(first == second);
-    second.setUser(QString());
-    second.setTime(first.time().addSecs(1));
-    EXPECT_TRUE(first != second);
-
-    NoteEntry note;
-    note.setTime(first.time());
-    EXPECT_FALSE(first == note) << "different type and category";
-}
-
-TEST(LogEntry, CloneCopiesEveryValueThroughTheFactory)
+TEST(LogEntry, CloneCopiesEveryValueAndEqualityIgnoresTheKindsOwnValues)
 {
     TextEntry entry(QStringLiteral("copy me"), 42);
     entry.setUser(QStringLiteral("me"));
@@ -208,6 +186,22 @@ TEST(LogEntry, CloneCopiesEveryValueThroughTheFactory)
 
     cktest::UnregisteredEntry unregistered;
     EXPECT_EQ(unregistered.clone(), nullptr);
+
+    // Equality looks at the type, category, time and user only.
+    TextEntry first(QStringLiteral("one"), 1);
+    TextEntry second(QStringLiteral("two"), 2);
+    second.setTime(first.time());
+    EXPECT_TRUE(first == second);
+
+    second.setUser(QStringLiteral("other"));
+    EXPECT_FALSE(first == second);
+    second.setUser(QString());
+    second.setTime(first.time().addSecs(1));
+    EXPECT_TRUE(first != second);
+
+    NoteEntry note;
+    note.setTime(first.time());
+    EXPECT_FALSE(first == note) << "different type and category";
 }
 
 // Records the calls a writer gets; throws on the attribute named throwOn.

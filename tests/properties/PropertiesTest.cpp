@@ -106,10 +106,8 @@ TEST(Properties, SetVariantValueConvertsOrRefuses)
     check("a string unsplit", "StringListProperty", QStringLiteral("a,b"), true, QStringList{QStringLiteral("a,b")});
     check("a list", "StringListProperty", QVariantList{xy[0], xy[1]}, true, xy);
     check("a non-map", "PropertySetProperty", 7, false, QVariantMap());
-}
 
-TEST(Properties, RefusedVariantKeepsTheOldValue)
-{
+    // A refused value keeps the old one.
     kogen::DateProperty date(QStringLiteral("d"));
     ASSERT_TRUE(date.setVariantValue(QVariant(QDate(2020, 2, 29))));
     EXPECT_FALSE(date.setVariantValue(QVariant(1.5)));

@@ -16,6 +16,7 @@
 #include <QRegularExpression>
 #include <QStandardPaths>
 #include <QTemporaryDir>
+#include <QtEndian>
 
 #include <atomic>
 #include <chrono>
@@ -50,9 +51,13 @@ QByteArray payloadOfSize(int size)
 QByteArray bigEndian64(quint64 value)
 {
     QByteArray bytes(8, '\0');
-    for (int i = 7; i >= 0; --i, value >>= 8)
-        bytes[i] = static_cast<char>(value & 0xFF);
+    qToBigEndian(value, bytes.data());
     return bytes;
+}
+
+QByteArray withTrailer(const QByteArray& payload, const QByteArray& meta)
+{
+    return payload + meta + bigEndian64(static_cast<quint64>(meta.size()));
 }
 
 // The size of the stored payload, where the trailer starts.
@@ -176,8 +181,10 @@ TEST_F(EncryptedFileTest, EveryCombinationRoundTrips)
     }
 }
 
+// The layout, and the time stamps: UTC to the second.
 TEST_F(EncryptedFileTest, PlainFileIsPayloadThenJsonThenLength)
 {
+    const QDateTime before = QDateTime::currentDateTimeUtc().addSecs(-1);
     const QString file = path("plain");
     const QByteArray payload("hello, container");
     ASSERT_TRUE(seal(file, payload, secure_string(), ko::ZlibDevice::k_noCompression, RSAKeyPair(), ""));
@@ -190,6 +197,12 @@ TEST_F(EncryptedFileTest, PlainFileIsPayloadThenJsonThenLength)
     ASSERT_TRUE(parser.parse(json.constData(), static_cast<std::size_t>(json.size())));
     const json::Variant meta = parser.parseComplete();
     EXPECT_EQ(meta.value("encrypted-length").toInt64(), payload.size());
+    const QString opened = QString::fromStdString(meta.value("opened").toString());
+    EXPECT_TRUE(QRegularExpression("^\\d{4}-\\d\\d-\\d\\dT\\d\\d:\\d\\d:\\d\\d$").match(opened).hasMatch()) << qPrintable(opened);
+    QDateTime parsed = QDateTime::fromString(opened, Qt::ISODate);
+    parsed.setTimeSpec(Qt::UTC);
+    EXPECT_LE(before, parsed);
+    EXPECT_GE(QDateTime::currentDateTimeUtc().addSecs(1), parsed);
 
     // Without a signature there is nothing to verify.
     EncryptedFile in;
@@ -199,19 +212,6 @@ TEST_F(EncryptedFileTest, PlainFileIsPayloadThenJsonThenLength)
     EncryptedFile closed;
     EXPECT_FALSE(closed.verify(*s_checking));
     EXPECT_EQ(closed.errorString().toStdString(), "The container is not open for reading.");
-}
-
-TEST_F(EncryptedFileTest, TimestampsAreUtcSeconds)
-{
-    const QDateTime before = QDateTime::currentDateTimeUtc().addSecs(-1);
-    const QString text = QString::fromStdString(EncryptedFile::currentDateTime());
-    const QDateTime after = QDateTime::currentDateTimeUtc().addSecs(1);
-    EXPECT_TRUE(QRegularExpression("^\\d{4}-\\d\\d-\\d\\dT\\d\\d:\\d\\d:\\d\\d$").match(text).hasMatch())
-        << text.toStdString();
-    QDateTime parsed = QDateTime::fromString(text, Qt::ISODate);
-    parsed.setTimeSpec(Qt::UTC);
-    EXPECT_LE(before, parsed);
-    EXPECT_GE(after, parsed);
 }
 
 // The signature is plain RSA over the documented digest, so OpenSSL alone can
@@ -255,15 +255,24 @@ TEST_F(EncryptedFileTest, SignatureVerifiesWithTheOpensslTool)
     EXPECT_FALSE(opensslVerifies(payload + printed + ' '));
 }
 
+// Whatever bytes a caller gives as the signer's name, the container can be
+// opened again and its signature checks out, with every digest.
 TEST_F(EncryptedFileTest, VerifyChecksSignerLengthsAndKey)
 {
     const QString file = path("v");
     const QByteArray payload = payloadOfSize(200000);
-    for (const MessageDigest::Algorithm algorithm : {MessageDigest::SHA1, MessageDigest::SHA512}) {
-        ASSERT_TRUE(seal(file, payload, secure_string(), 1, *s_signing, "", algorithm));
+    const struct { MessageDigest::Algorithm algorithm; std::string signer; std::string stored; } rows[] = {
+        {MessageDigest::SHA1, "Jos\xc3\xa9", "Jos\xc3\xa9"},
+        {MessageDigest::SHA512, "Jos\xe9", "Jos\xef\xbf\xbd"},
+        {MessageDigest::SHA256, "\xff tab\there", "\xef\xbf\xbd tab\there"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.stored);
+        ASSERT_TRUE(seal(file, payload, secure_string(), 1, *s_signing, row.signer.c_str(), row.algorithm));
         EncryptedFile in;
         ASSERT_TRUE(in.open(QFileInfo(file), secure_string()));
-        EXPECT_EQ(in.metaInfo().value("digest-algorithm").toString(), MessageDigest::algorithmName(algorithm));
+        EXPECT_EQ(in.metaInfo().value("digest-algorithm").toString(), MessageDigest::algorithmName(row.algorithm));
+        EXPECT_EQ(in.metaInfo().value("signer").toString(), row.stored);
         // Part read, the rest is read by verify.
         EXPECT_EQ(in.read(1000), payload.left(1000));
         EXPECT_TRUE(in.verify(*s_checking));
@@ -275,26 +284,6 @@ TEST_F(EncryptedFileTest, VerifyChecksSignerLengthsAndKey)
         EXPECT_FALSE(again.verify(RSAKeyPair()));
         EXPECT_EQ(again.errorString().toStdString(),
                   QStringLiteral("There is no public key to check the signature of %1 with.").arg(file).toStdString());
-    }
-}
-
-// Whatever bytes a caller gives as the signer's name, the container can be
-// opened again and its signature checks out.
-TEST_F(EncryptedFileTest, SignerNamesThatAreNotUtf8StillGiveReadableFiles)
-{
-    const QString file = path("named");
-    const struct { std::string signer; std::string stored; } rows[] = {
-        {"Jos\xc3\xa9", "Jos\xc3\xa9"},
-        {"Jos\xe9", "Jos\xef\xbf\xbd"},
-        {"\xff tab\there", "\xef\xbf\xbd tab\there"},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.stored);
-        ASSERT_TRUE(seal(file, QByteArray("payload"), secure_string(), 0, *s_signing, row.signer.c_str()));
-        EncryptedFile in;
-        ASSERT_TRUE(in.open(QFileInfo(file), secure_string()));
-        EXPECT_EQ(in.metaInfo().value("signer").toString(), row.stored);
-        EXPECT_TRUE(in.verify(*s_checking));
     }
 }
 
@@ -362,24 +351,33 @@ TEST_F(EncryptedFileTest, BytesAddedAfterThePayloadAreNoticed)
     }
 }
 
-TEST_F(EncryptedFileTest, WrongOrMissingKeyMakesReadingFail)
+// Files that open but cannot be read back: the wrong key, the payload cut
+// short (trailer kept), trailers that describe a payload that is not there.
+// Reading fails and verify gives false, whatever the recorded lengths say.
+TEST_F(EncryptedFileTest, UnreadablePayloadsFailReadingAndVerifying)
 {
     const QString file = path("secret");
-    const QByteArray payload = payloadOfSize(150000);
-    ASSERT_TRUE(seal(file, payload, secure_string("right"), 6, RSAKeyPair()));
-    for (const char* key : {"wrong", "", "righ", "right "}) {
-        EncryptedFile in;
-        ASSERT_TRUE(in.open(QFileInfo(file), secure_string(key))) << key;
-        QByteArray data;
-        EXPECT_FALSE(readAllOf(in, &data)) << key;
-    }
-    // The payload cut short (trailer kept) fails too.
+    ASSERT_TRUE(seal(file, payloadOfSize(150000), secure_string("right"), 6, *s_signing));
     const QByteArray bytes = readFile(file);
-    writeFile(file, bytes.left(payloadEnd(file) / 2) + bytes.mid(payloadEnd(file)));
-    EncryptedFile in;
-    ASSERT_TRUE(in.open(QFileInfo(file), secure_string("right")));
-    QByteArray data;
-    EXPECT_FALSE(readAllOf(in, &data));
+    const int end = payloadEnd(file);
+    const struct { QByteArray bytes; const char* key; } rows[] = {
+        {bytes, "wrong"}, {bytes, ""}, {bytes, "righ"}, {bytes, "right "},
+        {bytes.left(end / 2) + bytes.mid(end), "right"},
+        {withTrailer(payloadOfSize(5000), R"({"compression":-1,"encrypted":false,"digest-algorithm":"SHA256",)"
+                                          R"("content-length":1e300,"signature":"AAAA"})"), "k"},
+        {withTrailer(payloadOfSize(5000), R"({"compression":0,"encrypted":true,"digest-algorithm":"MD5",)"
+                                          R"("content-length":9223372036854775807,"signature":"AAAA"})"), "k"},
+    };
+    for (const auto& row : rows) {
+        writeFile(file, row.bytes);
+        EncryptedFile in;
+        ASSERT_TRUE(in.open(QFileInfo(file), secure_string(row.key))) << row.key;
+        QByteArray data;
+        EXPECT_FALSE(readAllOf(in, &data)) << row.key << " " << row.bytes.size();
+        EncryptedFile again;
+        ASSERT_TRUE(again.open(QFileInfo(file), secure_string(row.key)));
+        EXPECT_FALSE(again.verify(*s_checking)) << row.key << " " << row.bytes.size();
+    }
 }
 
 TEST_F(EncryptedFileTest, HostileTrailersFailCleanly)
@@ -390,9 +388,6 @@ TEST_F(EncryptedFileTest, HostileTrailersFailCleanly)
     struct Row { const char* name; QByteArray bytes; bool opens; bool metaReadable; const char* error; };
     const char* tooShort = "%1 is not a container: it is too short for a trailer.";
     const char* notJson = "%1 is not a container: its metadata is not JSON (";
-    auto withTrailer = [](const QByteArray& payload, const QByteArray& meta) {
-        return payload + meta + bigEndian64(static_cast<quint64>(meta.size()));
-    };
     const Row rows[] = {
         {"empty file", QByteArray(), false, false, tooShort},
         {"shorter than a length", QByteArray("abc"), false, false, tooShort},
@@ -426,24 +421,6 @@ TEST_F(EncryptedFileTest, HostileTrailersFailCleanly)
         }
     }
     EXPECT_EQ(EncryptedFile::metaInfo(QFileInfo(path("missing"))), json::Variant(false));
-
-    // Trailers that open but describe a payload that is not there: reading
-    // fails and verify gives false, whatever the recorded lengths say.
-    const QByteArray lying[] = {
-        R"({"compression":-1,"encrypted":false,"digest-algorithm":"SHA256","content-length":1e300,"signature":"AAAA"})",
-        R"({"compression":0,"encrypted":true,"digest-algorithm":"MD5","content-length":9223372036854775807,"signature":"AAAA"})",
-    };
-    for (const QByteArray& trailer : lying) {
-        const QString file = path("lying");
-        writeFile(file, payloadOfSize(5000) + trailer + bigEndian64(static_cast<quint64>(trailer.size())));
-        EncryptedFile in;
-        ASSERT_TRUE(in.open(QFileInfo(file), secure_string("k")));
-        QByteArray data;
-        EXPECT_FALSE(readAllOf(in, &data));
-        EncryptedFile again;
-        ASSERT_TRUE(again.open(QFileInfo(file), secure_string("k")));
-        EXPECT_FALSE(again.verify(*s_checking));
-    }
 }
 
 // Callers may add members to the metadata before close(). Up to the bound

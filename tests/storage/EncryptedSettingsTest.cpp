@@ -155,53 +155,40 @@ protected:
     int m_reads = 0;
 };
 
-TEST_F(EncryptedSettingsTest, PlainFilesAreTheDataStreamImageAndJsonText)
+// Plain files are the data stream image and JSON text; keyed files hold the
+// same (the JSON deflated) in the stream cipher.
+TEST_F(EncryptedSettingsTest, FilesAreTheDataStreamImageOrJsonTextInTheStreamCipherWhenKeyed)
 {
-    for (const Form& form : k_forms) {
-        SCOPED_TRACE(form.name);
-        const QString file = path(form, "plain");
-        write(file, form.format, sampleSettings());
-        const QByteArray bytes = readFile(file);
-        if (form.format == EncryptedSettings::IniFormat)
-            EXPECT_EQ(bytes, dataStreamImage(sampleSettings()));
-        else
-            expectSampleJson(bytes);
-        EXPECT_EQ(bytesOf(EncryptedSettings::getFileDigest()), sha256(bytes));
+    for (const std::string key : {"", "settings key"}) {
+        for (const Form& form : k_forms) {
+            SCOPED_TRACE(std::string(form.name) + " key " + key);
+            EncryptedSettings::setEncryptionKey(secure_string(key.data(), key.size()));
+            const QString file = path(form, key.empty() ? "plain" : "keyed");
+            write(file, form.format, sampleSettings());
+            const QByteArray digest = bytesOf(EncryptedSettings::getFileDigest());
 
-        EncryptedSettings::g_file_digest.clear();
-        SettingsMap back;
-        EXPECT_EQ(read(file, form.format, &back), QSettings::NoError);
-        EXPECT_EQ(back, sampleSettings());
-        EXPECT_EQ(bytesOf(EncryptedSettings::getFileDigest()), sha256(bytes));
-    }
-}
+            QByteArray plain = readFile(file);
+            const bool json = form.format == EncryptedSettings::JsonFormat;
+            if (!key.empty()) {
+                QByteArray decrypted;
+                ASSERT_TRUE(cktest::referenceDecrypt(plain, key, decrypted));
+                plain = json ? inflate(decrypted) : decrypted;
+            }
+            if (json)
+                expectSampleJson(plain);
+            else
+                EXPECT_EQ(plain, dataStreamImage(sampleSettings()));
+            EXPECT_EQ(digest, sha256(plain));
 
-TEST_F(EncryptedSettingsTest, KeyedFilesHoldThePlainContentInTheStreamCipher)
-{
-    const std::string key = "settings key";
-    for (const Form& form : k_forms) {
-        SCOPED_TRACE(form.name);
-        EncryptedSettings::setEncryptionKey(secure_string(key.data(), key.size()));
-        const QString file = path(form, "keyed");
-        write(file, form.format, sampleSettings());
-        const QByteArray digest = bytesOf(EncryptedSettings::getFileDigest());
-
-        QByteArray decrypted;
-        ASSERT_TRUE(cktest::referenceDecrypt(readFile(file), key, decrypted));
-        const bool json = form.format == EncryptedSettings::JsonFormat;
-        const QByteArray plain = json ? inflate(decrypted) : decrypted;
-        if (json)
-            expectSampleJson(plain);
-        else
-            EXPECT_EQ(plain, dataStreamImage(sampleSettings()));
-        EXPECT_EQ(digest, sha256(plain));
-
-        // The same key given as a locked string reads it back.
-        EncryptedSettings::setEncryptionKey(ko::crypto::locked_string(key));
-        SettingsMap back;
-        EXPECT_EQ(read(file, form.format, &back), QSettings::NoError);
-        EXPECT_EQ(back, sampleSettings());
-        EXPECT_EQ(bytesOf(EncryptedSettings::getFileDigest()), digest);
+            // A key given as a locked string reads it back.
+            EncryptedSettings::clearEncryptionKey();
+            EncryptedSettings::setEncryptionKey(ko::crypto::locked_string(key));
+            EncryptedSettings::g_file_digest.clear();
+            SettingsMap back;
+            EXPECT_EQ(read(file, form.format, &back), QSettings::NoError);
+            EXPECT_EQ(back, sampleSettings());
+            EXPECT_EQ(bytesOf(EncryptedSettings::getFileDigest()), digest);
+        }
     }
 }
 
