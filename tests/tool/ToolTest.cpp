@@ -1,12 +1,14 @@
 // Runs the commonkit tool as a user would and checks what it prints.
 
 #include "testlib/DataTable.h"
+#include "testlib/TestFiles.h"
 #include "testlib/ToolRunner.h"
 
 #include <gtest/gtest.h>
 
 #include <QFile>
 #include <QImage>
+#include <QJsonDocument>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 
@@ -81,6 +83,35 @@ TEST(Tool, FourccConvertsBothWays)
         EXPECT_EQ(run.out.toStdString(), row[1] + "\n") << row.where;
     }
     EXPECT_EQ(run.err.toStdString(), "note: only the first four characters count: \"ab\\x0ac\"\n");
+}
+
+// json check names each file's fault (syntax, or the schema's place in the
+// value); json format prints what Qt's own reader reads as the same document.
+TEST(Tool, JsonChecksDocumentsAndPrintsWhatQtReadsBack)
+{
+    QTemporaryDir dir;
+    const QByteArray document = R"({"cams": [{"name": "Gate", "port": 554, "ratio": 0.25}], "on": true})";
+    const QString schema = dir.filePath(QStringLiteral("schema.json")), good = dir.filePath(QStringLiteral("good.json"));
+    const QString wrongType = dir.filePath(QStringLiteral("type.json")), broken = dir.filePath(QStringLiteral("broken.json"));
+    cktest::writeFile(schema, R"({"properties": {"cams": {"items": {"properties": {"port": {"type": "integer"}}}}}})");
+    cktest::writeFile(good, document);
+    cktest::writeFile(wrongType, R"({"cams": [{"port": 554}, {"port": "554"}]})");
+    cktest::writeFile(broken, R"({"cams": [1,]})");
+    const ToolRun check = runTool({QStringLiteral("json"), QStringLiteral("check"), QStringLiteral("--schema"), schema,
+                                   good, wrongType, broken});
+    EXPECT_EQ(check.exitCode, 1);
+    EXPECT_EQ(check.out, good + QStringLiteral(": valid\n"));
+    EXPECT_TRUE(check.err.contains(wrongType + QStringLiteral(": The value at /cams/1/port "))) << check.err.toStdString();
+    EXPECT_TRUE(check.err.contains(broken + QStringLiteral(": line 1, column 13: "))) << check.err.toStdString();
+    for (const QString& style : {QStringLiteral("--compact"), QString()}) {
+        QStringList arguments = {QStringLiteral("json"), QStringLiteral("format"), good};
+        if (!style.isEmpty())
+            arguments << style;
+        const ToolRun format = runTool(arguments);
+        EXPECT_EQ(format.exitCode, 0);
+        EXPECT_EQ(QJsonDocument::fromJson(format.out.toUtf8()), QJsonDocument::fromJson(document));
+        EXPECT_EQ(format.out.count(QLatin1Char('\n')), style.isEmpty() ? 10 : 1) << format.out.toStdString();
+    }
 }
 
 // Line feeds in arguments stay inside the one line of the message.

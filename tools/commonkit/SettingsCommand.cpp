@@ -10,12 +10,12 @@
 
 #include "Command.h"
 #include "CommandLine.h"
+#include "ToolSchema.h"
 #include "ToolSecrets.h"
 
 #include <CommonKit/json/JsonSettings.h>
 #include <CommonKit/storage/EncryptedSettings.h>
 #include <CommonKit/support/core/Log.h>
-#include <CommonKit/support/core/Url.h>
 #include <CommonKit/support/json/JsonPrinter.h>
 #include <CommonKit/support/json/Schema.h>
 
@@ -92,36 +92,6 @@ FileForm inspect(const QString& path, const QString& command)
     if (kind == Kind::KeyMap && !empty && first != 0 && first != k_encryptedMark)
         return {Kind::IniText, false};
     return {kind, !empty && first == k_encryptedMark};
-}
-
-// Keeps the library's diagnostics off standard error while a file is read
-// or written; the tool reports one line of its own.
-class QuietLog
-{
-public:
-    QuietLog() { m_previous = ko::Log::instance().setSink([](int, const std::string&) {}); }
-    ~QuietLog() { ko::Log::instance().setSink(m_previous); }
-    QuietLog(const QuietLog&) = delete;
-    QuietLog& operator=(const QuietLog&) = delete;
-
-private:
-    ko::Log::Sink m_previous;
-};
-
-json::Schema::Ptr schemaFromOptions(const CommandLine& commandLine, const QString& command)
-{
-    if (!commandLine.isSet(QStringLiteral("schema")))
-        return json::Schema::Ptr();
-    const QString text = commandLine.value(QStringLiteral("schema"));
-    const QString url = ko::Url::fromUserInput(text).toString();
-    json::Schema::Ptr schema;
-    {
-        const QuietLog quiet;
-        schema = json::Schema::resolve(url.toStdString());
-    }
-    if (!schema)
-        throw CommandError(tr("%1: cannot load the schema %2").arg(command, text));
-    return schema;
 }
 
 secure_string keyFromFile(const CommandLine& commandLine, const QString& option, const QString& command)
