@@ -4,7 +4,7 @@
 #include <CommonKit/util/TimeFunctions.h>
 #include <CommonKit/util/TimeTranscoder.h>
 
-#include <CommonKit/util/FourChars.h> // the consumer's own, beside the library's
+#include "util/FourChars.h" // the consumer's own, beside the library's
 
 #include <QDateTime>
 
