@@ -107,7 +107,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::string error;
     const bool valid = schema->validate(value, &error);
     // Both ways of asking agree, and a failure always has a reason.
-    if (schema->validate(value) != valid || valid == schema->errorString().isEmpty() || valid != error.empty())
+    if (schema->validate(value) != valid || valid != schema->errorString().isEmpty() || valid != error.empty())
         __builtin_trap();
     ask(schema, value, 0);
     ask(schema->target(), value, 0);
