@@ -33,4 +33,21 @@ std::vector<Command> CommandRegistry::commands() const
     return sorted;
 }
 
+int runAction(const QStringList& arguments, const std::vector<Action>& actions, void (*printHelp)(),
+              const QString& missing, const QString& unknown)
+{
+    const QString action = arguments.value(1);
+    for (const Action& candidate : actions) {
+        if (action == QLatin1String(candidate.name))
+            return candidate.run(arguments.mid(1));
+    }
+    if (action == QLatin1String("--help") || action == QLatin1String("-h") || action == QLatin1String("--help-all")) {
+        printHelp();
+        return 0;
+    }
+    if (action.isEmpty())
+        throw CommandError(missing, 2);
+    throw CommandError(unknown.arg(action), 2);
+}
+
 } // namespace cktool

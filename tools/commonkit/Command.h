@@ -54,6 +54,21 @@ private:
     int m_exitCode;
 };
 
+// One action of a subcommand made of actions ("settings show ...").
+struct Action
+{
+    const char* name;
+    // arguments: the action's own arguments, starting with its name.
+    int (*run)(const QStringList& arguments);
+};
+
+// Runs the action named by arguments[1] with the arguments from its name on;
+// prints the subcommand's usage for --help, -h and --help-all. A missing or
+// unknown action throws CommandError (exit code 2) with the given texts (the
+// unknown one with %1 for the name).
+int runAction(const QStringList& arguments, const std::vector<Action>& actions, void (*printHelp)(),
+              const QString& missing, const QString& unknown);
+
 inline QString tr(const char* text)
 {
     return QCoreApplication::translate("cktool", text);

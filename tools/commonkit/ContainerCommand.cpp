@@ -314,34 +314,25 @@ int runVerify(const QStringList& arguments)
     return 0;
 }
 
+void printContainerHelp()
+{
+    QTextStream(stdout)
+        << tr("Usage: commonkit container <action> [options] [arguments]") << "\n\n"
+        << tr("Actions:") << "\n"
+        << "  create IN OUT [--key-file F] [--compress N] [--sign PRIVATE.pem [--signer NAME]] [--digest NAME]\n"
+        << "  extract IN OUT [--key-file F]\n"
+        << "  info FILE\n"
+        << "  verify FILE --public PUBLIC.pem [--key-file F]\n\n"
+        << tr("Keys come from files, or from standard input with -; never from the command line.") << "\n"
+        << tr("Run 'commonkit container <action> --help' for the options of an action.") << "\n"
+        << tr("Global options: --help, --version, --lang de|fr.") << "\n";
+}
+
 int runContainer(const QStringList& arguments)
 {
-    const QString action = arguments.value(1);
-    if (action == QLatin1String("create"))
-        return runCreate(arguments.mid(1));
-    if (action == QLatin1String("extract"))
-        return runExtract(arguments.mid(1));
-    if (action == QLatin1String("info"))
-        return runInfo(arguments.mid(1));
-    if (action == QLatin1String("verify"))
-        return runVerify(arguments.mid(1));
-    if (action == QLatin1String("--help") || action == QLatin1String("-h")
-        || action == QLatin1String("--help-all")) {
-        QTextStream(stdout)
-            << tr("Usage: commonkit container <action> [options] [arguments]") << "\n\n"
-            << tr("Actions:") << "\n"
-            << "  create IN OUT [--key-file F] [--compress N] [--sign PRIVATE.pem [--signer NAME]] [--digest NAME]\n"
-            << "  extract IN OUT [--key-file F]\n"
-            << "  info FILE\n"
-            << "  verify FILE --public PUBLIC.pem [--key-file F]\n\n"
-            << tr("Keys come from files, or from standard input with -; never from the command line.") << "\n"
-            << tr("Run 'commonkit container <action> --help' for the options of an action.") << "\n"
-            << tr("Global options: --help, --version, --lang de|fr.") << "\n";
-        return 0;
-    }
-    if (action.isEmpty())
-        throw CommandError(tr("container: give an action: create, extract, info or verify"), 2);
-    throw CommandError(tr("container: unknown action '%1' (use create, extract, info or verify)").arg(action), 2);
+    return runAction(arguments, {{"create", runCreate}, {"extract", runExtract}, {"info", runInfo}, {"verify", runVerify}}, printContainerHelp,
+                     tr("container: give an action: create, extract, info or verify"),
+                     tr("container: unknown action '%1' (use create, extract, info or verify)"));
 }
 
 const CommandRegistration registration(

@@ -95,25 +95,22 @@ int runFormat(const QStringList& arguments)
     return 0;
 }
 
+void printJsonHelp()
+{
+    QTextStream(stdout)
+        << tr("Usage: commonkit json <action> [options] [arguments]") << "\n\n"
+        << tr("Actions:") << "\n"
+        << "  check FILE... [--schema URL]\n"
+        << "  format FILE [--compact]\n\n"
+        << tr("Run 'commonkit json <action> --help' for the options of an action.") << "\n"
+        << tr("Global options: --help, --version, --lang de|fr.") << "\n";
+}
+
 int runJson(const QStringList& arguments)
 {
-    const QString action = arguments.value(1);
-    if (action == QLatin1String("check"))
-        return runCheck(arguments.mid(1));
-    if (action == QLatin1String("format"))
-        return runFormat(arguments.mid(1));
-    if (action == QLatin1String("--help") || action == QLatin1String("-h") || action == QLatin1String("--help-all")) {
-        QTextStream(stdout) << tr("Usage: commonkit json <action> [options] [arguments]") << "\n\n"
-                            << tr("Actions:") << "\n"
-                            << "  check FILE... [--schema URL]\n"
-                            << "  format FILE [--compact]\n\n"
-                            << tr("Run 'commonkit json <action> --help' for the options of an action.") << "\n"
-                            << tr("Global options: --help, --version, --lang de|fr.") << "\n";
-        return 0;
-    }
-    if (action.isEmpty())
-        throw CommandError(tr("json: give an action: check or format"), 2);
-    throw CommandError(tr("json: unknown action '%1' (use check or format)").arg(action), 2);
+    return runAction(arguments, {{"check", runCheck}, {"format", runFormat}}, printJsonHelp,
+                     tr("json: give an action: check or format"),
+                     tr("json: unknown action '%1' (use check or format)"));
 }
 
 const CommandRegistration registration(

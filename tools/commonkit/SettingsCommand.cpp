@@ -309,31 +309,27 @@ int runConvert(const QStringList& arguments)
     return 0;
 }
 
+void printSettingsHelp()
+{
+    QTextStream(stdout)
+        << tr("Usage: commonkit settings <action> [options] [arguments]") << "\n\n"
+        << tr("Actions:") << "\n"
+        << "  show FILE [--key-file F] [--schema URL]\n"
+        << "  convert IN OUT [--key-file F] [--out-key-file F | --plain] [--schema URL]\n\n"
+        << tr("The extension names the format: .json for JSON settings, .ini for the binary key map "
+              "(a .ini file of INI text is read as plain QSettings INI), .conf for plain QSettings INI text.")
+        << "\n"
+        << tr("With a key, .json and .ini files are encrypted; the key also decrypts the input.") << "\n"
+        << tr("Keys come from files, or from standard input with -; never from the command line.") << "\n"
+        << tr("Run 'commonkit settings <action> --help' for the options of an action.") << "\n"
+        << tr("Global options: --help, --version, --lang de|fr.") << "\n";
+}
+
 int runSettings(const QStringList& arguments)
 {
-    const QString action = arguments.value(1);
-    if (action == QLatin1String("show"))
-        return runShow(arguments.mid(1));
-    if (action == QLatin1String("convert"))
-        return runConvert(arguments.mid(1));
-    if (action == QLatin1String("--help") || action == QLatin1String("-h") || action == QLatin1String("--help-all")) {
-        QTextStream(stdout)
-            << tr("Usage: commonkit settings <action> [options] [arguments]") << "\n\n"
-            << tr("Actions:") << "\n"
-            << "  show FILE [--key-file F] [--schema URL]\n"
-            << "  convert IN OUT [--key-file F] [--out-key-file F | --plain] [--schema URL]\n\n"
-            << tr("The extension names the format: .json for JSON settings, .ini for the binary key map "
-                  "(a .ini file of INI text is read as plain QSettings INI), .conf for plain QSettings INI text.")
-            << "\n"
-            << tr("With a key, .json and .ini files are encrypted; the key also decrypts the input.") << "\n"
-            << tr("Keys come from files, or from standard input with -; never from the command line.") << "\n"
-            << tr("Run 'commonkit settings <action> --help' for the options of an action.") << "\n"
-            << tr("Global options: --help, --version, --lang de|fr.") << "\n";
-        return 0;
-    }
-    if (action.isEmpty())
-        throw CommandError(tr("settings: give an action: show or convert"), 2);
-    throw CommandError(tr("settings: unknown action '%1' (use show or convert)").arg(action), 2);
+    return runAction(arguments, {{"show", runShow}, {"convert", runConvert}}, printSettingsHelp,
+                     tr("settings: give an action: show or convert"),
+                     tr("settings: unknown action '%1' (use show or convert)"));
 }
 
 const CommandRegistration registration(
