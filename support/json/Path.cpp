@@ -3,6 +3,8 @@
 #include <CommonKit/support/json/Variant.h>
 #include "support/json/VariantAccess_p.h"
 
+#include <algorithm>
+
 namespace json {
 
 Path::Path(const std::string& text, char separator)
@@ -132,13 +134,35 @@ bool canEnter(const Path& path, const Node& node, const std::string& segment)
     return index < node.size() || path.autoArrayIndex();
 }
 
+// The member of an object named key, appended when there is none. The
+// object's vector would copy every member, values deeply, whenever it grows
+// (its keys are const, so the pairs cannot move); the room is made here with
+// the values moved instead.
+Node& member(Node& object, const std::string& key)
+{
+    auto& members = object.get_ref<Node::object_t&>();
+    for (auto& existing : members) {
+        if (existing.first == key)
+            return existing.second;
+    }
+    if (members.size() == members.capacity()) {
+        Node::object_t grown;
+        grown.reserve(std::max<std::size_t>(4, members.capacity() * 2));
+        for (auto& existing : members)
+            grown.emplace_back(existing.first, std::move(existing.second));
+        members.swap(grown);
+    }
+    members.emplace_back(key, Node());
+    return members.back().second;
+}
+
 Node& enter(const Path& path, Node& node, const std::string& segment)
 {
     std::size_t index = 0;
     if (node.is_null())
         node = path.autoArrayIndex() && path.listIndex(segment, &index) ? Node::array() : Node::object();
     if (node.is_object())
-        return node[segment];
+        return member(node, segment);
     path.listIndex(segment, &index);
     if (index >= node.size())
         node.get_ref<Node::array_t&>().resize(index + 1);
