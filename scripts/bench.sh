@@ -57,7 +57,7 @@ run expressions 'BM_Filter(OverPropertySets|SqlitePeer)$'
 run container 'BM_(JsonParser|QJsonDocumentParse|JsonPrinter|QJsonDocumentPrint)'
 # One pass each: a row moves hundreds of megabytes, enough to time.
 run container-files 'BM_Container(WriteRead|Peer)' 1
-run crypto 'BM_(AesStreamDevice(Write|Read)|RawEvpGcm(Seal|Open))$'
+run crypto 'BM_(AesStreamDevice(Write|Read)/[0-9]+|RawEvpGcm(Seal|Open))$'
 run hashing 'BM_(CryptR|SystemCryptPeer|BlowFishBulk|BlowFishBulkPeer)$'
 run jsonsettings 'BM_(Write|Read)(Json|Ini)Settings$'
 echo "running memory rows (fresh processes)"

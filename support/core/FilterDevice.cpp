@@ -29,15 +29,27 @@ QString openWrapped(const QIODevice& filter, QIODevice* wrapped, QIODevice::Open
     return QString();
 }
 
-void wipe(QByteArray& bytes)
+// Wipes the whole allocation of `bytes`, also what lies past its size (a
+// buffer that shrank keeps its old tail there), and empties it.
+void wipeAndClear(QByteArray& bytes)
 {
+    bytes.resize(bytes.capacity()); // within the allocation: no copy
     if (!bytes.isEmpty())
         crypto::zeroOut(bytes.data(), static_cast<std::size_t>(bytes.size()));
+    bytes.resize(0);
 }
 
 } // namespace
 
 FilterTransform::~FilterTransform() = default;
+
+qint64 StreamTransform::decodeInto(FilterDevicePrivate& device, char* data)
+{
+    // Only called for filters that name a direct piece size.
+    Q_UNUSED(data)
+    device.fail(QStringLiteral("decodeInto() without directPieceSize()"));
+    return -1;
+}
 
 FilterDevicePrivate::FilterDevicePrivate(FilterDevice& host, QIODevice* wrapped, FilterTransform* transform)
     : m_host(host), m_wrapped(wrapped), m_transform(transform), m_stream(dynamic_cast<StreamTransform*>(transform))
@@ -102,8 +114,18 @@ qint64 FilterDevicePrivate::read(char* data, qint64 maxSize)
 {
     if (m_failed || !m_stream || !(m_host.openMode() & QIODevice::ReadOnly))
         return -1;
+    const qint64 direct = m_stream->directPieceSize();
     qint64 done = 0;
     while (done < maxSize) {
+        if (m_bufferPos >= m_buffer.size() && direct > 0 && maxSize - done >= direct) {
+            if (m_streamEnded)
+                break;
+            const qint64 n = m_stream->decodeInto(*this, data + done);
+            if (n < 0)
+                return done > 0 ? done : -1;
+            done += n;
+            continue;
+        }
         if (m_bufferPos >= m_buffer.size() && !fill())
             return done > 0 ? done : -1;
         const qint64 available = m_buffer.size() - m_bufferPos;
@@ -129,8 +151,9 @@ qint64 FilterDevicePrivate::write(const char* data, qint64 maxSize)
 bool FilterDevicePrivate::fill()
 {
     while (!m_failed && m_bufferPos >= m_buffer.size() && !m_streamEnded) {
-        // What was handed out may be plain text of an encrypted stream.
-        wipe(m_buffer);
+        // What was handed out may be plain text of an encrypted stream; the
+        // next piece overwrites it, and clearBuffer() wipes the whole buffer
+        // when the stream closes or fails.
         m_bufferPos = 0;
         if (!m_stream->decode(*this, m_buffer))
             return false;
@@ -191,8 +214,7 @@ void FilterDevicePrivate::fail(const QString& reason)
 
 void FilterDevicePrivate::clearBuffer()
 {
-    wipe(m_buffer);
-    m_buffer.resize(0);
+    wipeAndClear(m_buffer);
     m_bufferPos = 0;
 }
 

@@ -69,6 +69,13 @@ public:
     // `device`; calls device.endOfStream() once the stream is complete.
     // Returns false after calling device.fail().
     virtual bool decode(FilterDevicePrivate& device, QByteArray& out) = 0;
+    // The largest piece one decoding step produces, when the filter can also
+    // decode straight into the caller's memory (decodeInto()); 0 when not.
+    // Large reads then skip the copy through the filter's buffer.
+    virtual qint64 directPieceSize() const { return 0; }
+    // Like decode(), into `data`, which has room for directPieceSize()
+    // bytes: the number of bytes decoded, or -1 after device.fail().
+    virtual qint64 decodeInto(FilterDevicePrivate& device, char* data);
     // Writer: takes `size` bytes, writing what it can pass on through
     // `device`. Returns false after calling device.fail().
     virtual bool encode(FilterDevicePrivate& device, const char* data, qint64 size) = 0;

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <memory>
 
 namespace ko {
 namespace crypto {
@@ -157,14 +158,20 @@ public:
             return false;
         }
         m_headerDone = true;
-        m_pending.reserve(aes_context::k_chunkSize);
+        if (!m_pending)
+            m_pending.reset(new unsigned char[aes_context::k_chunkSize]);
+        m_pendingSize = 0;
         return true;
     }
 
     void stop() override
     {
-        zeroOut(m_pending.data(), static_cast<std::size_t>(m_pending.size()));
-        m_pending.clear();
+        // The buffer is reused chunk after chunk without wiping in between
+        // (each chunk overwrites the last); once the stream is over it is
+        // wiped whole.
+        if (m_pending)
+            zeroOut(m_pending.get(), aes_context::k_chunkSize);
+        m_pendingSize = 0;
         m_in.clear();
     }
 
@@ -177,8 +184,18 @@ public:
 
     bool decode(FilterDevicePrivate& device, QByteArray& out) override
     {
+        out.resize(aes_context::k_chunkSize);
+        const qint64 n = decodeInto(device, out.data());
+        out.resize(n < 0 ? 0 : static_cast<int>(n));
+        return n >= 0;
+    }
+
+    qint64 directPieceSize() const override { return aes_context::k_chunkSize; }
+
+    qint64 decodeInto(FilterDevicePrivate& device, char* data) override
+    {
         if (!m_headerDone && !readHeader(device))
-            return false;
+            return -1;
         // One sealed chunk plus one byte tells whether the chunk is the last.
         const int sealedSize = aes_context::k_chunkSize + aes_context::k_tagSize;
         const int want = sealedSize + 1;
@@ -187,52 +204,70 @@ public:
             m_in.resize(want);
             const qint64 n = device.readWrappedFully(m_in.data() + had, want - had);
             if (n < 0)
-                return false;
+                return -1;
             m_in.resize(had + static_cast<int>(n));
         }
         const bool last = m_in.size() <= sealedSize;
         const int size = last ? m_in.size() : sealedSize;
         if (size < aes_context::k_tagSize) {
             device.fail(IODevice::tr("The encrypted stream ends before its last chunk."));
-            return false;
+            return -1;
         }
-        out.resize(size - aes_context::k_tagSize);
         const unsigned char* sealed = reinterpret_cast<const unsigned char*>(m_in.constData());
-        unsigned char* plain = reinterpret_cast<unsigned char*>(out.data());
+        unsigned char* plain = reinterpret_cast<unsigned char*>(data);
         if (!m_cipher.openChunk(m_counter, last, sealed, size, plain)) {
             // A final chunk that opens as an inner chunk means the stream
-            // was cut right after it. fail() wipes what that trial opened.
-            if (last && m_cipher.openChunk(m_counter, false, sealed, size, plain))
+            // was cut right after it; openChunk() wipes what that trial opened.
+            if (last && m_cipher.openChunk(m_counter, false, sealed, size, plain)) {
+                zeroOut(plain, static_cast<std::size_t>(size - aes_context::k_tagSize));
                 device.fail(IODevice::tr("The encrypted stream ends before its last chunk."));
-            else
+            } else {
                 device.fail(IODevice::tr("Decryption failed at chunk %1: wrong key, or the stream was changed or cut.")
                                 .arg(m_counter));
-            return false;
+            }
+            return -1;
         }
         ++m_counter;
         m_in.remove(0, size);
         if (last)
             device.endOfStream();
-        return true;
+        return size - aes_context::k_tagSize;
     }
 
     bool encode(FilterDevicePrivate& device, const char* data, qint64 size) override
     {
+        const auto* bytes = reinterpret_cast<const unsigned char*>(data);
         qint64 done = 0;
         while (done < size) {
             // A full chunk is sealed only once more bytes follow, so that a
             // stream whose length is a multiple of the chunk size still ends
             // with a non-empty last chunk.
-            if (m_pending.size() == aes_context::k_chunkSize && !sealPending(device, false))
-                return false;
-            const qint64 take = std::min<qint64>(size - done, aes_context::k_chunkSize - m_pending.size());
-            m_pending.append(data + done, static_cast<int>(take));
+            if (m_pendingSize == aes_context::k_chunkSize) {
+                if (!seal(device, m_pending.get(), m_pendingSize, false))
+                    return false;
+                m_pendingSize = 0;
+            }
+            // Whole chunks of a large write are sealed straight from the
+            // caller's bytes.
+            while (m_pendingSize == 0 && size - done > aes_context::k_chunkSize) {
+                if (!seal(device, bytes + done, aes_context::k_chunkSize, false))
+                    return false;
+                done += aes_context::k_chunkSize;
+            }
+            const int take = static_cast<int>(std::min<qint64>(size - done, aes_context::k_chunkSize - m_pendingSize));
+            std::memcpy(m_pending.get() + m_pendingSize, bytes + done, static_cast<std::size_t>(take));
+            m_pendingSize += take;
             done += take;
         }
         return true;
     }
 
-    bool finish(FilterDevicePrivate& device) override { return sealPending(device, true); }
+    bool finish(FilterDevicePrivate& device) override
+    {
+        const bool ok = seal(device, m_pending.get(), m_pendingSize, true);
+        m_pendingSize = 0;
+        return ok;
+    }
 
 private:
     bool readHeader(FilterDevicePrivate& device)
@@ -258,23 +293,23 @@ private:
         return true;
     }
 
-    bool sealPending(FilterDevicePrivate& device, bool last)
+    // Seals one chunk of `size` plain bytes and writes it.
+    bool seal(FilterDevicePrivate& device, const unsigned char* plain, int size, bool last)
     {
-        QByteArray sealed(m_pending.size() + aes_context::k_tagSize, Qt::Uninitialized);
-        if (!m_cipher.sealChunk(m_counter, last, reinterpret_cast<const unsigned char*>(m_pending.constData()),
-                                m_pending.size(), reinterpret_cast<unsigned char*>(sealed.data()))) {
+        m_sealed.resize(size + aes_context::k_tagSize);
+        if (!m_cipher.sealChunk(m_counter, last, plain, size, reinterpret_cast<unsigned char*>(m_sealed.data()))) {
             device.fail(IODevice::tr("Encryption failed."));
             return false;
         }
-        zeroOut(m_pending.data(), static_cast<std::size_t>(m_pending.size()));
-        m_pending.resize(0);
         ++m_counter;
-        return device.writeWrappedFully(sealed.constData(), sealed.size());
+        return device.writeWrappedFully(m_sealed.constData(), m_sealed.size());
     }
 
     aes_context& m_cipher;
-    QByteArray m_in;      // reader: sealed bytes not opened yet
-    QByteArray m_pending; // writer: plain bytes waiting for their chunk
+    QByteArray m_in;     // reader: sealed bytes not opened yet
+    QByteArray m_sealed; // writer: the chunk being written (ciphertext only)
+    std::unique_ptr<unsigned char[]> m_pending; // writer: plain bytes waiting for their chunk
+    int m_pendingSize = 0;
     std::uint64_t m_counter = 0;
     bool m_headerDone = false;
 };

@@ -7,10 +7,13 @@
 namespace json {
 namespace {
 
-// The member list under an ordered object: appending to it directly skips
-// the ordered map's linear search for an existing key, which the builder
-// does itself through a hash index.
-using Members = std::vector<std::pair<const std::string, Node>>;
+// The members of an object while it is being read. The ordered object keeps
+// them as pairs with a const key, which its vector copies (deeply, values
+// included) instead of moving whenever it grows; gathered here they move, and
+// they go into the object once, at its end, into exactly the room they need.
+// The builder finds repeated keys itself (a short search, or a hash index for
+// larger objects), so the ordered map's linear search is skipped too.
+using Members = std::vector<std::pair<std::string, Node>>;
 
 class Builder : public nlohmann::json_sax<Node>
 {
@@ -51,6 +54,7 @@ private:
     struct Open
     {
         Node* node;
+        Members members;                                     // objects: the members read so far
         std::unordered_map<std::string, std::size_t> index; // larger objects: key to position
 
         // The position of the member named key, or members.size().
@@ -80,7 +84,7 @@ private:
             elements.push_back(std::move(value));
             return &elements.back();
         }
-        Members& members = parent.node->get_ref<Node::object_t&>();
+        Members& members = parent.members;
         const std::size_t existing = parent.find(members, m_key);
         if (existing != members.size()) {
             members[existing].second = std::move(value);
@@ -105,12 +109,19 @@ private:
 
     bool open(Node&& container)
     {
-        m_open.push_back(Open{placed(std::move(container)), {}});
+        m_open.push_back(Open{placed(std::move(container)), {}, {}});
         return true;
     }
 
     bool close()
     {
+        Open& done = m_open.back();
+        if (done.node->is_object()) {
+            auto& object = done.node->get_ref<Node::object_t&>();
+            object.reserve(done.members.size());
+            for (auto& member : done.members)
+                object.emplace_back(std::move(member.first), std::move(member.second));
+        }
         m_open.pop_back();
         return true;
     }

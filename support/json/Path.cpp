@@ -3,6 +3,8 @@
 #include <CommonKit/support/json/Variant.h>
 #include "support/json/VariantAccess_p.h"
 
+#include <algorithm>
+
 namespace json {
 
 Path::Path(const std::string& text, char separator)
@@ -132,16 +134,35 @@ bool canEnter(const Path& path, const Node& node, const std::string& segment)
     return index < node.size() || path.autoArrayIndex();
 }
 
-Node& enter(const Path& path, Node& node, const std::string& segment)
+// Appends a member named key to an object that has none of that name. The
+// object's vector would copy every member, values deeply, whenever it grows
+// (its keys are const, so the pairs cannot move); the room is made here with
+// the values moved instead.
+Node& appendMember(Node& object, const std::string& key)
+{
+    auto& members = object.get_ref<Node::object_t&>();
+    if (members.size() == members.capacity()) {
+        Node::object_t grown;
+        grown.reserve(std::max<std::size_t>(4, members.capacity() * 2));
+        for (auto& existing : members)
+            grown.emplace_back(existing.first, std::move(existing.second));
+        members.swap(grown);
+    }
+    members.emplace_back(key, Node());
+    return members.back().second;
+}
+
+// Makes the place for segment inside node, where there is none yet (a null
+// node becomes a list or an object first).
+Node& create(const Path& path, Node& node, const std::string& segment)
 {
     std::size_t index = 0;
     if (node.is_null())
         node = path.autoArrayIndex() && path.listIndex(segment, &index) ? Node::array() : Node::object();
     if (node.is_object())
-        return node[segment];
+        return appendMember(node, segment);
     path.listIndex(segment, &index);
-    if (index >= node.size())
-        node.get_ref<Node::array_t&>().resize(index + 1);
+    node.get_ref<Node::array_t&>().resize(index + 1);
     return node[index];
 }
 
@@ -182,20 +203,25 @@ Variant Path::value(const Variant& root) const
 
 bool Path::set(Variant& root, const Variant& value) const
 {
-    // Check the whole way first, so that a failure changes nothing.
-    static const Node fresh;
-    const Node* existing = &VariantAccess::node(root);
-    for (const std::string& segment : m_segments) {
-        if (!canEnter(*this, *existing, segment))
-            return false;
-        existing = child(*this, *existing, segment);
-        if (!existing)
-            existing = &fresh; // everything below is created
-    }
     Node copy = VariantAccess::node(value); // before root changes: value may share it
     Node* node = &VariantAccess::mutableNode(root);
-    for (const std::string& segment : m_segments)
-        node = &enter(*this, *node, segment);
+    // Check the whole way first, so that a failure changes nothing. The
+    // places that exist are found on the way and not searched again.
+    static const Node fresh;
+    const Node* at = node;
+    std::size_t found = 0; // the leading segments whose places exist
+    for (const std::string& segment : m_segments) {
+        if (!canEnter(*this, *at, segment))
+            return false;
+        const Node* next = at == &fresh ? nullptr : child(*this, *at, segment);
+        if (next) {
+            node = const_cast<Node*>(next); // inside the root made mutable above
+            ++found;
+        }
+        at = next ? next : &fresh; // everything below is created
+    }
+    for (std::size_t i = found; i < m_segments.size(); ++i)
+        node = &create(*this, *node, m_segments[i]);
     *node = std::move(copy);
     return true;
 }
