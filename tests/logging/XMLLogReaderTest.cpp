@@ -60,37 +60,33 @@ protected:
     QTemporaryDir m_dir;
 };
 
+// A live file read the same way is checked by the cut-file test below.
 TEST_F(XMLLogReaderTest, ValuesSurviveAWriteAndARead)
 {
     const QString texts[] = {
         QStringLiteral("a & b < c > d"), QStringLiteral("\"double\" and 'single'"),
-        QStringLiteral("Grüße aus Köln, ½ € ✓ 日本語"), QString::fromUtf8("\xF0\x9F\x93\xB7 camera"),
-        QStringLiteral("tab\tnew\nline"), QStringLiteral("&amp; stays &amp;"),
+        QString::fromUtf8("Köln ½ € \xF0\x9F\x93\xB7"), QStringLiteral("tab\tnew\nline &amp;"),
     };
     std::vector<std::unique_ptr<TextEntry>> written;
     std::vector<const ko::LogEntry*> pointers;
-    int number = -1000;
     for (const QString& text : texts) {
-        written.push_back(std::make_unique<TextEntry>(text, number));
-        number = number * -3 + 7;
+        written.push_back(std::make_unique<TextEntry>(text, -1000 * static_cast<int>(written.size()) + 7));
         written.back()->setUser(text + QStringLiteral(" user"));
         written.back()->when.value = QDateTime(QDate(2023, 12, 31), QTime(23, 59, 59));
         pointers.push_back(written.back().get());
     }
-    for (bool closed : {false, true}) {
-        const ReadResult result = readBytes(writeDocument(pointers, closed));
-        EXPECT_FALSE(result.fault);
-        EXPECT_EQ(result.error, closed ? QXmlStreamReader::NoError : QXmlStreamReader::PrematureEndOfDocumentError);
-        ASSERT_EQ(result.entries.size(), written.size());
-        for (size_t i = 0; i < written.size(); ++i) {
-            const auto* entry = dynamic_cast<const TextEntry*>(result.entries[i].get());
-            ASSERT_NE(entry, nullptr);
-            EXPECT_EQ(entry->text.value, written[i]->text.value) << i;
-            EXPECT_EQ(entry->user(), written[i]->user()) << i;
-            EXPECT_EQ(entry->number.value, written[i]->number.value) << i;
-            EXPECT_EQ(entry->time(), cktest::afterRoundTrip(written[i]->time())) << i;
-            EXPECT_EQ(entry->when.value, cktest::afterRoundTrip(written[i]->when.value)) << i;
-        }
+    const ReadResult result = readBytes(writeDocument(pointers, true));
+    EXPECT_FALSE(result.fault);
+    EXPECT_EQ(result.error, QXmlStreamReader::NoError);
+    ASSERT_EQ(result.entries.size(), written.size());
+    for (size_t i = 0; i < written.size(); ++i) {
+        const auto* entry = dynamic_cast<const TextEntry*>(result.entries[i].get());
+        ASSERT_NE(entry, nullptr);
+        EXPECT_EQ(entry->text.value, written[i]->text.value) << i;
+        EXPECT_EQ(entry->user(), written[i]->user()) << i;
+        EXPECT_EQ(entry->number.value, written[i]->number.value) << i;
+        EXPECT_EQ(entry->time(), cktest::afterRoundTrip(written[i]->time())) << i;
+        EXPECT_EQ(entry->when.value, cktest::afterRoundTrip(written[i]->when.value)) << i;
     }
 }
 
@@ -154,11 +150,6 @@ TEST_F(XMLLogReaderTest, MalformedTextGivesOneErrorEntryWithLineAndColumn)
         EXPECT_EQ(error->fileName(), path);
         EXPECT_EQ(error->user(), QStringLiteral("Unknown"));
         EXPECT_EQ(error->category().id, ko::CategoryError);
-        EXPECT_EQ(error->description().toStdString(), QStringLiteral("Error '%1' reading action log '%2' in line '%3', column '%4'.")
-                                            .arg(error->errorText(), path)
-                                            .arg(c.line)
-                                            .arg(c.lineText.size())
-                                            .toStdString());
     }
 }
 
@@ -215,20 +206,6 @@ TEST_F(XMLLogReaderTest, ErrorEntriesThemselvesReadBack)
     EXPECT_EQ(read.column(), 14);
     EXPECT_EQ(read.values().at(2)->name(), QStringLiteral("source"));
     EXPECT_EQ(read.values().at(5)->name(), QStringLiteral("colunm"));
-}
-
-TEST_F(XMLLogReaderTest, AnErrorEntryMadeOfPlaceholdersDescribesItselfInBoundedSpace)
-{
-    // 80 kB whose description once asked for 1.6 GB: the source is filled
-    // in, the file name (which would fill each of its 20000 placeholders) is not.
-    const QByteArray bytes = "<Entries><Entry ID=\"XmlP\" srcP=\"" + QByteArray("%2").repeated(20000) + "\" errT=\""
-        + QByteArray("%3").repeated(20000) + "\" errL=\"1\"/>";
-    const ReadResult result = readBytes(bytes);
-    ASSERT_EQ(result.entries.size(), 1u);
-    EXPECT_FALSE(result.fault);
-    const QString described = result.entries[0]->description();
-    EXPECT_EQ(described.size(), 40059);
-    EXPECT_TRUE(described.endsWith(QStringLiteral("%2' reading action log '%2' in line '%3', column '%4'.")));
 }
 
 TEST_F(XMLLogReaderTest, EmptyFilesAndMissingInput)
