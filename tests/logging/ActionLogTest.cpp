@@ -303,33 +303,21 @@ TEST_F(ActionLogFile, EntryListOperationsAndTheirSignals)
 
 namespace {
 
+// Empty, complete and missing files opened for reading and writing are
+// covered by the log's own tests.
 TEST(FileEncrypt, OpensXmlFilesAndTellsAHeaderFromAnOpenError)
 {
     QTemporaryDir dir;
-    struct Row
-    {
-        const char* content; // null: no file
-        QIODevice::OpenMode mode;
-        ko::FileEncrypt::OpenError expected;
-    };
-    // Empty, complete and missing files opened for reading and writing are
-    // covered by the log's own tests.
-    const std::vector<Row> rows = {
-        {"<?xm", QIODevice::ReadWrite, ko::FileEncrypt::IncompatibleHeader},
-        {"\xef\xbb\xbf<?xml", QIODevice::ReadOnly, ko::FileEncrypt::IncompatibleHeader},
-        {"garbage", QIODevice::WriteOnly | QIODevice::Append, ko::FileEncrypt::IncompatibleHeader},
-        {"garbage", QIODevice::ReadWrite | QIODevice::Truncate, ko::FileEncrypt::NoError},
-        {nullptr, QIODevice::ReadOnly, ko::FileEncrypt::OpenFailed},
-    };
-    int n = 0;
-    for (const Row& row : rows) {
-        const QString path = dir.filePath(QString::number(n++));
-        if (row.content)
-            writeFile(path, row.content);
+    for (const cktest::DataRow& row : cktest::dataRows("logging/file-open.tsv", 3)) {
+        SCOPED_TRACE(row.where);
+        const QString path = dir.filePath(QString::fromStdString(row.where).section(QLatin1Char(':'), -1));
+        if (row[0] != "-")
+            writeFile(path, QByteArray::fromStdString(row[0]));
         ko::FileEncrypt file(path);
-        EXPECT_EQ(file.open(row.mode), row.expected == ko::FileEncrypt::NoError) << n;
-        EXPECT_EQ(file.openError(), row.expected) << n;
-        EXPECT_EQ(file.isOpen(), row.expected == ko::FileEncrypt::NoError) << n;
+        const int expected = std::stoi(row[2]);
+        EXPECT_EQ(file.open(QIODevice::OpenMode(std::stoi(row[1]))), expected == ko::FileEncrypt::NoError);
+        EXPECT_EQ(file.openError(), expected);
+        EXPECT_EQ(file.isOpen(), expected == ko::FileEncrypt::NoError);
     }
 }
 
