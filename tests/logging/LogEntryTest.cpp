@@ -88,16 +88,9 @@ TEST(LogEntry, DescriptionFillsTheTemplateOrListsTheValues)
         ko::TLogValue<QString> text;
         QString templateText;
     } oneValue;
-    const struct { QString templateText; QString described; } templates[] = {
-        {QStringLiteral("%1 and %2"), QStringLiteral("x and %2")},  // the second placeholder stays
-        {QStringLiteral("%2 and %1"), QStringLiteral("%2 and x")},  // the lowest number is replaced
-        {QStringLiteral("100% %L1"), QStringLiteral("100% x")},
-        {QStringLiteral("no placeholder 100%"), QStringLiteral("no placeholder 100%")},
-        {QStringLiteral("superscript %\u00B2 is a digit to arg()"), QStringLiteral("superscript x is a digit to arg()")},
-    };
-    for (const auto& t : templates) {
-        oneValue.templateText = t.templateText;
-        EXPECT_EQ(oneValue.description(), t.described) << t.templateText.toStdString();
+    for (const cktest::DataRow& row : cktest::dataRows("logging/description-templates.tsv", 2)) {
+        oneValue.templateText = QString::fromStdString(row[0]);
+        EXPECT_EQ(oneValue.description().toStdString(), row[1]) << row.where;
     }
 
     // No value beyond the user: the template as it is.
