@@ -2,6 +2,7 @@
 // well), cut-off live files, malformed files and the attribute rules.
 
 #include "TestEntries.h"
+#include "testlib/DataTable.h"
 #include "testlib/TestFiles.h"
 
 #include <CommonKit/logging/XMLLogReader.h>
@@ -129,34 +130,21 @@ TEST_F(XMLLogReaderTest, MalformedTextGivesOneErrorEntryWithLineAndColumn)
 {
     TextEntry entry(QStringLiteral("ok"), 1);
     const QByteArray good = writeDocument({&entry, &entry}, false);
-    struct Case
-    {
-        const char* name;
-        QByteArray bytes;
-        int line;
-        QByteArray lineText; // the faulty line up to and including the character where the fault shows
-    };
-    const Case cases[] = {
-        {"stray end tag", good + "\n</Bogus>", 2, "</Bogus>"},
-        {"stray end tag after a closed document", good + "\n</Entries>\n  </Entries>", 3, "  </"},
-        {"double <", good + "\n\n  <<Entry ID=\"TstE\"/>", 3, "  <<"},
-        {"unquoted attribute", good + "\n<Entry ID=TstE/>", 2, "<Entry ID=T"},
-        {"undefined entity", good + "\n<Entry ID=\"TstE\" Text=\"&bogus;\"/>", 2, "<Entry ID=\"TstE\" Text=\"&bogus;"},
-        {"text before the declaration", "garbage" + good, 1, "g"},
-    };
-    for (const Case& c : cases) {
-        const QString path = store(c.bytes);
+    for (const cktest::DataRow& row : cktest::dataRows("logging/malformed-logs.tsv", 4)) {
+        SCOPED_TRACE(row.where);
+        const QString path = store(QByteArray::fromStdString(row[0]) + good + QByteArray::fromStdString(row[1]));
         const ReadResult result = read(path);
-        EXPECT_TRUE(result.fault) << c.name;
-        ASSERT_FALSE(result.entries.empty()) << c.name;
+        EXPECT_TRUE(result.fault);
+        ASSERT_FALSE(result.entries.empty());
         auto* error = dynamic_cast<ko::ParseXMLLogEntry*>(result.entries.back().get());
-        ASSERT_NE(error, nullptr) << c.name;
+        ASSERT_NE(error, nullptr);
         for (size_t i = 0; i + 1 < result.entries.size(); ++i)
-            EXPECT_EQ(result.entries[i]->type(), ko::FourChars("TstE")) << c.name;
-        EXPECT_EQ(result.entries.size(), c.line == 1 ? 1u : 3u) << c.name << ": entries before the fault, then the error";
-        EXPECT_EQ(error->line(), c.line) << c.name;
-        EXPECT_EQ(error->column(), c.lineText.size()) << c.name;
-        EXPECT_FALSE(error->errorText().isEmpty()) << c.name;
+            EXPECT_EQ(result.entries[i]->type(), ko::FourChars("TstE"));
+        const int line = std::stoi(row[2]);
+        EXPECT_EQ(result.entries.size(), line == 1 ? 1u : 3u) << "entries before the fault, then the error";
+        EXPECT_EQ(error->line(), line);
+        EXPECT_EQ(error->column(), static_cast<int>(row[3].size()));
+        EXPECT_FALSE(error->errorText().isEmpty());
         EXPECT_EQ(error->fileName(), path);
         EXPECT_EQ(error->user(), QStringLiteral("Unknown"));
         EXPECT_EQ(error->category().id, ko::CategoryError);
