@@ -27,8 +27,10 @@ TEST(ExportActionLog, TablesClampToTheirLastRow)
     for (const cktest::DataRow& row : cktest::dataRows("logging/export-tables.tsv", 4)) {
         const int index = std::stoi(row[1]);
         const bool format = row[0] == "format";
-        const char* name = format ? ExportActionLog::formatsData(index).name : ExportActionLog::stateData(index).name;
-        const int value = format ? int(ExportActionLog::formatsData(index).value) : ExportActionLog::stateData(index).value;
+        const auto& formatRow = ExportActionLog::formatsData(index);
+        const auto& stateRow = ExportActionLog::stateData(index);
+        const char* name = format ? formatRow.name : stateRow.name;
+        const int value = format ? int(formatRow.value) : stateRow.value;
         EXPECT_EQ(name, row[2]) << row.where;
         EXPECT_EQ(value, std::stoi(row[3])) << row.where;
     }

@@ -120,7 +120,8 @@ TEST(LogEntry, DescriptionStaysBoundedWhenValuesAreMadeOfPlaceholders)
         // 20000 placeholders each filled with 40000 characters would make
         // 800 million: the file name and the numbers are left out.
         {twos, threes, QStringLiteral("Error '") + twos + QStringLiteral("' reading action log '%2' in line '%3', column '%4'.")},
-        {threes, twos, QStringLiteral("Error '") + threes + QStringLiteral("' reading action log '%2' in line '%3', column '%4'.")},
+        {threes, twos,
+         QStringLiteral("Error '") + threes + QStringLiteral("' reading action log '%2' in line '%3', column '%4'.")},
     };
     for (const auto& row : rows) {
         ko::ParseXMLLogEntry entry(row.source, row.file, 4, 5);
