@@ -2,6 +2,8 @@
 // killed at random moments.
 
 #include "ActionLogSupport.h"
+#include "TestEntries.h"
+#include "testlib/TestFiles.h"
 
 #include <CommonKit/logging/ActionLogContextSwitchEntry.h>
 
@@ -173,7 +175,6 @@ TEST_F(ActionLogStress, AFileRemovedOrReplacedWhileOpenIsFollowed)
     const QString path = dir.filePath(QStringLiteral("moved.kol"));
     const QString other = dir.filePath(QStringLiteral("other.kol"));
     ko::ActionLog log(path);
-    log.setSplitPolicy(ko::ActionLog::NoSplit, 0);
     log.mute(false);
     auto logText = [&log](const char* text) {
         ko::ActionLogContextSwitchEntry entry(QString::fromLatin1(text), QString());
@@ -184,13 +185,8 @@ TEST_F(ActionLogStress, AFileRemovedOrReplacedWhileOpenIsFollowed)
     logText("after removal");
     EXPECT_EQ(oldFileValues(path), QStringList{"after removal"});
 
-    {
-        ko::ActionLog writer(other);
-        writer.setSplitPolicy(ko::ActionLog::NoSplit, 0);
-        writer.mute(false);
-        ko::ActionLogContextSwitchEntry entry(QStringLiteral("from elsewhere"), QString());
-        writer.log(entry);
-    }
+    const ko::ActionLogContextSwitchEntry elsewhere(QStringLiteral("from elsewhere"), QString());
+    cktest::writeFile(other, cktest::writeDocument({&elsewhere}, false));
     ASSERT_TRUE(QFile::remove(path));
     ASSERT_TRUE(QFile::rename(other, path));
     logText("after replacement");
