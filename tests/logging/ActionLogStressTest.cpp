@@ -2,6 +2,8 @@
 // killed at random moments.
 
 #include "ActionLogSupport.h"
+#include "TestEntries.h"
+#include "testlib/TestFiles.h"
 
 #include <CommonKit/logging/ActionLogContextSwitchEntry.h>
 
@@ -77,40 +79,36 @@ struct ActionLogStress : ::testing::Test
     }
 };
 
+// Without splitting, the file holds what the log holds, in the same order;
+// with rollovers, the backups (named by the second they were made in) and
+// the current file together hold every entry.
 TEST_F(ActionLogStress, FourThreadsLoseNothingAndKeepTheirOrder)
 {
-    ko::ActionLog* log = ko::ActionLog::getInstance();
-    log->setSplitPolicy(ko::ActionLog::NoSplit, 0);
-    log->mute(false);
-    logFromThreads();
-    ASSERT_EQ(log->count(), k_threads * k_perThread);
-    QStringList inMemory;
-    for (int i = 0; i < log->count(); ++i)
-        inMemory << static_cast<const ko::ActionLogContextSwitchEntry*>(log->entry(i))->oldFile();
-    expectEveryThreadInOrder(inMemory);
-    const QStringList inFile = oldFileValues(ko::ActionLog::defaultFileInfo().absoluteFilePath());
-    EXPECT_EQ(inFile, inMemory);
-}
-
-TEST_F(ActionLogStress, FourThreadsWithRolloverLeaveEveryEntryInSomeFile)
-{
-    ko::ActionLog* log = ko::ActionLog::getInstance();
-    log->setSplitPolicy(ko::ActionLog::BySize, 64 * 1024);
-    log->mute(false);
-    logFromThreads();
-    const QDir folder = ko::ActionLog::defaultFileInfo().absoluteDir();
-    QStringList files = folder.entryList({QStringLiteral("*.kol")}, QDir::Files, QDir::Time | QDir::Reversed);
-    EXPECT_GT(files.size(), 1);
-    // Backups are named by the second they were made in; the current file
-    // comes last.
-    files.removeAll(ko::ActionLog::defaultFileInfo().fileName());
-    files.sort();
-    files << ko::ActionLog::defaultFileInfo().fileName();
-    QStringList all;
-    for (const QString& file : files)
-        all << oldFileValues(folder.filePath(file));
-    EXPECT_EQ(all.size(), k_threads * k_perThread);
-    expectEveryThreadInOrder(all);
+    for (const bool split : {false, true}) {
+        SCOPED_TRACE(split ? "split by size" : "no split");
+        QDir(dir.path()).removeRecursively();
+        ko::ActionLog* log = ko::ActionLog::getInstance();
+        log->setSplitPolicy(split ? ko::ActionLog::BySize : ko::ActionLog::NoSplit, 64 * 1024);
+        log->mute(false);
+        logFromThreads();
+        const QDir folder = ko::ActionLog::defaultFileInfo().absoluteDir();
+        QStringList files = folder.entryList({QStringLiteral("*.kol")}, QDir::Files, QDir::Name);
+        EXPECT_EQ(files.size() > 1, split);
+        files.removeAll(ko::ActionLog::defaultFileInfo().fileName());
+        files << ko::ActionLog::defaultFileInfo().fileName();
+        QStringList inFiles;
+        for (const QString& file : files)
+            inFiles << oldFileValues(folder.filePath(file));
+        EXPECT_EQ(inFiles.size(), k_threads * k_perThread);
+        expectEveryThreadInOrder(inFiles);
+        if (!split) {
+            QStringList inMemory;
+            for (int i = 0; i < log->count(); ++i)
+                inMemory << static_cast<const ko::ActionLogContextSwitchEntry*>(log->entry(i))->oldFile();
+            EXPECT_EQ(inFiles, inMemory);
+        }
+        ko::ActionLog::deleteActionLog();
+    }
 }
 
 TEST_F(ActionLogStress, KilledWriterNeverLosesAReportedEntry)
@@ -177,7 +175,6 @@ TEST_F(ActionLogStress, AFileRemovedOrReplacedWhileOpenIsFollowed)
     const QString path = dir.filePath(QStringLiteral("moved.kol"));
     const QString other = dir.filePath(QStringLiteral("other.kol"));
     ko::ActionLog log(path);
-    log.setSplitPolicy(ko::ActionLog::NoSplit, 0);
     log.mute(false);
     auto logText = [&log](const char* text) {
         ko::ActionLogContextSwitchEntry entry(QString::fromLatin1(text), QString());
@@ -188,13 +185,8 @@ TEST_F(ActionLogStress, AFileRemovedOrReplacedWhileOpenIsFollowed)
     logText("after removal");
     EXPECT_EQ(oldFileValues(path), QStringList{"after removal"});
 
-    {
-        ko::ActionLog writer(other);
-        writer.setSplitPolicy(ko::ActionLog::NoSplit, 0);
-        writer.mute(false);
-        ko::ActionLogContextSwitchEntry entry(QStringLiteral("from elsewhere"), QString());
-        writer.log(entry);
-    }
+    const ko::ActionLogContextSwitchEntry elsewhere(QStringLiteral("from elsewhere"), QString());
+    cktest::writeFile(other, cktest::writeDocument({&elsewhere}, false));
     ASSERT_TRUE(QFile::remove(path));
     ASSERT_TRUE(QFile::rename(other, path));
     logText("after replacement");

@@ -70,9 +70,7 @@ TEST_F(ActionLogFile, MutedUntilUnmutedThenHeaderOnceAndAppends)
     SignalRecorder recorder(log);
     logText(log, QStringLiteral("one"));
     logText(log, QStringLiteral("two"));
-    const QByteArray bytes = readFile(path);
-    EXPECT_TRUE(bytes.startsWith("<?xml")) << bytes.constData();
-    EXPECT_EQ(bytes.count("<Entries"), 1);
+    EXPECT_EQ(readFile(path).count("<Entries"), 1);
     const auto entries = fileEntries(path);
     ASSERT_EQ(entries.size(), 2);
     EXPECT_EQ(entries[1].value(QStringLiteral("Text")), QStringLiteral("two"));
@@ -96,7 +94,6 @@ TEST_F(ActionLogFile, MutedUntilUnmutedThenHeaderOnceAndAppends)
     again.log(entry);
     EXPECT_EQ(entry.time(), again.now);
     EXPECT_EQ(entry.user(), again.userName());
-    EXPECT_EQ(again.entry(3)->time(), again.now);
 }
 
 TEST_F(ActionLogFile, PeriodSplitsNameTheBackupAfterThePreviousEntry)
@@ -138,7 +135,6 @@ TEST_F(ActionLogFile, SizeSplitStartsAFreshFileNamedAfterTheApplication)
     const auto current = fileEntries(path);
     ASSERT_EQ(current.size(), 1);
     EXPECT_EQ(current[0].value(QStringLiteral("Text")), QStringLiteral("entry %1").arg(logged - 1));
-    EXPECT_TRUE(readFile(path).startsWith("<?xml"));
     EXPECT_EQ(log.count(), 1);
 
     // A second split within the same second finds the name taken: the entry
@@ -155,12 +151,12 @@ TEST_F(ActionLogFile, DamagedFilesAreMovedAsideWithTheirSignals)
     {
         QByteArray content;
         const char* suffix;
-        QStringList errors; // prefixes; %1: the log file
+        const char* error; // the one error signal it starts with; %1: the log file
     };
     const QByteArray header = R"(<?xml version="1.0" encoding="UTF-8"?><Entries Version="v0.1">)";
     const std::vector<Row> rows = {
-        {header + R"(<Entry ID="TstE" Text="a"/><<garbage>>)", ".kol.corrupt", {"errorXml(1,"}},
-        {"plain text, not a log", ".kol.invalidHeader", {"errorFile(%1,4)"}},
+        {header + R"(<Entry ID="TstE" Text="a"/><<garbage>>)", ".kol.corrupt", "errorXml(1,"},
+        {"plain text, not a log", ".kol.invalidHeader", "errorFile(%1,4)"},
     };
     for (const Row& row : rows) {
         emptyDir();
@@ -168,7 +164,7 @@ TEST_F(ActionLogFile, DamagedFilesAreMovedAsideWithTheirSignals)
         TestLog reader(path); // reading alone reports, but moves nothing
         SignalRecorder readerSignals(reader);
         reader.readLog();
-        EXPECT_EQ(readerSignals.lines.filter(QStringLiteral("error")).size(), row.errors.size());
+        EXPECT_EQ(readerSignals.lines.filter(QStringLiteral("error")).size(), 1);
         EXPECT_TRUE(QFile::exists(path));
         TestLog log(path);
         log.now = at("2026-03-04T10:20:30");
@@ -176,10 +172,9 @@ TEST_F(ActionLogFile, DamagedFilesAreMovedAsideWithTheirSignals)
         logText(log, QStringLiteral("lost"));
         const QString backup = QStringLiteral("act 2026-03-04 10-20-30") + QLatin1String(row.suffix);
         const QStringList observed = recorder.lines.filter(QStringLiteral("error"));
-        ASSERT_EQ(observed.size(), row.errors.size()) << observed.join(' ').toStdString();
-        for (int i = 0; i < observed.size(); ++i)
-            EXPECT_TRUE(observed[i].startsWith(QString(row.errors[i]).replace(QStringLiteral("%1"), path)))
-                << observed[i].toStdString();
+        ASSERT_EQ(observed.size(), 1) << observed.join(' ').toStdString();
+        EXPECT_TRUE(observed[0].startsWith(QString::fromLatin1(row.error).replace(QStringLiteral("%1"), path)))
+            << observed[0].toStdString();
         EXPECT_EQ(filesIn(dir), QStringList{backup});
         EXPECT_EQ(readFile(dir.filePath(backup)), row.content);
 
@@ -230,7 +225,6 @@ TEST_F(ActionLogFile, SwitchingWritesTheContextSwitchIntoBothFiles)
     SignalRecorder recorder(log);
     log.setFileInfo(QFileInfo(other));
     EXPECT_FALSE(log.defaultActive());
-    EXPECT_EQ(log.customFileInfo().absoluteFilePath(), other);
     EXPECT_EQ(recorder.lines.first(), QStringLiteral("removing(0,1)"));
     EXPECT_EQ(recorder.lines.last(), QStringLiteral("switched(other.kol)"));
     for (const QString& file : {path, other}) {
@@ -291,50 +285,33 @@ TEST_F(ActionLogFile, EntryListOperationsAndTheirSignals)
         EXPECT_TRUE(log.errorString().startsWith(failure.second)) << log.errorString().toStdString();
     }
 
-    recorder.lines.clear();
-    log.removeAllLogEntries();
-    EXPECT_EQ(recorder.lines, QStringList({"removing(0,1)", "removed(0,1)"}));
-
+    // Removing all reports the count as the last index: checked with the
+    // rollovers, which remove all.
     QFile file(path);
     EXPECT_TRUE(log.finalize(file));
     EXPECT_TRUE(readFile(path).endsWith("\n</Entries>\n"));
-    bool wellFormed = false;
-    fileEntries(path, &wellFormed);
-    EXPECT_TRUE(wellFormed);
+    EXPECT_EQ(fileEntries(path).size(), 3) << "the closed file parses, deleted entries stay in it";
 }
 
 } // namespace
 
 namespace {
 
+// Empty, complete and missing files opened for reading and writing are
+// covered by the log's own tests.
 TEST(FileEncrypt, OpensXmlFilesAndTellsAHeaderFromAnOpenError)
 {
     QTemporaryDir dir;
-    struct Row
-    {
-        const char* content; // null: no file
-        QIODevice::OpenMode mode;
-        ko::FileEncrypt::OpenError expected;
-    };
-    const std::vector<Row> rows = {
-        {"", QIODevice::ReadWrite, ko::FileEncrypt::NoError},
-        {"<?xml version=\"1.0\"?><Entries>", QIODevice::ReadOnly, ko::FileEncrypt::NoError},
-        {"<?xm", QIODevice::ReadWrite, ko::FileEncrypt::IncompatibleHeader},
-        {"\xef\xbb\xbf<?xml", QIODevice::ReadOnly, ko::FileEncrypt::IncompatibleHeader},
-        {"garbage", QIODevice::WriteOnly | QIODevice::Append, ko::FileEncrypt::IncompatibleHeader},
-        {"garbage", QIODevice::ReadWrite | QIODevice::Truncate, ko::FileEncrypt::NoError},
-        {nullptr, QIODevice::ReadOnly, ko::FileEncrypt::OpenFailed},
-        {nullptr, QIODevice::ReadWrite, ko::FileEncrypt::NoError},
-    };
-    int n = 0;
-    for (const Row& row : rows) {
-        const QString path = dir.filePath(QString::number(n++));
-        if (row.content)
-            writeFile(path, row.content);
+    for (const cktest::DataRow& row : cktest::dataRows("logging/file-open.tsv", 3)) {
+        SCOPED_TRACE(row.where);
+        const QString path = dir.filePath(QString::fromStdString(row.where).section(QLatin1Char(':'), -1));
+        if (row[0] != "-")
+            writeFile(path, QByteArray::fromStdString(row[0]));
         ko::FileEncrypt file(path);
-        EXPECT_EQ(file.open(row.mode), row.expected == ko::FileEncrypt::NoError) << n;
-        EXPECT_EQ(file.openError(), row.expected) << n;
-        EXPECT_EQ(file.isOpen(), row.expected == ko::FileEncrypt::NoError) << n;
+        const int expected = std::stoi(row[2]);
+        EXPECT_EQ(file.open(QIODevice::OpenMode(std::stoi(row[1]))), expected == ko::FileEncrypt::NoError);
+        EXPECT_EQ(file.openError(), expected);
+        EXPECT_EQ(file.isOpen(), expected == ko::FileEncrypt::NoError);
     }
 }
 

@@ -4,6 +4,7 @@
 // zone and locale it runs in.
 
 #include "TestEntries.h"
+#include "testlib/DataTable.h"
 #include <CommonKit/logging/LogValue.h>
 
 #include <CommonKit/support/core/QtDeprecated.h>
@@ -56,24 +57,11 @@ void expectSame(const QDateTime& ours, const QDateTime& qt, const QString& text)
     }
 }
 
-// Single-digit fields, noon and midnight on both clocks, month and year
-// ends, the century, and the days around the 2024 changes to and from
-// summer time in Europe and North America (with the skipped and repeated
-// hours where the zone has them).
-const QDateTime kValues[] = {
-    QDateTime(QDate(2026, 1, 5), QTime(0, 0, 0)),      QDateTime(QDate(2026, 1, 5), QTime(0, 59, 59)),
-    QDateTime(QDate(2026, 11, 23), QTime(12, 0, 0)),   QDateTime(QDate(2026, 11, 23), QTime(12, 30, 5)),
-    QDateTime(QDate(2026, 12, 31), QTime(23, 59, 59)), QDateTime(QDate(2000, 2, 29), QTime(9, 8, 7)),
-    QDateTime(QDate(1999, 12, 31), QTime(13, 1, 1)),   QDateTime(QDate(1970, 1, 1), QTime(1, 0, 0)),
-    QDateTime(QDate(2038, 1, 19), QTime(3, 14, 8)),    QDateTime(QDate(2024, 3, 10), QTime(2, 30, 0)),
-    QDateTime(QDate(2024, 3, 10), QTime(3, 30, 0)),    QDateTime(QDate(2024, 11, 3), QTime(1, 30, 0)),
-    QDateTime(QDate(2024, 3, 31), QTime(2, 30, 0)),    QDateTime(QDate(2024, 10, 27), QTime(2, 30, 0)),
-    QDateTime(QDate(1926, 6, 15), QTime(10, 0, 0)),    QDateTime(QDate(2024, 5, 6), QTime(7, 8, 9, 123)),
-};
-
 TEST(LogDateTime, WritesAndReadsBackWhatQtDoes)
 {
-    for (const QDateTime& value : kValues) {
+    for (const cktest::DataRow& row : cktest::dataRows("logging/local-times.tsv", 1)) {
+        const QDateTime value = QDateTime::fromString(QString::fromStdString(row[0]), Qt::ISODateWithMs);
+        ASSERT_TRUE(value.date().isValid()) << row.where;
         const QString text = qtText(value);
         EXPECT_EQ(ourText(value), text) << qPrintable(value.toString(Qt::ISODateWithMs));
         // Twice: the second read may come from what the first one kept.

@@ -1,5 +1,6 @@
 // The prose and XML writers. Well-formedness is checked with QDomDocument,
-// an XML parser independent of the library's reader.
+// an XML parser independent of the library's reader (awkward values are
+// checked in XMLLogReaderTest, with both).
 
 #include "TestEntries.h"
 
@@ -10,13 +11,11 @@
 
 #include <gtest/gtest.h>
 
-#include <QBuffer>
 #include <QDomDocument>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTextStream>
 
-#include <iterator>
 #include <memory>
 #include <vector>
 
@@ -46,26 +45,32 @@ QString timeText(const QDateTime& time)
     return value.toString();
 }
 
+// The header through a device is checked with every writeDocument() below;
+// here through a string stream, with the optional attributes, escaping and the
+// stream's own text kept in order.
 TEST(XMLLogWriter, HeaderIsOneLineWithItsAttributesInOrder)
 {
-    EXPECT_EQ(writeDocument({}, false), k_header);
     EXPECT_EQ(writeDocument({}, true), k_header + "</Entries>") << "closed, still one line, no final line feed";
 
-    struct Case { QString app; QString lng; QByteArray extra; };
-    for (const Case& c : {Case{"2.1", "", " ApplicationVersion=\"2.1\""}, Case{"", "de", " LanguageVersion=\"de\""},
-                          Case{"2.1", "de", " ApplicationVersion=\"2.1\" LanguageVersion=\"de\""}}) {
-        QBuffer buffer;
-        buffer.open(QIODevice::WriteOnly);
-        QTextStream stream(&buffer);
-        ko::XMLLogWriter writer(&stream, QStringLiteral("ignored"), QDateTime(QDate(2014, 5, 6), QTime(7, 8, 9, 500)));
-        writer.setStartDocumentName(QStringLiteral("a&b.kol"));
-        writer.setAppVersion(c.app);
-        writer.setLngVersion(c.lng);
-        writer.writeStartDocument();
-        EXPECT_EQ(buffer.data(), "<?xml version=\"1.0\" encoding=\"UTF-8\"?><Entries Version=\"v0.1\" "
-                                 "LogFile=\"a&amp;b.kol\" Date=\"2014-05-06T07:08:09\""
-                                     + c.extra + ">");
-    }
+    QString text;
+    QTextStream stream(&text);
+    ko::XMLLogWriter writer(&stream, QStringLiteral("ignored"), QDateTime(QDate(2014, 5, 6), QTime(7, 8, 9, 500)));
+    writer.setStartDocumentName(QStringLiteral("a&b.kol"));
+    writer.setAppVersion(QStringLiteral("2.1"));
+    writer.setLngVersion(QStringLiteral("de"));
+    stream << "<!-- before -->";
+    writer.writeStartDocument();
+    TextEntry entry(QStringLiteral("ü"), 0);
+    entry.setTime(QDateTime());
+    entry.writeTo(writer);
+    stream << "<!-- after -->";
+    writer.writeEndDocument();
+    stream.flush();
+    EXPECT_EQ(text, QStringLiteral("<!-- before --><?xml version=\"1.0\" encoding=\"UTF-8\"?><Entries Version=\"v0.1\" "
+                                   "LogFile=\"a&amp;b.kol\" Date=\"2014-05-06T07:08:09\" ApplicationVersion=\"2.1\" "
+                                   "LanguageVersion=\"de\"><Entry ID=\"TstE\" Text=\"ü\"/><!-- after --></Entries>"));
+    EXPECT_EQ(writer.getInterface("ko::ILogWriter"), static_cast<ko::ILogWriter*>(&writer));
+    EXPECT_EQ(writer.getInterface("ko::Nothing"), nullptr);
 }
 
 TEST(XMLLogWriter, EntriesAreEmptyElementsWithOnlyTheirSetValues)
@@ -81,40 +86,12 @@ TEST(XMLLogWriter, EntriesAreEmptyElementsWithOnlyTheirSetValues)
     const QDomNodeList entries = document.documentElement().elementsByTagName(QStringLiteral("Entry"));
     ASSERT_EQ(entries.size(), 2);
     EXPECT_EQ(entries.at(0).attributes().size(), 2) << "only ID and Time";
-    const QDomNamedNodeMap attributes = entries.at(1).attributes();
-    ASSERT_EQ(attributes.size(), 6);
+    ASSERT_EQ(entries.at(1).attributes().size(), 6);
     const QDomElement second = entries.at(1).toElement();
     const std::pair<QString, QString> expected[] = {
         {"ID", "TstE"}, {"User", "anna"}, {"Text", "x"}, {"Numb", "-3"}, {"When", timeText(full.when.value)}};
     for (const auto& [name, value] : expected)
         EXPECT_EQ(second.attribute(name), value) << name.toStdString();
-    EXPECT_FALSE(second.hasChildNodes());
-}
-
-TEST(XMLLogWriter, AwkwardTextsStayWellFormedAndOneLine)
-{
-    const QString texts[] = {
-        QStringLiteral("a & b"), QStringLiteral("<tag attr=\"v\">"), QStringLiteral("it's \"quoted\""),
-        QStringLiteral("Grüße, ½ € ✓ 日本"), QString::fromUtf8("emoji \xF0\x9F\x98\x80"),
-        QStringLiteral("line\nbreak\r\tand tab"), QStringLiteral("]]> and &amp;"),
-    };
-    std::vector<std::unique_ptr<TextEntry>> owned;
-    std::vector<const ko::LogEntry*> entries;
-    for (const QString& text : texts) {
-        owned.push_back(std::make_unique<TextEntry>(text, 1));
-        owned.back()->setUser(text);
-        entries.push_back(owned.back().get());
-    }
-    const QByteArray live = writeDocument(entries, false);
-    EXPECT_FALSE(live.contains('\n')) << "line breaks in values are escaped";
-    EXPECT_FALSE(live.contains("</Entries>"));
-    const QDomDocument document = parse(live + "\n</Entries>\n");
-    const QDomNodeList elements = document.documentElement().elementsByTagName(QStringLiteral("Entry"));
-    ASSERT_EQ(elements.size(), static_cast<int>(std::size(texts)));
-    for (int i = 0; i < elements.size(); ++i) {
-        EXPECT_EQ(elements.at(i).toElement().attribute(QStringLiteral("Text")), texts[i]) << i;
-        EXPECT_EQ(elements.at(i).toElement().attribute(QStringLiteral("User")), texts[i]) << i;
-    }
 }
 
 TEST(XMLLogWriter, CharactersXmlCannotCarryBecomeReplacementCharacters)
@@ -133,7 +110,7 @@ struct IdsEntry : TextEntry
 {
     IdsEntry()
     {
-        for (ko::TLogValue<QString>* value : {&to, &src, &accented, &inner, &middle, &digit, &dash, &dot, &blanks})
+        for (ko::TLogValue<QString>* value : {&to, &src, &accented, &inner, &middle, &digit, &blanks})
             append(value);
     }
     ko::FourChars type() const override { return ko::FourChars("TstI"); }
@@ -142,9 +119,8 @@ struct IdsEntry : TextEntry
     ko::TLogValue<QString> accented{"\xC4nd\xE9", QStringLiteral("accented"), QStringLiteral("w")};
     ko::TLogValue<QString> inner{"v2.-", QStringLiteral("inner"), QStringLiteral("y")}; // allowed after the first
     ko::TLogValue<QString> middle{"a b ", QStringLiteral("middle"), QStringLiteral("x")};
+    // Like '-' and '.', a digit cannot start a name.
     ko::TLogValue<QString> digit{"1x  ", QStringLiteral("digit"), QStringLiteral("x")};
-    ko::TLogValue<QString> dash{"-x  ", QStringLiteral("dash"), QStringLiteral("x")};
-    ko::TLogValue<QString> dot{".x  ", QStringLiteral("dot"), QStringLiteral("x")};
     ko::TLogValue<QString> blanks{"    ", QStringLiteral("blanks"), QStringLiteral("x")};
 };
 
@@ -162,20 +138,13 @@ TEST(XMLLogWriter, IdsWithTrailingBlanksAreWrittenAsTheyStandAndReadBack)
     const QByteArray bytes = writeDocument({&entry}, true);
     EXPECT_TRUE(bytes.contains(" to  =\"a&amp;&quot;b\" src =\"&lt;c&gt;\" ")) << bytes.toStdString();
 
-    // Two independent parsers see the names without their blanks and only
-    // the writable ids.
+    // An independent parser sees the names without their blanks and only the
+    // writable ids.
     const QDomElement element = parse(bytes).documentElement().firstChildElement();
     const QStringList expected = {"ID", "Time", "to", "src", "\u00C4nd\u00E9", "v2.-"};
     EXPECT_EQ(element.attributes().size(), expected.size());
-    QXmlStreamReader xml(bytes);
-    while (!xml.atEnd() && !(xml.readNext() == QXmlStreamReader::StartElement && xml.name() == "Entry")) {}
-    QStringList names;
-    for (const QXmlStreamAttribute& attribute : xml.attributes())
-        names << attribute.name().toString();
-    EXPECT_EQ(names, expected);
-    EXPECT_EQ(xml.attributes().value("to"), entry.to.value);
-    EXPECT_EQ(element.attribute("to"), entry.to.value);
-    EXPECT_EQ(element.attribute("src"), entry.src.value);
+    for (const QString& name : expected)
+        EXPECT_TRUE(element.hasAttribute(name)) << name.toStdString();
 
     // The library's reader pads the names back to the ids.
     ko::logEntryFactory().registerCreator("TstI", createIdsEntry, "Ids");
@@ -192,49 +161,6 @@ TEST(XMLLogWriter, IdsWithTrailingBlanksAreWrittenAsTheyStandAndReadBack)
     EXPECT_EQ(back.src.value, entry.src.value);
     EXPECT_EQ(back.accented.value, entry.accented.value);
     EXPECT_EQ(back.inner.value, entry.inner.value);
-    EXPECT_EQ(back.middle.value, QString());
-}
-
-TEST(XMLLogWriter, LiveFilesCanBeAppendedToByAFreshWriterAndThenClosed)
-{
-    // Session 1 writes only the header, session 2 appends one entry, session
-    // 3 another; the file is finally closed with a line break, the end tag
-    // and a line break.
-    QByteArray file = writeDocument({}, false);
-    for (int session = 0; session < 2; ++session) {
-        TextEntry entry(QStringLiteral("session %1").arg(session), session + 1);
-        QBuffer buffer(&file);
-        buffer.open(QIODevice::WriteOnly | QIODevice::Append);
-        QTextStream stream(&buffer);
-        ko::XMLLogWriter writer(&stream, QString(), QDateTime::currentDateTime());
-        entry.writeTo(writer);
-    }
-    EXPECT_FALSE(file.contains('\n'));
-    const QDomDocument document = parse(file + "\n</Entries>\n");
-    const QDomNodeList entries = document.documentElement().elementsByTagName(QStringLiteral("Entry"));
-    ASSERT_EQ(entries.size(), 2);
-    EXPECT_EQ(entries.at(1).toElement().attribute(QStringLiteral("Text")), QStringLiteral("session 1"));
-    EXPECT_EQ(document.documentElement().attribute(QStringLiteral("LogFile")), QStringLiteral("test.kol"));
-}
-
-TEST(XMLLogWriter, WritesToStringStreamsInOrderWithTheStreamsOwnText)
-{
-    QString text;
-    QTextStream stream(&text);
-    ko::XMLLogWriter writer(&stream, QString(), QDateTime(QDate(2014, 5, 6), QTime(7, 8, 9)));
-    writer.setStartDocumentName(QStringLiteral("test.kol"));
-    stream << "<!-- before -->";
-    writer.writeStartDocument();
-    TextEntry entry(QStringLiteral("ü"), 0);
-    entry.setTime(QDateTime());
-    entry.writeTo(writer);
-    stream << "<!-- after -->";
-    writer.writeEndDocument();
-    stream.flush();
-    EXPECT_EQ(text, QStringLiteral("<!-- before -->") + QString::fromUtf8(k_header)
-                        + QStringLiteral("<Entry ID=\"TstE\" Text=\"ü\"/><!-- after --></Entries>"));
-    EXPECT_EQ(writer.getInterface("ko::ILogWriter"), static_cast<ko::ILogWriter*>(&writer));
-    EXPECT_EQ(writer.getInterface("ko::Nothing"), nullptr);
 }
 
 TEST(ProsaLogWriter, OneLinePerEntryWithTheSeparatorAfterEveryValue)

@@ -7,6 +7,7 @@
 #include <CommonKit/logview/ActionLogFilterModel.h>
 #include <CommonKit/logview/ActionLogModel.h>
 #include <CommonKit/resources/Translations.h>
+#include "testlib/DataTable.h"
 #include "testlib/ToolRunner.h"
 
 #include <gtest/gtest.h>
@@ -83,7 +84,6 @@ TEST(ActionLogModel, HeadersAreTranslated)
 {
     ko::ActionLogModel model(nullptr);
     EXPECT_EQ(model.columnCount(), 5);
-    EXPECT_EQ(model.headerData(0, Qt::Horizontal).toString(), QStringLiteral("Time"));
     ASSERT_TRUE(ko::installTranslations(QLocale(QLocale::German)));
     EXPECT_EQ(model.headerData(4, Qt::Horizontal).toString(), QStringLiteral("Beschreibung"));
     ko::removeTranslations();
@@ -104,14 +104,9 @@ TEST(ActionLogFilterModel, ShowsWhatTheToolPrintsForTheSameFilter)
     ko::ActionLogModel model(&log);
     ko::ActionLogFilterModel filtered;
     filtered.setSourceModel(&model);
-    const QStringList filters = {
-        QStringLiteral("newFile = '2' OR oldFile = 'n13'"),
-        QStringLiteral("NOT (newFile IN ('1', '2', '3'))"),
-        QStringLiteral("category = 'aLog' AND title <> ''"),
-        QStringLiteral("type = 'XmlP'"),
-    };
-    for (const QString& filter : filters) {
-        SCOPED_TRACE(filter.toStdString());
+    for (const cktest::DataRow& row : cktest::dataRows("logview/filters.tsv", 1)) {
+        SCOPED_TRACE(row.where);
+        const QString filter = QString::fromStdString(row[0]);
         QString error;
         ASSERT_TRUE(filtered.setFilterText(filter, &error)) << error.toStdString() << filter.toStdString();
         const cktest::ToolRun run = cktest::runTool({"log", "show", path, "--where", filter, "--format", "json"});
