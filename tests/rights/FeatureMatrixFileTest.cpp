@@ -94,11 +94,6 @@ TEST_P(FeatureMatrixFile, RoundTripsGridsOfManyShapes)
                                                     {"Matrix", "@ByteArray(" + rightstest::packedText(expected) + ")"}}))
                 << label;
 #endif
-            QSettings raw(file, format);
-            EXPECT_EQ(raw.value(QStringLiteral("FeatureMatrix/Rows")).toInt(), shape.rows) << label;
-            EXPECT_EQ(raw.value(QStringLiteral("FeatureMatrix/Columns")).toInt(), shape.columns) << label;
-            EXPECT_EQ(raw.value(QStringLiteral("FeatureMatrix/Matrix")).toByteArray(), rightstest::packedText(expected))
-                << label;
 
             // Loaded into a fresh matrix (all allowed) and into one holding the
             // opposite of every cell.
