@@ -1,3 +1,4 @@
+#include "testlib/LogCapture.h"
 #include <CommonKit/storage/Persistable.h>
 #include <CommonKit/storage/Settings.h>
 #include <CommonKit/support/core/Log.h>
@@ -20,11 +21,8 @@ class Forgetful : public ko::Persistable
 
 TEST(Persistable, BaseVersionsWarnNamingTheBasePointerTypeNotTheObjectsClass)
 {
-    std::vector<std::string> lines;
-    const int threshold = ko::Log::instance().threshold();
-    const ko::Log::Sink previous =
-        ko::Log::instance().setSink([&lines](int, const std::string& line) { lines.push_back(line); });
-
+    cktest::LogCapture log;
+    const std::vector<std::string>& lines = log.lines;
     QTemporaryDir dir;
     ko::Settings settings(dir.filePath(QStringLiteral("p.ini")), QSettings::IniFormat);
     Forgetful forgetful;
@@ -34,9 +32,6 @@ TEST(Persistable, BaseVersionsWarnNamingTheBasePointerTypeNotTheObjectsClass)
     object.save(&settings);
     ko::Log::instance().setThreshold(ko::Log::Error);
     object.load(&settings);
-
-    ko::Log::instance().setSink(previous);
-    ko::Log::instance().setThreshold(threshold);
     const std::string name = typeid(ko::Persistable*).name();
     const std::string expected[] = {
         " W [ko::Persistable::load] You should overwrite Persistable::load for class " + name,
