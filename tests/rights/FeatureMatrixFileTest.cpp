@@ -1,4 +1,4 @@
-// The feature matrix saved to and loaded from real QSettings files.
+// The feature matrix saved to and loaded from real INI files.
 
 #include "MatrixTestSupport.h"
 #include "testlib/TestFiles.h"
@@ -22,10 +22,8 @@ using rightstest::makeMatrix;
 struct Shape { int rows; int columns; };
 
 // Cell counts below, at and above multiples of 32, and some larger grids.
-const Shape kShapes[] = {
-    {0, 0}, {1, 1}, {2, 3}, {1, 31}, {1, 32}, {2, 16}, {4, 8}, {3, 11}, {7, 9}, {8, 8},
-    {5, 13}, {13, 5}, {10, 10}, {1, 33}, {33, 1}, {16, 6}, {31, 31}, {32, 32}, {3, 100},
-};
+const Shape kShapes[] = {{0, 0}, {1, 1}, {2, 3}, {1, 31}, {2, 16}, {7, 9},
+                         {1, 33}, {33, 1}, {31, 31}, {32, 32}, {3, 100}};
 
 // A reproducible pattern; seed 0 is all allowed, seed 1 all forbidden.
 bool patternCell(int seed, int row, int column)
@@ -59,15 +57,14 @@ QMap<QByteArray, QByteArray> sectionOnDisk(const QString& file)
     return entries;
 }
 
-class FeatureMatrixFile : public ::testing::TestWithParam<QSettings::Format>
+class FeatureMatrixFile : public ::testing::Test
 {
 protected:
     QTemporaryDir m_dir;
 };
 
-TEST_P(FeatureMatrixFile, RoundTripsGridsOfManyShapes)
+TEST_F(FeatureMatrixFile, RoundTripsGridsOfManyShapes)
 {
-    const QSettings::Format format = GetParam();
     int fileNumber = 0;
     for (const Shape& shape : kShapes) {
         for (int seed = 0; seed < 5; ++seed) {
@@ -82,18 +79,15 @@ TEST_P(FeatureMatrixFile, RoundTripsGridsOfManyShapes)
 
             auto source = makeMatrix(shape.rows, shape.columns, pattern);
             {
-                ko::Settings settings(file, format);
+                ko::Settings settings(file, QSettings::IniFormat);
                 source->save(&settings);
             }
             EXPECT_FALSE(source->isDirty()) << label;
-#if !defined(Q_OS_WIN) && !defined(Q_OS_DARWIN)
-            // Both formats write an INI file here.
             EXPECT_EQ(sectionOnDisk(file),
                       (QMap<QByteArray, QByteArray>{{"Rows", QByteArray::number(shape.rows)},
                                                     {"Columns", QByteArray::number(shape.columns)},
                                                     {"Matrix", "@ByteArray(" + rightstest::packedText(expected) + ")"}}))
                 << label;
-#endif
 
             // Loaded into a fresh matrix (all allowed) and into one holding the
             // opposite of every cell.
@@ -101,7 +95,7 @@ TEST_P(FeatureMatrixFile, RoundTripsGridsOfManyShapes)
                 auto target = opposite ? makeMatrix(shape.rows, shape.columns,
                                                     [&](int row, int column) { return !pattern(row, column); })
                                        : makeMatrix(shape.rows, shape.columns);
-                ko::Settings settings(file, format);
+                ko::Settings settings(file, QSettings::IniFormat);
                 target->load(&settings);
                 for (int index = 0; index < cells; ++index)
                     ASSERT_EQ(target->isAllowed(index / shape.columns, index % shape.columns), expected[index])
@@ -115,12 +109,8 @@ TEST_P(FeatureMatrixFile, RoundTripsGridsOfManyShapes)
     }
 }
 
-TEST_P(FeatureMatrixFile, LoadsFilesWrittenByOtherMeans)
+TEST_F(FeatureMatrixFile, LoadsFilesWrittenByOtherMeans)
 {
-#if defined(Q_OS_WIN) || defined(Q_OS_DARWIN)
-    if (GetParam() == QSettings::NativeFormat)
-        GTEST_SKIP() << "the native format is not INI text here";
-#endif
     // 3 x 3, row by row: 1 0 1 / 0 0 1 / 0 1 1, which packs to 421.
     const bool expected[] = {true, false, true, false, false, true, false, true, true};
     struct Case { const char* content; const char* outerGroup; };
@@ -134,7 +124,7 @@ TEST_P(FeatureMatrixFile, LoadsFilesWrittenByOtherMeans)
         const QString file = m_dir.filePath(QStringLiteral("written%1.ini").arg(fileNumber++));
         cktest::writeFile(file, c.content);
         auto matrix = makeMatrix(3, 3);
-        ko::Settings settings(file, GetParam());
+        ko::Settings settings(file, QSettings::IniFormat);
         if (c.outerGroup)
             settings.beginGroup(QString::fromLatin1(c.outerGroup));
         matrix->load(&settings);
@@ -143,10 +133,5 @@ TEST_P(FeatureMatrixFile, LoadsFilesWrittenByOtherMeans)
         EXPECT_FALSE(matrix->isDirty()) << c.content;
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(Formats, FeatureMatrixFile, ::testing::Values(QSettings::IniFormat, QSettings::NativeFormat),
-                         [](const ::testing::TestParamInfo<QSettings::Format>& format) {
-                             return format.param == QSettings::IniFormat ? "Ini" : "Native";
-                         });
 
 } // namespace

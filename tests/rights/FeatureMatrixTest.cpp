@@ -189,9 +189,7 @@ TEST_F(FeatureMatrixStore, IncompatibleStoredDimensionsAreLoggedAndChangeNothing
         matrix->setAllowed(0, 1, false);
         matrix->load(&settings);
         ASSERT_EQ(log.lines.size(), 1u);
-        const std::string expected = " E [ko::FeatureMatrix::load] Saved matrix not compatible with current matrix.";
-        ASSERT_GE(log.lines[0].size(), expected.size());
-        EXPECT_EQ(log.lines[0].substr(log.lines[0].size() - expected.size()), expected);
+        EXPECT_TRUE(log.contains(" E [ko::FeatureMatrix::load] Saved matrix not compatible with current matrix."));
         for (int index = 0; index < 6; ++index)
             EXPECT_EQ(matrix->isAllowed(index / 3, index % 3), index != 1);
         EXPECT_TRUE(matrix->isDirty());
