@@ -13,7 +13,6 @@
 #include <QBuffer>
 #include <QColor>
 #include <QDataStream>
-#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QRectF>
@@ -52,7 +51,6 @@ protected:
 
 TEST_F(JsonSettings, EveryValueTypeIsWrittenAsJsonAndReadBackByQSettings)
 {
-    const QByteArray blob("bin\x01\x02 text");
     const QMap<QString, QVariant> values{
         {QStringLiteral("flag"), true},
         {QStringLiteral("count"), 42},
@@ -66,7 +64,7 @@ TEST_F(JsonSettings, EveryValueTypeIsWrittenAsJsonAndReadBackByQSettings)
         {QStringLiteral("at"), QTime(9, 5, 3, 700)},
         {QStringLiteral("changed"), QDateTime(QDate(2023, 12, 31), QTime(23, 59, 1, 5))},
         {QStringLiteral("id"), QUuid(QStringLiteral("{0f1e2d3c-4b5a-6978-8796-a5b4c3d2e1f0}"))},
-        {QStringLiteral("blob"), blob},
+        {QStringLiteral("blob"), QByteArray("bin\x01\x02 text")},
         {QStringLiteral("window/pos"), QPoint(-3, 7)},
         {QStringLiteral("window/size"), QSize(800, 600)},
         {QStringLiteral("window/area"), QRectF(0.5, 1, 2.25, 3)},
@@ -98,27 +96,12 @@ TEST_F(JsonSettings, EveryValueTypeIsWrittenAsJsonAndReadBackByQSettings)
     }
 
     const QByteArray text = contents(QStringLiteral("app.cktest"));
-    QJsonParseError error{};
-    const QJsonObject root = QJsonDocument::fromJson(text, &error).object();
-    ASSERT_EQ(error.error, QJsonParseError::NoError) << text.constData();
-    EXPECT_EQ(root.value(QStringLiteral("flag")), QJsonValue(true));
-    EXPECT_EQ(root.value(QStringLiteral("big")).toDouble(), 1152921504606846976.0);
-    EXPECT_EQ(root.value(QStringLiteral("name")).toString(), values[QStringLiteral("name")].toString());
-    EXPECT_EQ(root.value(QStringLiteral("names")), QJsonArray({QStringLiteral("a"), QStringLiteral("b c")}));
-    EXPECT_EQ(root.value(QStringLiteral("ports")), QJsonArray({80, 443}));
-    EXPECT_EQ(root.value(QStringLiteral("day")).toString(), QStringLiteral("2024-02-29"));
-    EXPECT_EQ(root.value(QStringLiteral("at")).toString(), QStringLiteral("09:05::03.7"));
-    EXPECT_EQ(root.value(QStringLiteral("changed")).toString(), QStringLiteral("2023-12-31 23:59::01.005"));
-    EXPECT_EQ(QByteArray::fromBase64(root.value(QStringLiteral("blob")).toString().toLatin1()), blob);
-    const QJsonObject window = root.value(QStringLiteral("window")).toObject();
-    EXPECT_EQ(window.value(QStringLiteral("pos")), QJsonObject({{QStringLiteral("x"), -3}, {QStringLiteral("y"), 7}}));
-    EXPECT_EQ(window.value(QStringLiteral("area")), QJsonObject({{QStringLiteral("left"), 0.5}, {QStringLiteral("top"), 1}, {QStringLiteral("width"), 2.25}, {QStringLiteral("height"), 3}}));
-    const QJsonArray cams = root.value(QStringLiteral("cams")).toArray();
-    ASSERT_EQ(cams.size(), 2);
-    EXPECT_EQ(cams[1].toObject().value(QStringLiteral("name")).toString(), QStringLiteral("cam 2"));
-    EXPECT_EQ(cams[1].toObject().value(QStringLiteral("grp")).toObject().value(QStringLiteral("deep")), QJsonValue(1));
-    // The tagged color's stream image, read by Qt itself.
-    const QJsonObject color = root.value(QStringLiteral("color")).toObject();
+    // What QJsonDocument reads is what tests/data/json/every-value.json
+    // holds, but for the tagged color: its stream image is read by Qt itself.
+    QJsonObject root = QJsonDocument::fromJson(text).object();
+    const QJsonObject color = root.take(QStringLiteral("color")).toObject();
+    EXPECT_EQ(root, QJsonDocument::fromJson(cktest::readFile(QStringLiteral(COMMONKIT_TEST_DATA "/json/every-value.json")))
+                        .object()) << text.constData();
     EXPECT_EQ(color.value(QStringLiteral("#qtype")), QJsonValue(int(QMetaType::QColor)));
     QDataStream stream(QByteArray::fromBase64(color.value(QStringLiteral("#qdata")).toString().toLatin1()));
     QVariant colorBack;
