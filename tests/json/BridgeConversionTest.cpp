@@ -160,12 +160,10 @@ TEST(JsonBridge, TypesJsonCannotExpressTravelAsTheirQtStreamImage)
 TEST(JsonBridge, NumericFailureGivesZeroAndAWarning)
 {
     LogCapture log;
-    const std::vector<std::string>& lines = log.lines;
     int target = 0;
-    const json::Variant converted = jsonVariant(QVariant::fromValue(static_cast<void*>(&target)), true);
-    EXPECT_EQ(converted.toJson(), "0");
-    ASSERT_EQ(lines.size(), 1u);
-    EXPECT_NE(lines[0].find("[jsonVariant] numeric overflow at: "), std::string::npos) << lines[0];
+    EXPECT_EQ(jsonVariant(QVariant::fromValue(static_cast<void*>(&target)), true).toJson(), "0");
+    ASSERT_EQ(log.lines.size(), 1u);
+    EXPECT_TRUE(log.contains("[jsonVariant] numeric overflow at: ")) << log.text();
 }
 
 // QSettings' own array and group layout, as beginWriteArray makes it, is
@@ -232,14 +230,7 @@ class PointModel : public json::CObjectModel
 public:
     PointModel() : CObjectModel("QPoint", "point") {}
     json::Variant variantFromCObject(const void* object) override { return jsonVariant(*static_cast<const QPoint*>(object), false); }
-    void* objectPtrFromVariant(const json::Variant& value) override
-    {
-        m_point = QPoint(static_cast<int>(value["x"].toInt64()), static_cast<int>(value["y"].toInt64()));
-        return &m_point;
-    }
-
-private:
-    QPoint m_point;
+    void* objectPtrFromVariant(const json::Variant&) override { return nullptr; }
 };
 
 TEST(JsonObjectModel, ModelsAreFoundByEitherName)
