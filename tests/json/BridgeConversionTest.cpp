@@ -1,5 +1,6 @@
-// QVariant <-> json::Variant: the conversion tables, tagged meta types, and
-// the flat layout against QSettings' own array layout.
+// QVariant <-> json::Variant: the conversion tables, tagged meta types,
+// flat keys that cannot be placed and object models. (The flat layout is
+// checked against QSettings' own in the settings format's test.)
 
 #include "testlib/LogCapture.h"
 #include <CommonKit/json/VariantConversion.h>
@@ -17,8 +18,6 @@
 #include <QJsonObject>
 #include <QPolygon>
 #include <QRegularExpression>
-#include <QSettings>
-#include <QTemporaryDir>
 #include <QUrl>
 #include <QUuid>
 #include <QVersionNumber>
@@ -164,47 +163,6 @@ TEST(JsonBridge, NumericFailureGivesZeroAndAWarning)
     EXPECT_EQ(jsonVariant(QVariant::fromValue(static_cast<void*>(&target)), true).toJson(), "0");
     ASSERT_EQ(log.lines.size(), 1u);
     EXPECT_TRUE(log.contains("[jsonVariant] numeric overflow at: ")) << log.text();
-}
-
-// QSettings' own array and group layout, as beginWriteArray makes it, is
-// the flat form of the nested value.
-TEST(JsonBridge, FlatLayoutIsTheArrayLayoutOfQSettings)
-{
-    QTemporaryDir dir;
-    QSettings settings(dir.filePath(QStringLiteral("layout.ini")), QSettings::IniFormat);
-    settings.beginWriteArray(QStringLiteral("cams"));
-    for (int i = 0; i < 3; ++i) {
-        settings.setArrayIndex(i);
-        settings.setValue(QStringLiteral("name"), QStringLiteral("cam %1").arg(i));
-        settings.beginWriteArray(QStringLiteral("ports"), 1);
-        settings.setArrayIndex(0);
-        settings.setValue(QStringLiteral("n"), 80 + i);
-        settings.endArray();
-    }
-    settings.endArray();
-    settings.beginWriteArray(QStringLiteral("none"), 0);
-    settings.endArray();
-    settings.setValue(QStringLiteral("group/sub/flag"), true);
-    QMap<QString, QVariant> qtLayout;
-    for (const QString& key : settings.allKeys())
-        qtLayout.insert(key, settings.value(key));
-
-    const json::Variant nestedValue = parse(R"({
-        "cams": [{"name": "cam 0", "ports": [{"n": 80}]},
-                 {"name": "cam 1", "ports": [{"n": 81}]},
-                 {"name": "cam 2", "ports": [{"n": 82}]}],
-        "group": {"sub": {"flag": true}},
-        "none": []})");
-    QMap<QString, QVariant> flat;
-    qVariantMapFlat(flat, nestedValue, '/', QString());
-    EXPECT_EQ(flat, qtLayout);
-    EXPECT_EQ(flat.value(QStringLiteral("cams/size")), 3);
-    EXPECT_EQ(jsonVariantFlat(qtLayout, '/', nullptr, true), nestedValue);
-
-    QMap<QString, QVariant> prefixed;
-    qVariantMapFlat(prefixed, nestedValue["cams"], '.', QStringLiteral("top"));
-    EXPECT_EQ(prefixed.firstKey(), QStringLiteral("top.1.name"));
-    EXPECT_EQ(prefixed.value(QStringLiteral("top.size")), 3);
 }
 
 TEST(JsonBridge, FlatMapKeysThatCannotBePlacedAreSkippedWithAWarning)

@@ -90,6 +90,12 @@ TEST(JsonBridgeFlatMap, FlatteningAndRebuildingAreInverse)
     EXPECT_EQ(flat.value(QStringLiteral("cams/1/sub/1/day")), QDate(1900, 1, 1));
     EXPECT_EQ(flat.value(QStringLiteral("cams/3/area")), QRect(1, -2, 3, 4));
     EXPECT_EQ(flat.value(QStringLiteral("mixed/5")), QStringLiteral("#qdata"));
+    // Another separator, below a prefix.
+    QMap<QString, QVariant> prefixed;
+    qVariantMapFlat(prefixed, value["cams"], '.', QStringLiteral("top"));
+    EXPECT_EQ(prefixed.firstKey(), QStringLiteral("top.1.e"));
+    EXPECT_EQ(prefixed.value(QStringLiteral("top.size")), 3);
+    EXPECT_EQ(prefixed.value(QStringLiteral("top.1.sub.1.f")), QStringLiteral("line\nbreak"));
 }
 
 // How the schema of one member "m" decides the flat entries of its value.

@@ -86,7 +86,13 @@ TEST_F(JsonSettings, EveryValueTypeIsWrittenAsJsonAndReadBackByQSettings)
             settings.setValue(QStringLiteral("name"), QStringLiteral("cam %1").arg(i + 1));
             settings.setValue(QStringLiteral("since"), QDate(2020 + i, 1, 2));
             settings.setValue(QStringLiteral("grp/deep"), i);
+            settings.beginWriteArray(QStringLiteral("ports"), 1);
+            settings.setArrayIndex(0);
+            settings.setValue(QStringLiteral("n"), 80 + i);
+            settings.endArray();
         }
+        settings.endArray();
+        settings.beginWriteArray(QStringLiteral("none"), 0);
         settings.endArray();
         // Maps and polygons become groups and arrays of their own.
         settings.setValue(QStringLiteral("map"), QVariantMap{{QStringLiteral("a"), 1}, {QStringLiteral("b"), QStringList()}});
@@ -131,7 +137,9 @@ TEST_F(JsonSettings, EveryValueTypeIsWrittenAsJsonAndReadBackByQSettings)
     reread.setArrayIndex(1);
     EXPECT_EQ(reread.value(QStringLiteral("since")), QDate(2021, 1, 2));
     EXPECT_EQ(reread.value(QStringLiteral("grp/deep")), 1);
+    EXPECT_EQ(reread.value(QStringLiteral("ports/1/n")), 81);
     reread.endArray();
+    EXPECT_EQ(reread.value(QStringLiteral("none/size")), 0);
     EXPECT_EQ(reread.value(QStringLiteral("map/a")), 1);
     EXPECT_EQ(reread.value(QStringLiteral("map/b/size")), 0);
     EXPECT_EQ(reread.value(QStringLiteral("poly/2/y")), 4);
