@@ -34,11 +34,6 @@ QByteArray bytesOf(const secure_string& s)
     return QByteArray(s.data(), static_cast<int>(s.size()));
 }
 
-QByteArray sha256(const QByteArray& data)
-{
-    return QCryptographicHash::hash(data, QCryptographicHash::Sha256);
-}
-
 // The settings every test writes: nested keys and values of several types.
 SettingsMap sampleSettings()
 {
@@ -168,7 +163,7 @@ TEST_F(EncryptedSettingsTest, FilesAreTheDataStreamImageOrJsonTextInTheStreamCip
                 expectSampleJson(plain);
             else
                 EXPECT_EQ(plain, dataStreamImage(sampleSettings()));
-            EXPECT_EQ(digest, sha256(plain));
+            EXPECT_EQ(digest, QCryptographicHash::hash(plain, QCryptographicHash::Sha256));
 
             // A key given as a locked string reads it back.
             EncryptedSettings::clearEncryptionKey();
@@ -220,11 +215,6 @@ TEST_F(EncryptedSettingsTest, WorkersLeaveTheDeviceOpenAndTakeTheKeyAsGiven)
     const secure_string digest = EncryptedSettings::writeIni(buffer, sampleSettings(), secure_string("k"));
     EXPECT_TRUE(buffer.isOpen());
     buffer.close();
-
-    QByteArray plain;
-    ASSERT_TRUE(cktest::referenceDecrypt(stream, "k", plain));
-    EXPECT_EQ(bytesOf(digest), sha256(plain));
-
     ASSERT_TRUE(buffer.open(QIODevice::ReadOnly));
     SettingsMap back;
     EXPECT_EQ(EncryptedSettings::readIni(buffer, back, secure_string("k")), digest);
