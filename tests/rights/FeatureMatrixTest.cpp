@@ -2,6 +2,7 @@
 
 #include "MatrixTestSupport.h"
 #include "testlib/DataTable.h"
+#include "testlib/LogCapture.h"
 
 #include <CommonKit/storage/Settings.h>
 
@@ -15,14 +16,13 @@
 
 namespace {
 
-using rightstest::CapturedLog;
 using rightstest::makeMatrix;
 
 using Cell = std::pair<int, int>;
 
 TEST(FeatureMatrix, OwnsGroupsAndFeaturesAndReplacesEntriesById)
 {
-    CapturedLog log;
+    cktest::LogCapture log(ko::Log::Warning);
     ko::FeatureMatrix matrix(5, 4);
     auto* replaced = new ko::FeatureGroup(0);
     matrix.addFeatureGroup(replaced);
@@ -84,7 +84,7 @@ TEST(FeatureMatrix, CellsStartAllowedAndOnlyChangesMakeItDirty)
 
     struct Step { int row; int column; bool allowed; bool dirtyAfter; };
     const Step steps[] = {{0, 0, true, false}, {3, 0, false, false}, {1, 2, false, true}, {1, 2, true, true}};
-    CapturedLog log; // the cell outside the grid is refused with a warning
+    cktest::LogCapture log(ko::Log::Warning); // the cell outside the grid is refused with a warning
     for (const Step& step : steps) {
         matrix->setAllowed(step.row, step.column, step.allowed);
         EXPECT_EQ(matrix->isAllowed(step.row, step.column), step.allowed && step.row < 3);
@@ -180,7 +180,7 @@ TEST_F(FeatureMatrixStore, IncompatibleStoredDimensionsAreLoggedAndChangeNothing
     // Another number of user groups, of feature groups, and nothing saved.
     const Cell stored[] = {{2, 4}, {3, 3}, {-1, -1}};
     for (const Cell& dimensions : stored) {
-        CapturedLog log;
+        cktest::LogCapture log(ko::Log::Warning);
         if (dimensions.first < 0)
             store.clear();
         else
@@ -194,7 +194,7 @@ TEST_F(FeatureMatrixStore, IncompatibleStoredDimensionsAreLoggedAndChangeNothing
             EXPECT_EQ(matrix->isAllowed(index / 3, index % 3), index != 1);
         EXPECT_TRUE(matrix->isDirty());
     }
-    CapturedLog log;
+    cktest::LogCapture log(ko::Log::Warning);
     ko::FeatureMatrix empty(0, 0);
     empty.load(&settings);
     EXPECT_TRUE(log.lines.empty());
