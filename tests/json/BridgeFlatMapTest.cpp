@@ -1,6 +1,7 @@
 // qVariantMapFlat and jsonVariantFlat: inverse to each other, and how the
 // schema decides what stays one entry.
 
+#include "testlib/TestFiles.h"
 #include <CommonKit/json/VariantConversion.h>
 #include <CommonKit/support/json/JsonParser.h>
 #include <CommonKit/support/json/Schema.h>
@@ -28,24 +29,13 @@ json::Variant parsed(const std::string& text)
 }
 
 // One document with every kind of member, nested in objects and in lists of
-// objects (with gaps): flattened with its schema and rebuilt, it comes back
-// as it was, and the schema keeps each typed member one entry of its Qt type.
+// objects (with gaps): flattened with its schema (in tests/data/json) and
+// rebuilt, it comes back as it was, and the schema keeps each typed member
+// one entry of its Qt type.
 TEST(JsonBridgeFlatMap, FlatteningAndRebuildingAreInverse)
 {
-    const auto ref = [](const char* fragment) {
-        return R"({"$ref": ")" + std::string(k_dataTypesUrl) + fragment + "\"}";
-    };
-    const std::string date = R"({"type": "string", "format": "date"})";
-    const auto schema = json::Schema::fromVariant(parsed(
-        R"({"type": "object", "properties": {"day": )" + date + R"(, "at": {"type": "string", "format": "time"},
-        "when": {"type": "string", "format": "date-time"}, "id": {"type": "string", "format": "uuid"},
-        "names": {"type": "array", "items": {"type": "string"}},
-        "ports": {"type": "array", "items": {"type": "integer"}}, "pos": )" + ref("#point")
-        + R"(, "posf": )" + ref("#point(number)") + R"(, "size": )" + ref("#dimension") + R"(, "sizef": )"
-        + ref("#dimension(number)") + R"(, "rect": )" + ref("#rectangle") + R"(, "rectf": )"
-        + ref("#rectangle(number)") + R"(, "cams": {"type": "array", "items": {"type": "object", "properties": {
-        "since": )" + date + R"(, "area": )" + ref("#rectangle") + R"(, "sub": {"type": "array", "items": {
-        "type": "object", "properties": {"day": )" + date + "}}}}}}}}"));
+    const auto schema = json::Schema::fromVariant(
+        parsed(cktest::readFile(QStringLiteral(COMMONKIT_TEST_DATA "/json/flat-map-schema.json")).toStdString()));
     ASSERT_TRUE(schema);
     json::Variant value = parsed(R"({"a": -5, "ax": 0.25, "b": "a/b/c", "bx": true, "c": null, "names": ["", "x"],
         "ports": [3, -9], "mixed": [1, "12", true, 0.5, "#qdata"], "none": [], "cams": [
