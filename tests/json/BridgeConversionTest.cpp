@@ -2,6 +2,7 @@
 // flat keys that cannot be placed and object models. (The flat layout is
 // checked against QSettings' own in the settings format's test.)
 
+#include "testlib/DataTable.h"
 #include "testlib/LogCapture.h"
 #include <CommonKit/json/VariantConversion.h>
 #include <CommonKit/support/core/Log.h>
@@ -22,7 +23,6 @@
 #include <QUuid>
 #include <QVersionNumber>
 
-#include <limits>
 
 namespace {
 
@@ -50,25 +50,26 @@ QVariant nested(const QVariant& inner)
 
 // (Dates, times, points, rectangles and string lists are checked as the
 // settings format writes them, with QJsonDocument.)
+// Scalars both ways, from tests/data/json/scalar-conversions.tsv.
+TEST(JsonBridge, ScalarsConvertByTheDataTable)
+{
+    for (const cktest::DataRow& row : cktest::dataRows("json/scalar-conversions.tsv", 3)) {
+        const QVariant value = cktest::variantOf(row[0]);
+        EXPECT_EQ(jsonVariant(value, false).toJson(), row[1]) << row.where;
+        const QVariant back = qVariant(parse(row[1]));
+        EXPECT_EQ(back.userType() == value.userType() && back == value, row[2] == "1") << row.where;
+    }
+}
+
 TEST(JsonBridge, QtValuesConvertByTheTable)
 {
     const QUuid uuid(QStringLiteral("{0f1e2d3c-4b5a-6978-8796-a5b4c3d2e1f0}"));
     struct Row { QVariant value; const char* json; };
     const Row rows[] = {
-        {QVariant(), "null"},
-        {-7, "-7"},
-        {std::numeric_limits<qlonglong>::min(), "-9223372036854775808"},
-        {std::numeric_limits<qulonglong>::max(), "18446744073709551615"},
-        {4000000000u, "4000000000"},
         {QVariant::fromValue<short>(-3), "-3"},
         {QVariant::fromValue<char>('a'), "97"},
         {QVariant::fromValue<uchar>(200), "200"},
         {QVariant::fromValue<ushort>(65535), "65535"},
-        {0.25, "0.25"},
-        {2.0, "2.0"},
-        {1.5f, "1.5"},
-        {QStringLiteral("Grüße \"x\""), "\"Grüße \\\"x\\\"\""},
-        {QByteArray("raw"), "\"raw\""},
         {QChar(u'z'), "\"z\""},
         {QUrl(QStringLiteral("https://a.example/b?c=d")), "\"https://a.example/b?c=d\""},
         {uuid, "\"{0f1e2d3c-4b5a-6978-8796-a5b4c3d2e1f0}\""},
@@ -105,12 +106,6 @@ TEST(JsonBridge, JsonValuesConvertByTheTable)
 {
     struct Row { const char* json; QVariant expected; };
     const Row rows[] = {
-        {"null", QVariant()},
-        {"true", true},
-        {"-5", qlonglong(-5)},
-        {"18446744073709551615", std::numeric_limits<qulonglong>::max()},
-        {"2.5", 2.5},
-        {"\"Grüße\"", QStringLiteral("Grüße")},
         {R"([1,"a",null])", QVariantList{qlonglong(1), QStringLiteral("a"), QVariant()}},
         {R"({"b":{"c":[]},"a":1.0})",
          QVariantMap{{QStringLiteral("a"), 1.0}, {QStringLiteral("b"), QVariantMap{{QStringLiteral("c"), QVariantList()}}}}},
