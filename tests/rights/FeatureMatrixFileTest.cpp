@@ -7,8 +7,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QFile>
-#include <QMap>
 #include <QSettings>
 #include <QTemporaryDir>
 
@@ -37,26 +35,6 @@ bool patternCell(int seed, int row, int column)
     return (x & 3u) != 0;
 }
 
-// The "key=value" lines of the section [FeatureMatrix] as the file on disk
-// holds them, read without QSettings (whose in-process cache would also answer
-// for a store that was never written).
-QMap<QByteArray, QByteArray> sectionOnDisk(const QString& file)
-{
-    QMap<QByteArray, QByteArray> entries;
-    QFile in(file);
-    if (!in.open(QIODevice::ReadOnly))
-        return entries;
-    bool inSection = false;
-    for (const QByteArray& rawLine : in.readAll().split('\n')) {
-        const QByteArray line = rawLine.trimmed();
-        if (line.startsWith('['))
-            inSection = line == "[FeatureMatrix]";
-        else if (inSection && line.contains('='))
-            entries.insert(line.left(line.indexOf('=')), line.mid(line.indexOf('=') + 1));
-    }
-    return entries;
-}
-
 class FeatureMatrixFile : public ::testing::Test
 {
 protected:
@@ -83,10 +61,11 @@ TEST_F(FeatureMatrixFile, RoundTripsGridsOfManyShapes)
                 source->save(&settings);
             }
             EXPECT_FALSE(source->isDirty()) << label;
-            EXPECT_EQ(sectionOnDisk(file),
-                      (QMap<QByteArray, QByteArray>{{"Rows", QByteArray::number(shape.rows)},
-                                                    {"Columns", QByteArray::number(shape.columns)},
-                                                    {"Matrix", "@ByteArray(" + rightstest::packedText(expected) + ")"}}))
+            // The file itself (QSettings' in-process cache would also answer
+            // for a store that was never written).
+            EXPECT_EQ(cktest::readFile(file), "[FeatureMatrix]\nColumns=" + QByteArray::number(shape.columns)
+                                                  + "\nMatrix=@ByteArray(" + rightstest::packedText(expected)
+                                                  + ")\nRows=" + QByteArray::number(shape.rows) + "\n")
                 << label;
 
             // Loaded into a fresh matrix (all allowed) and into one holding the
