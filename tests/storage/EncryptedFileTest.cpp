@@ -123,15 +123,11 @@ protected:
         return true;
     }
 
-    static RSAKeyPair* s_signing;
-    static RSAKeyPair* s_checking;
-    static RSAKeyPair* s_other;
+    static inline RSAKeyPair* s_signing = nullptr;
+    static inline RSAKeyPair* s_checking = nullptr;
+    static inline RSAKeyPair* s_other = nullptr;
     QTemporaryDir m_dir;
 };
-
-RSAKeyPair* EncryptedFileTest::s_signing = nullptr;
-RSAKeyPair* EncryptedFileTest::s_checking = nullptr;
-RSAKeyPair* EncryptedFileTest::s_other = nullptr;
 
 TEST_F(EncryptedFileTest, EveryCombinationRoundTrips)
 {
