@@ -66,8 +66,9 @@ QByteArray inflate(const QByteArray& zlibStream)
 // The sample settings as a JSON file holds them, compared by QJsonDocument.
 void expectSampleJson(const QByteArray& text)
 {
-    EXPECT_EQ(QJsonDocument::fromJson(text), QJsonDocument::fromJson(R"({"ratio": 0.75, "recorder": {"hosts": ["a", "b"]},
-        "camera": {"name": "Gate Ünterführung", "port": 554, "ptz": true}})")) << text.toStdString();
+    EXPECT_EQ(QJsonDocument::fromJson(text),
+              QJsonDocument::fromJson(R"({"ratio": 0.75, "recorder": {"hosts": ["a", "b"]},
+                  "camera": {"name": "Gate Ünterführung", "port": 554, "ptz": true}})")) << text.toStdString();
 }
 
 json::Variant parseJson(const char* text)
@@ -82,13 +83,11 @@ struct Form { const char* name; QSettings::Format format; const char* extension;
 const Form k_forms[] = {{"binary map", EncryptedSettings::IniFormat, "ini"},
                         {"JSON", EncryptedSettings::JsonFormat, "json"}};
 
-// The schema of the sample settings: it makes the host list a list of
-// strings (without it, a list reads back as a settings array) and keeps
-// "blob" in base64.
+// The schema of the sample settings (in tests/data/storage): it makes the
+// host list a list of strings (without it, a list reads back as a settings
+// array) and keeps "blob" in base64.
 const char k_schemaUrl[] = "https://schemas.commonkit.invalid/test/encsettings.json";
-const char k_schema[] = R"({"type": "object", "properties": {
-    "recorder": {"type": "object", "properties": {"hosts": {"type": "array", "items": {"type": "string"}}}},
-    "blob": {"type": "string", "contentEncoding": "base64"}}})";
+const char k_schemaFile[] = COMMONKIT_TEST_DATA "/storage/encrypted-settings-schema.json";
 
 class EncryptedSettingsTest : public ::testing::Test
 {
@@ -96,7 +95,7 @@ protected:
     void SetUp() override
     {
         EncryptedSettings::clearEncryptionKey();
-        json::Schema::registerSchema(k_schemaUrl, parseJson(k_schema));
+        json::Schema::registerSchema(k_schemaUrl, parseJson(readFile(QString::fromLatin1(k_schemaFile)).constData()));
         EncryptedSettings::setJsonSchemaUrl(ko::Url(QString::fromLatin1(k_schemaUrl)));
     }
     void TearDown() override
