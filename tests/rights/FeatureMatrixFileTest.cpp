@@ -94,7 +94,6 @@ TEST_F(FeatureMatrixFile, LoadsFilesWrittenByOtherMeans)
     const bool expected[] = {true, false, true, false, false, true, false, true, true};
     struct Case { const char* content; const char* outerGroup; };
     const Case cases[] = {
-        {"[FeatureMatrix]\nColumns=3\nMatrix=@ByteArray(421+)\nRows=3\n", nullptr},
         {"[General]\nLanguage=de\n\n[FeatureMatrix]\nRows=3\nColumns=3\nMatrix=421+\n", nullptr}, // a plain string
         {"[Client]\nFeatureMatrix\\Rows=3\nFeatureMatrix\\Columns=3\nFeatureMatrix\\Matrix=@ByteArray(421+)\n", "Client"},
     };

@@ -117,28 +117,21 @@ protected:
 
 TEST_F(FeatureMatrixStore, SaveWritesTheCountsAndThePackedText)
 {
-    struct Case { int rows; int columns; std::vector<Cell> forbidden; const char* text; };
-    const Case cases[] = {
-        {2, 3, {{1, 2}}, "31+"},
-        {2, 16, {}, "4294967295+"},                        // 32 cells: one word, nothing after
-        {5, 7, {{0, 0}}, "4294967294+7+"},                 // a full and a partial word
-        {4, 8, {{3, 7}}, "2147483647+"},                   // the last cell is bit 31
-        {3, 1, {{0, 0}, {2, 0}}, "2+"},                    // packing runs on across row ends
-        {2, 40, {{0, 39}, {1, 0}}, "4294967295+4294966911+65535+"},
-        {0, 5, {}, ""},
-    };
-    for (const Case& c : cases) {
-        auto matrix = makeMatrix(c.rows, c.columns);
-        for (const Cell& cell : c.forbidden)
-            matrix->setAllowed(cell.first, cell.second, false);
+    for (const cktest::DataRow& row : cktest::dataRows("rights/saved-texts.tsv", 4)) {
+        auto matrix = makeMatrix(std::stoi(row[0]), std::stoi(row[1]));
+        for (const QString& cell : QString::fromStdString(row[2]).split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
+            const QStringList at = cell.split(QLatin1Char(','));
+            matrix->setAllowed(at.value(0).toInt(), at.value(1).toInt(), false);
+        }
         store.clear();
         settings.beginGroup(QStringLiteral("Outer"));
         matrix->save(&settings);
         settings.endGroup();
-        EXPECT_EQ(store.allKeys().size(), 3);
-        EXPECT_EQ(store.value(QStringLiteral("Outer/FeatureMatrix/Rows")), QVariant(c.rows));
-        EXPECT_EQ(store.value(QStringLiteral("Outer/FeatureMatrix/Columns")), QVariant(c.columns));
-        EXPECT_EQ(store.value(QStringLiteral("Outer/FeatureMatrix/Matrix")), QVariant(QByteArray(c.text)));
+        EXPECT_EQ(store.allKeys().size(), 3) << row.where;
+        EXPECT_EQ(store.value(QStringLiteral("Outer/FeatureMatrix/Rows")), QVariant(std::stoi(row[0]))) << row.where;
+        EXPECT_EQ(store.value(QStringLiteral("Outer/FeatureMatrix/Columns")), QVariant(std::stoi(row[1]))) << row.where;
+        const QVariant text = store.value(QStringLiteral("Outer/FeatureMatrix/Matrix"));
+        EXPECT_EQ(text, QVariant(QByteArray::fromStdString(row[3]))) << row.where;
     }
 }
 
