@@ -5,7 +5,6 @@
 #include "testlib/DataTable.h"
 #include "testlib/LogCapture.h"
 #include <CommonKit/json/VariantConversion.h>
-#include <CommonKit/support/core/Log.h>
 #include <CommonKit/support/json/JsonParser.h>
 #include <CommonKit/support/json/ObjectModel.h>
 

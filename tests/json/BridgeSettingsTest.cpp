@@ -4,8 +4,6 @@
 #include "testlib/LogCapture.h"
 #include "testlib/TestFiles.h"
 #include <CommonKit/json/JsonSettings.h>
-#include <CommonKit/json/VariantConversion.h>
-#include <CommonKit/support/core/Log.h>
 #include <CommonKit/support/json/JsonParser.h>
 
 #include <gtest/gtest.h>
