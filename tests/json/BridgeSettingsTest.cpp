@@ -2,9 +2,8 @@
 // QJsonDocument, what it reads with QSettings itself.
 
 #include "testlib/LogCapture.h"
+#include "testlib/TestFiles.h"
 #include <CommonKit/json/JsonSettings.h>
-#include <CommonKit/json/VariantConversion.h>
-#include <CommonKit/support/core/Log.h>
 #include <CommonKit/support/json/JsonParser.h>
 
 #include <gtest/gtest.h>
@@ -12,7 +11,6 @@
 #include <QBuffer>
 #include <QColor>
 #include <QDataStream>
-#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QRectF>
@@ -26,27 +24,8 @@ using cktest::LogCapture;
 
 const char* const k_schemaUrl = "https://tests.commonkit.invalid/settings.json";
 
-const char* const k_schema = R"json({
-  "type": "object",
-  "properties": {
-    "names": {"type": "array", "items": {"type": "string"}},
-    "ports": {"type": "array", "items": {"type": "integer"}},
-    "day": {"type": "string", "format": "date"},
-    "at": {"type": "string", "format": "time"},
-    "changed": {"type": "string", "format": "date-time"},
-    "id": {"type": "string", "format": "uuid"},
-    "blob": {"type": "string", "contentEncoding": "base64"},
-    "window": {"type": "object", "properties": {
-      "pos": {"$ref": "https://schemas.commonkit.invalid/datatypes.json#point"},
-      "size": {"$ref": "https://schemas.commonkit.invalid/datatypes.json#dimension"},
-      "area": {"$ref": "https://schemas.commonkit.invalid/datatypes.json#rectangle(number)"},
-      "at": {"$ref": "https://schemas.commonkit.invalid/datatypes.json#point(number)"},
-      "max": {"$ref": "https://schemas.commonkit.invalid/datatypes.json#dimension(number)"},
-      "frame": {"$ref": "https://schemas.commonkit.invalid/datatypes.json#rectangle"}}},
-    "cams": {"type": "array", "items": {"type": "object", "properties": {
-      "since": {"type": "string", "format": "date"}}}}
-  }
-})json";
+// Names the types of some members (tests/data/json/settings-schema.json).
+const char* const k_schemaFile = COMMONKIT_TEST_DATA "/json/settings-schema.json";
 
 class JsonSettings : public ::testing::Test
 {
@@ -54,7 +33,7 @@ protected:
     void SetUp() override
     {
         json::JsonParser parser;
-        ASSERT_TRUE(parser.parse(k_schema));
+        ASSERT_TRUE(parser.parse(cktest::readFile(QString::fromLatin1(k_schemaFile)).toStdString()));
         json::Schema::registerSchema(k_schemaUrl, parser.parseComplete());
         m_format = registerJsonQSettingsFormat(QStringLiteral("cktest"), QUrl(QString::fromLatin1(k_schemaUrl)));
         ASSERT_NE(m_format, QSettings::InvalidFormat);
@@ -62,19 +41,12 @@ protected:
 
     QString path(const QString& name) const { return m_dir.filePath(name); }
 
-    QByteArray contents(const QString& name) const
-    {
-        QFile file(path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<missing>");
-    }
-
     QSettings::Format m_format = QSettings::InvalidFormat;
     QTemporaryDir m_dir;
 };
 
 TEST_F(JsonSettings, EveryValueTypeIsWrittenAsJsonAndReadBackByQSettings)
 {
-    const QByteArray blob("bin\x01\x02 text");
     const QMap<QString, QVariant> values{
         {QStringLiteral("flag"), true},
         {QStringLiteral("count"), 42},
@@ -88,7 +60,7 @@ TEST_F(JsonSettings, EveryValueTypeIsWrittenAsJsonAndReadBackByQSettings)
         {QStringLiteral("at"), QTime(9, 5, 3, 700)},
         {QStringLiteral("changed"), QDateTime(QDate(2023, 12, 31), QTime(23, 59, 1, 5))},
         {QStringLiteral("id"), QUuid(QStringLiteral("{0f1e2d3c-4b5a-6978-8796-a5b4c3d2e1f0}"))},
-        {QStringLiteral("blob"), blob},
+        {QStringLiteral("blob"), QByteArray("bin\x01\x02 text")},
         {QStringLiteral("window/pos"), QPoint(-3, 7)},
         {QStringLiteral("window/size"), QSize(800, 600)},
         {QStringLiteral("window/area"), QRectF(0.5, 1, 2.25, 3)},
@@ -110,7 +82,13 @@ TEST_F(JsonSettings, EveryValueTypeIsWrittenAsJsonAndReadBackByQSettings)
             settings.setValue(QStringLiteral("name"), QStringLiteral("cam %1").arg(i + 1));
             settings.setValue(QStringLiteral("since"), QDate(2020 + i, 1, 2));
             settings.setValue(QStringLiteral("grp/deep"), i);
+            settings.beginWriteArray(QStringLiteral("ports"), 1);
+            settings.setArrayIndex(0);
+            settings.setValue(QStringLiteral("n"), 80 + i);
+            settings.endArray();
         }
+        settings.endArray();
+        settings.beginWriteArray(QStringLiteral("none"), 0);
         settings.endArray();
         // Maps and polygons become groups and arrays of their own.
         settings.setValue(QStringLiteral("map"), QVariantMap{{QStringLiteral("a"), 1}, {QStringLiteral("b"), QStringList()}});
@@ -119,29 +97,13 @@ TEST_F(JsonSettings, EveryValueTypeIsWrittenAsJsonAndReadBackByQSettings)
         ASSERT_EQ(settings.status(), QSettings::NoError);
     }
 
-    const QByteArray text = contents(QStringLiteral("app.cktest"));
-    QJsonParseError error{};
-    const QJsonObject root = QJsonDocument::fromJson(text, &error).object();
-    ASSERT_EQ(error.error, QJsonParseError::NoError) << text.constData();
-    EXPECT_EQ(root.value(QStringLiteral("flag")), QJsonValue(true));
-    EXPECT_EQ(root.value(QStringLiteral("big")).toDouble(), 1152921504606846976.0);
-    EXPECT_TRUE(text.contains("\"ratio\": 0.3,") && text.contains("\"third\": 0.333333333333333,")) << text.constData();
-    EXPECT_EQ(root.value(QStringLiteral("name")).toString(), values[QStringLiteral("name")].toString());
-    EXPECT_EQ(root.value(QStringLiteral("names")), QJsonArray({QStringLiteral("a"), QStringLiteral("b c")}));
-    EXPECT_EQ(root.value(QStringLiteral("ports")), QJsonArray({80, 443}));
-    EXPECT_EQ(root.value(QStringLiteral("day")).toString(), QStringLiteral("2024-02-29"));
-    EXPECT_EQ(root.value(QStringLiteral("at")).toString(), QStringLiteral("09:05::03.7"));
-    EXPECT_EQ(root.value(QStringLiteral("changed")).toString(), QStringLiteral("2023-12-31 23:59::01.005"));
-    EXPECT_EQ(QByteArray::fromBase64(root.value(QStringLiteral("blob")).toString().toLatin1()), blob);
-    const QJsonObject window = root.value(QStringLiteral("window")).toObject();
-    EXPECT_EQ(window.value(QStringLiteral("pos")), QJsonObject({{QStringLiteral("x"), -3}, {QStringLiteral("y"), 7}}));
-    EXPECT_EQ(window.value(QStringLiteral("area")), QJsonObject({{QStringLiteral("left"), 0.5}, {QStringLiteral("top"), 1}, {QStringLiteral("width"), 2.25}, {QStringLiteral("height"), 3}}));
-    const QJsonArray cams = root.value(QStringLiteral("cams")).toArray();
-    ASSERT_EQ(cams.size(), 2);
-    EXPECT_EQ(cams[1].toObject().value(QStringLiteral("name")).toString(), QStringLiteral("cam 2"));
-    EXPECT_EQ(cams[1].toObject().value(QStringLiteral("grp")).toObject().value(QStringLiteral("deep")), QJsonValue(1));
-    // The tagged color's stream image, read by Qt itself.
-    const QJsonObject color = root.value(QStringLiteral("color")).toObject();
+    const QByteArray text = cktest::readFile(path(QStringLiteral("app.cktest")));
+    // What QJsonDocument reads is what tests/data/json/every-value.json
+    // holds, but for the tagged color: its stream image is read by Qt itself.
+    QJsonObject root = QJsonDocument::fromJson(text).object();
+    const QJsonObject color = root.take(QStringLiteral("color")).toObject();
+    EXPECT_EQ(root, QJsonDocument::fromJson(cktest::readFile(QStringLiteral(COMMONKIT_TEST_DATA "/json/every-value.json")))
+                        .object()) << text.constData();
     EXPECT_EQ(color.value(QStringLiteral("#qtype")), QJsonValue(int(QMetaType::QColor)));
     QDataStream stream(QByteArray::fromBase64(color.value(QStringLiteral("#qdata")).toString().toLatin1()));
     QVariant colorBack;
@@ -171,7 +133,9 @@ TEST_F(JsonSettings, EveryValueTypeIsWrittenAsJsonAndReadBackByQSettings)
     reread.setArrayIndex(1);
     EXPECT_EQ(reread.value(QStringLiteral("since")), QDate(2021, 1, 2));
     EXPECT_EQ(reread.value(QStringLiteral("grp/deep")), 1);
+    EXPECT_EQ(reread.value(QStringLiteral("ports/1/n")), 81);
     reread.endArray();
+    EXPECT_EQ(reread.value(QStringLiteral("none/size")), 0);
     EXPECT_EQ(reread.value(QStringLiteral("map/a")), 1);
     EXPECT_EQ(reread.value(QStringLiteral("map/b/size")), 0);
     EXPECT_EQ(reread.value(QStringLiteral("poly/2/y")), 4);
@@ -189,38 +153,28 @@ TEST_F(JsonSettings, PrintedFormIsIndentedWithFifteenDigitsAndNoFinalNewline)
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
     ASSERT_TRUE(writeJsonQSettings(buffer, map, nullptr));
-    EXPECT_EQ(buffer.data().toStdString(), "{\n"
-                                           "    \"a\": 1,\n"
-                                           "    \"b\": {\n"
-                                           "        \"c\": 0.3,\n"
-                                           "        \"d\": [\n"
-                                           "            \"x\"\n"
-                                           "        ]\n"
-                                           "    },\n"
-                                           "    \"e\": [\n"
-                                           "        {\n"
-                                           "            \"f\": 0.666666666666667\n"
-                                           "        }\n"
-                                           "    ],\n"
-                                           "    \"g\": []\n"
-                                           "}");
+    // The exact bytes are in tests/data/json/printed-form.json, which ends
+    // without a line feed too.
+    EXPECT_EQ(buffer.data().toStdString(),
+              cktest::readFile(QStringLiteral(COMMONKIT_TEST_DATA "/json/printed-form.json")).toStdString());
 }
 
 TEST_F(JsonSettings, EdgeCasesOfReadingAndWriting)
 {
-    QFile empty(path(QStringLiteral("empty.cktest")));
-    ASSERT_TRUE(empty.open(QIODevice::WriteOnly));
-    empty.close();
-    QSettings emptySettings(empty.fileName(), m_format);
-    EXPECT_EQ(emptySettings.status(), QSettings::NoError);
-    EXPECT_TRUE(emptySettings.allKeys().isEmpty());
+    // Nothing to read is no settings, not an error (QSettings itself never
+    // passes an empty file on).
+    QBuffer nothing;
+    nothing.open(QIODevice::ReadOnly);
+    QMap<QString, QVariant> none;
+    EXPECT_TRUE(readJsonQSettings(nothing, none, nullptr));
+    EXPECT_TRUE(none.isEmpty());
 
     // A never registered extension: no schema, so no base64.
     QFile plain(path(QStringLiteral("plain.unregistered")));
     ASSERT_TRUE(plain.open(QIODevice::WriteOnly));
     EXPECT_TRUE(writeJsonQSettings(plain, {{QStringLiteral("blob"), QByteArray("raw")}}));
     plain.close();
-    EXPECT_EQ(contents(QStringLiteral("plain.unregistered")), QByteArray("{\n    \"blob\": \"raw\"\n}"));
+    EXPECT_EQ(cktest::readFile(path(QStringLiteral("plain.unregistered"))), QByteArray("{\n    \"blob\": \"raw\"\n}"));
 
     // An empty map writes nothing; devices that are no files are refused.
     QBuffer buffer;

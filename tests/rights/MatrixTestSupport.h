@@ -1,11 +1,9 @@
 #pragma once
 
-// Helpers of the rights tests: log capture, matrices of a given shape and an
-// independent encoder of the "Matrix" text.
+// Helpers of the rights tests: matrices of a given shape and an independent
+// encoder of the "Matrix" text.
 
-#include "testlib/LogCapture.h"
 #include <CommonKit/rights/FeatureMatrix.h>
-#include <CommonKit/support/core/Log.h>
 
 #include <QByteArray>
 
@@ -15,13 +13,6 @@
 #include <vector>
 
 namespace rightstest {
-
-// The log lines from warnings up.
-class CapturedLog : public cktest::LogCapture
-{
-public:
-    CapturedLog() : cktest::LogCapture(ko::Log::Warning) {}
-};
 
 // A matrix allocated rows x columns with feature groups 0 .. rows - 1 and
 // user groups 0 .. columns - 1, cells set by allowed(row, column) if given.

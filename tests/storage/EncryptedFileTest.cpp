@@ -6,14 +6,14 @@
 #include <CommonKit/storage/EncryptedFile.h>
 #include <CommonKit/support/core/Log.h>
 #include <CommonKit/support/crypto/IODevice.h>
-#include <CommonKit/support/json/JsonParser.h>
 
 #include <gtest/gtest.h>
 
 #include <QDateTime>
 #include <QProcess>
 #include <QRandomGenerator>
-#include <QRegularExpression>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QtEndian>
@@ -24,6 +24,7 @@
 
 #ifndef _WIN32
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #endif
@@ -122,15 +123,11 @@ protected:
         return true;
     }
 
-    static RSAKeyPair* s_signing;
-    static RSAKeyPair* s_checking;
-    static RSAKeyPair* s_other;
+    static inline RSAKeyPair* s_signing = nullptr;
+    static inline RSAKeyPair* s_checking = nullptr;
+    static inline RSAKeyPair* s_other = nullptr;
     QTemporaryDir m_dir;
 };
-
-RSAKeyPair* EncryptedFileTest::s_signing = nullptr;
-RSAKeyPair* EncryptedFileTest::s_checking = nullptr;
-RSAKeyPair* EncryptedFileTest::s_other = nullptr;
 
 TEST_F(EncryptedFileTest, EveryCombinationRoundTrips)
 {
@@ -138,6 +135,14 @@ TEST_F(EncryptedFileTest, EveryCombinationRoundTrips)
     const secure_string key("correct horse battery staple");
     const RSAKeyPair noSigner;
     const int sizes[] = {0, 1, ko::crypto::aes_context::k_chunkSize, 3 * 1024 * 1024 + 17};
+    // Digests and signer names go round in turn; a name is stored as UTF-8,
+    // with invalid bytes replaced.
+    struct Row { MessageDigest::Algorithm algorithm; const char* name; const char* signer; const char* stored; };
+    const Row rows[] = {
+        {MessageDigest::SHA1, "SHA1", "Jos\xc3\xa9", "Jos\xc3\xa9"},
+        {MessageDigest::SHA512, "SHA512", "Jos\xe9", "Jos\xef\xbf\xbd"},
+        {MessageDigest::SHA256, "SHA256", "\xff tab\there", "\xef\xbf\xbd tab\there"},
+    };
     int round = 0;
     for (const secure_string* k : {&noKey, &key}) {
         for (const int compression : {ko::ZlibDevice::k_noCompression, ko::ZlibDevice::k_defaultCompression, 9}) {
@@ -145,9 +150,11 @@ TEST_F(EncryptedFileTest, EveryCombinationRoundTrips)
                 for (const int size : sizes) {
                     SCOPED_TRACE(::testing::Message() << "key " << !k->empty() << " compression " << compression
                                                       << " signed " << sign << " size " << size);
+                    const auto& row = rows[round % 3];
                     const QString file = path(QStringLiteral("round%1").arg(round++));
                     const QByteArray payload = payloadOfSize(size);
-                    ASSERT_TRUE(seal(file, payload, *k, compression, sign ? *s_signing : noSigner));
+                    const RSAKeyPair& signer = sign ? *s_signing : noSigner;
+                    ASSERT_TRUE(seal(file, payload, *k, compression, signer, row.signer, row.algorithm));
 
                     EncryptedFile in;
                     ASSERT_TRUE(in.open(QFileInfo(file), *k));
@@ -159,21 +166,39 @@ TEST_F(EncryptedFileTest, EveryCombinationRoundTrips)
                     EXPECT_EQ(meta.keys(), keys);
                     EXPECT_EQ(meta.value("compression").toInt64(-99), compression);
                     EXPECT_EQ(meta.value("encrypted").toBool(), !k->empty());
-                    EXPECT_EQ(meta.value("digest-algorithm").toString(), "SHA256");
+                    EXPECT_EQ(meta.value("digest-algorithm").toString(), row.name);
+                    EXPECT_EQ(meta.value("signer").toString(), row.stored);
                     EXPECT_EQ(meta.value("content-length").toInt64(), size);
                     EXPECT_EQ(meta.value("encrypted-length").toInt64(),
                               QFileInfo(file).size() - static_cast<qint64>(meta.toJson().size()) - 8);
                     EXPECT_EQ(EncryptedFile::metaInfo(QFileInfo(file)), meta);
 
-                    // Half the signed cases verify before reading, the others after.
+                    // Unencrypted and uncompressed, the payload is stored as it is.
+                    EXPECT_TRUE(!k->empty() || compression != 0 || readFile(file).startsWith(payload));
+                    // Half the signed cases verify after reading a part (verify
+                    // reads the rest), the others after reading everything.
                     QByteArray data;
                     if (sign && size % 2 == 0) {
+                        EXPECT_EQ(in.read(1000), payload.left(1000));
                         EXPECT_TRUE(in.verify(*s_checking));
                     } else {
                         ASSERT_TRUE(readAllOf(in, &data, size % 3 == 0 ? 4096 : 70001));
                         EXPECT_TRUE(data == payload) << "read back " << data.size() << " bytes";
                         EXPECT_TRUE(in.atEnd());
                         EXPECT_EQ(in.verify(*s_checking), sign);
+                        if (!sign) {
+                            EXPECT_EQ(in.errorString(), QStringLiteral("%1 carries no signature.").arg(file));
+                        }
+                    }
+                    if (sign) {
+                        EncryptedFile again;
+                        ASSERT_TRUE(again.open(QFileInfo(file), *k));
+                        EXPECT_FALSE(again.verify(*s_other));
+                        EXPECT_TRUE(again.errorString().startsWith(QStringLiteral(
+                            "The signature of %1 is not valid: The signature does not match the digest").arg(file)));
+                        EXPECT_FALSE(again.verify(RSAKeyPair()));
+                        EXPECT_EQ(again.errorString(), QStringLiteral("There is no public key to check the "
+                                                                      "signature of %1 with.").arg(file));
                     }
                 }
             }
@@ -181,63 +206,42 @@ TEST_F(EncryptedFileTest, EveryCombinationRoundTrips)
     }
 }
 
-// The layout, and the time stamps: UTC to the second.
-TEST_F(EncryptedFileTest, PlainFileIsPayloadThenJsonThenLength)
+// The trailer read without the library, and the signature checked by the
+// openssl tool: plain RSA over SHA-256 of the plain payload followed by the
+// metadata printed with tab indentation, without "signature".
+TEST_F(EncryptedFileTest, TrailerAndSignatureCheckOutWithoutTheLibrary)
 {
+    const QString file = path("signed");
+    const QByteArray payload = payloadOfSize(100000);
     const QDateTime before = QDateTime::currentDateTimeUtc().addSecs(-1);
-    const QString file = path("plain");
-    const QByteArray payload("hello, container");
-    ASSERT_TRUE(seal(file, payload, secure_string(), ko::ZlibDevice::k_noCompression, RSAKeyPair(), ""));
+    ASSERT_TRUE(seal(file, payload, secure_string("k"), 5, *s_signing, "Ana \"QA\" Lima"));
+    // The trailer: the metadata as JSON, then its length in eight big-endian bytes.
     const QByteArray bytes = readFile(file);
-    ASSERT_TRUE(bytes.startsWith(payload));
-    const QByteArray json = bytes.mid(payload.size(), bytes.size() - payload.size() - 8);
-    EXPECT_EQ(bytes.right(8), bigEndian64(static_cast<quint64>(json.size())));
+    const qint64 metaSize = qFromBigEndian<qint64>(bytes.right(8).constData());
+    ASSERT_TRUE(metaSize > 0 && metaSize < bytes.size() - 8);
+    const int payloadSize = bytes.size() - 8 - int(metaSize);
+    const QJsonObject meta = QJsonDocument::fromJson(bytes.mid(payloadSize, int(metaSize))).object();
+    const QString opened = meta.value("opened").toString();
+    EXPECT_EQ(meta.value("encrypted-length").toDouble(), payloadSize);
+    // Time stamps are UTC to the second.
+    QDateTime stamp = QDateTime::fromString(opened, QStringLiteral("yyyy-MM-dd'T'HH:mm:ss"));
+    stamp.setTimeSpec(Qt::UTC);
+    EXPECT_TRUE(before <= stamp && stamp <= QDateTime::currentDateTimeUtc().addSecs(1)) << qPrintable(opened);
 
-    json::JsonParser parser;
-    ASSERT_TRUE(parser.parse(json.constData(), static_cast<std::size_t>(json.size())));
-    const json::Variant meta = parser.parseComplete();
-    EXPECT_EQ(meta.value("encrypted-length").toInt64(), payload.size());
-    const QString opened = QString::fromStdString(meta.value("opened").toString());
-    EXPECT_TRUE(QRegularExpression("^\\d{4}-\\d\\d-\\d\\dT\\d\\d:\\d\\d:\\d\\d$").match(opened).hasMatch()) << qPrintable(opened);
-    QDateTime parsed = QDateTime::fromString(opened, Qt::ISODate);
-    parsed.setTimeSpec(Qt::UTC);
-    EXPECT_LE(before, parsed);
-    EXPECT_GE(QDateTime::currentDateTimeUtc().addSecs(1), parsed);
-
-    // Without a signature there is nothing to verify.
-    EncryptedFile in;
-    ASSERT_TRUE(in.open(QFileInfo(file), secure_string()));
-    EXPECT_FALSE(in.verify(*s_checking));
-    EXPECT_EQ(in.errorString().toStdString(), QStringLiteral("%1 carries no signature.").arg(file).toStdString());
-    EncryptedFile closed;
-    EXPECT_FALSE(closed.verify(*s_checking));
-    EXPECT_EQ(closed.errorString().toStdString(), "The container is not open for reading.");
-}
-
-// The signature is plain RSA over the documented digest, so OpenSSL alone can
-// check it: SHA-256 over the plain payload followed by the metadata printed
-// with tab indentation, without "signature".
-TEST_F(EncryptedFileTest, SignatureVerifiesWithTheOpensslTool)
-{
     const QString openssl = QStandardPaths::findExecutable("openssl");
     if (openssl.isEmpty())
         GTEST_SKIP() << "no openssl command";
-    const QString file = path("signed");
-    const QByteArray payload = payloadOfSize(100000);
-    ASSERT_TRUE(seal(file, payload, secure_string("k"), 5, *s_signing, "Ana \"QA\" Lima"));
-    const json::Variant meta = EncryptedFile::metaInfo(QFileInfo(file));
-
     // The printed metadata, spelled out here from the documented form.
     const QByteArray printed = QStringLiteral(
         "{\n\t\"compression\": 5,\n\t\"encrypted\": true,\n\t\"digest-algorithm\": \"SHA256\",\n"
         "\t\"opened\": \"%1\",\n\t\"created\": \"%1\",\n\t\"signer\": \"Ana \\\"QA\\\" Lima\",\n"
         "\t\"content-length\": 100000,\n\t\"encrypted-length\": %2\n}")
-        .arg(QString::fromStdString(meta.value("opened").toString()))
-        .arg(meta.value("encrypted-length").toInt64()).toUtf8();
+        .arg(opened)
+        .arg(payloadSize).toUtf8();
 
     const std::string publicPem = s_signing->publicKeyPem();
     writeFile(path("public.pem"), QByteArray::fromStdString(publicPem));
-    writeFile(path("signature.bin"), QByteArray::fromBase64(QByteArray::fromStdString(meta.value("signature").toString())));
+    writeFile(path("signature.bin"), QByteArray::fromBase64(meta.value("signature").toString().toLatin1()));
     auto run = [&](const QStringList& arguments) {
         QProcess process;
         process.start(openssl, arguments);
@@ -253,38 +257,6 @@ TEST_F(EncryptedFileTest, SignatureVerifiesWithTheOpensslTool)
     EXPECT_TRUE(opensslVerifies(payload + printed));
     // And the same check fails for a digest of different bytes.
     EXPECT_FALSE(opensslVerifies(payload + printed + ' '));
-}
-
-// Whatever bytes a caller gives as the signer's name, the container can be
-// opened again and its signature checks out, with every digest.
-TEST_F(EncryptedFileTest, VerifyChecksSignerLengthsAndKey)
-{
-    const QString file = path("v");
-    const QByteArray payload = payloadOfSize(200000);
-    const struct { MessageDigest::Algorithm algorithm; std::string signer; std::string stored; } rows[] = {
-        {MessageDigest::SHA1, "Jos\xc3\xa9", "Jos\xc3\xa9"},
-        {MessageDigest::SHA512, "Jos\xe9", "Jos\xef\xbf\xbd"},
-        {MessageDigest::SHA256, "\xff tab\there", "\xef\xbf\xbd tab\there"},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.stored);
-        ASSERT_TRUE(seal(file, payload, secure_string(), 1, *s_signing, row.signer.c_str(), row.algorithm));
-        EncryptedFile in;
-        ASSERT_TRUE(in.open(QFileInfo(file), secure_string()));
-        EXPECT_EQ(in.metaInfo().value("digest-algorithm").toString(), MessageDigest::algorithmName(row.algorithm));
-        EXPECT_EQ(in.metaInfo().value("signer").toString(), row.stored);
-        // Part read, the rest is read by verify.
-        EXPECT_EQ(in.read(1000), payload.left(1000));
-        EXPECT_TRUE(in.verify(*s_checking));
-        EncryptedFile again;
-        ASSERT_TRUE(again.open(QFileInfo(file), secure_string()));
-        EXPECT_FALSE(again.verify(*s_other));
-        EXPECT_TRUE(again.errorString().startsWith(
-            QStringLiteral("The signature of %1 is not valid: The signature does not match the digest").arg(file)));
-        EXPECT_FALSE(again.verify(RSAKeyPair()));
-        EXPECT_EQ(again.errorString().toStdString(),
-                  QStringLiteral("There is no public key to check the signature of %1 with.").arg(file).toStdString());
-    }
 }
 
 // A byte flipped anywhere makes opening fail, reading fail or differ, or the
@@ -496,25 +468,19 @@ TEST_F(EncryptedFileTest, CreateFailsCleanly)
     EXPECT_EQ(out.errorString().toStdString(),
               QStringLiteral("Cannot create %1: %2").arg(missingDirectory, reference.errorString()).toStdString());
     EncryptedFile badLevel;
-    EXPECT_FALSE(badLevel.create(QFileInfo(path("level")), secure_string(), 42,
-                                 MessageDigest::SHA256));
-    EXPECT_EQ(badLevel.errorString().toStdString(),
-              QStringLiteral("Cannot open the device stack of %1: Invalid compression level 42.")
-                  .arg(path("level"))
-                  .toStdString());
+    EXPECT_FALSE(badLevel.create(QFileInfo(path("level")), secure_string(), 42, MessageDigest::SHA256));
+    EXPECT_EQ(badLevel.errorString(),
+              QStringLiteral("Cannot open the device stack of %1: Invalid compression level 42.").arg(path("level")));
+    EXPECT_FALSE(badLevel.verify(*s_checking));
+    EXPECT_EQ(badLevel.errorString().toStdString(), "The container is not open for reading.");
 }
 
 #if defined(__linux__) && !defined(__SANITIZE_ADDRESS__)
 // Peak resident memory of the process in KiB.
 long peakResidentKiB()
 {
-    QFile status("/proc/self/status");
-    if (!status.open(QIODevice::ReadOnly))
-        return -1;
-    for (const QByteArray& line : status.readAll().split('\n'))
-        if (line.startsWith("VmHWM:"))
-            return line.mid(6).trimmed().split(' ').value(0).toLong();
-    return -1;
+    rusage usage{};
+    return getrusage(RUSAGE_SELF, &usage) == 0 ? usage.ru_maxrss : -1;
 }
 
 TEST_F(EncryptedFileTest, LargePayloadsStreamInFlatMemory)
