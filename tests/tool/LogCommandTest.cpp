@@ -105,6 +105,12 @@ TEST_F(LogCommandTest, UnknownKindsAreCountedAndSkipped)
     EXPECT_TRUE(skipped.err.contains("2 entries")) << skipped.err.toStdString();
 }
 
+// `commonkit log append <path> --kind ALog <options>`: its exit code.
+int append(const QString& path, const QStringList& options)
+{
+    return runTool(QStringList{"log", "append", path, "--kind", "ALog"} + options).exitCode;
+}
+
 // append, finalize and show --follow on a file in a scratch directory.
 TEST(LogWriteCommands, AppendFinalizeAndTheirRefusals)
 {
@@ -142,25 +148,11 @@ TEST(LogWriteCommands, AppendFinalizeAndTheirRefusals)
     EXPECT_EQ(entries.at(1).toElement().attribute(QStringLiteral("Olif")), QStringLiteral("second"));
 }
 
-TEST(LogWriteCommands, SizeRolloverThroughTheTool)
-{
-    QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("r.kol"));
-    for (const char* text : {"one", "two"})
-        EXPECT_EQ(runTool({"log", "append", path, "--kind", "ALog", "--value", QStringLiteral("Olif=") + text,
-                           "--split", "size:10"})
-                      .exitCode,
-                  0);
-    const QStringList backups = QDir(dir.path()).entryList({"commonkit *.kol"}, QDir::Files);
-    ASSERT_EQ(backups.size(), 1);
-    EXPECT_TRUE(QRegularExpression("^commonkit \\d{4}-\\d\\d-\\d\\d \\d\\d-\\d\\d-\\d\\d\\.kol$").match(backups[0]).hasMatch());
-}
-
 TEST(LogWriteCommands, FollowPrintsWhatAnotherProcessAppends)
 {
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("f.kol"));
-    ASSERT_EQ(runTool({"log", "append", path, "--kind", "ALog", "--value", "Olif=before"}).exitCode, 0);
+    ASSERT_EQ(append(path, {"--value", "Olif=before"}), 0);
     QProcess follower;
     follower.start(QStringLiteral(COMMONKIT_TOOL), {"log", "show", path, "--follow"});
     ASSERT_TRUE(follower.waitForStarted());
@@ -173,17 +165,20 @@ TEST(LogWriteCommands, FollowPrintsWhatAnotherProcessAppends)
         return seen.contains(text);
     };
     EXPECT_TRUE(waitFor("'before'"));
-    ASSERT_EQ(runTool({"log", "append", path, "--kind", "ALog", "--value", "Olif=after"}).exitCode, 0);
+    ASSERT_EQ(append(path, {"--value", "Olif=after"}), 0);
     EXPECT_TRUE(waitFor("'after'")) << seen.constData();
-    // A rollover replaces the file; following goes on in the new one.
-    ASSERT_EQ(runTool({"log", "append", path, "--kind", "ALog", "--value", "Olif=rolled", "--split", "size:10"}).exitCode, 0);
+    // A rollover (--split) moves the file aside under its date; following
+    // goes on in the new one.
+    ASSERT_EQ(append(path, {"--value", "Olif=rolled", "--split", "size:10"}), 0);
     EXPECT_TRUE(waitFor("'rolled'")) << seen.constData();
     EXPECT_EQ(seen.count("'after'"), 1);
+    const QStringList backups = QDir(dir.path()).entryList({"commonkit *.kol"}, QDir::Files);
+    ASSERT_EQ(backups.size(), 1);
+    const QRegularExpression backupName("^commonkit \\d{4}-\\d\\d-\\d\\d \\d\\d-\\d\\d-\\d\\d\\.kol$");
+    EXPECT_TRUE(backupName.match(backups[0]).hasMatch()) << backups[0].toStdString();
     follower.kill();
     follower.waitForFinished();
 }
-
-} // namespace
 
 TEST(LogReadCommands, WhereFormatsAndStats)
 {
@@ -191,7 +186,7 @@ TEST(LogReadCommands, WhereFormatsAndStats)
     const QString path = dir.filePath(QStringLiteral("s.kol"));
     const QStringList olds = {"a,b", "say \"hi\"", "plain"};
     for (const QString& old : olds)
-        ASSERT_EQ(runTool({"log", "append", path, "--kind", "ALog", "--value", "Olif=" + old, "--value", "Nlif=n"}).exitCode, 0);
+        ASSERT_EQ(append(path, {"--value", "Olif=" + old, "--value", "Nlif=n"}), 0);
 
     // JSON: one object per line with every value by its id.
     const ToolRun json = runTool({"log", "show", path, "--format", "json", "--where", "oldFile <> 'plain'"});
@@ -229,3 +224,5 @@ TEST(LogReadCommands, WhereFormatsAndStats)
         EXPECT_EQ(run.err.trimmed(), QString::fromUtf8(refusal.second));
     }
 }
+
+} // namespace
