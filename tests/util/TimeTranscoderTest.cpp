@@ -68,13 +68,6 @@ TEST(CTimeTranscoder, MillisecondConstructorHasNoMicroseconds)
         const ko::CTimeTranscoder time(ms);
         expectFields(time, ms, 0);
     }
-    const ko::CTimeTranscoder fromFrame(1500ULL);
-    EXPECT_EQ(fromFrame.millisecond(), 1);
-    EXPECT_EQ(fromFrame.microsecond(), 500);
-    const ko::CTimeTranscoder fromMs(1500u);
-    EXPECT_EQ(fromMs.second(), 1);
-    EXPECT_EQ(fromMs.millisecond(), 500);
-    EXPECT_EQ(fromMs.microsecond(), 0);
 }
 
 TEST(CTimeTranscoder, OneHourEastGivesShiftedTexts)
@@ -85,19 +78,6 @@ TEST(CTimeTranscoder, OneHourEastGivesShiftedTexts)
     const ko::CTimeTranscoder time(0ULL);
     EXPECT_EQ(time.toIdString(), "19700101_010000_000");
     EXPECT_EQ(time.toString(), "01.01.1970-01:00:00.000");
-}
-
-TEST(CTimeTranscoder, CopiesAreIndependentValues)
-{
-    ko::CTimeTranscoder a(1714979289123789ULL);
-    const ko::CTimeTranscoder b(a);
-    a = ko::CTimeTranscoder(0u);
-    EXPECT_EQ(b.microsecond(), 789);
-    EXPECT_EQ(b.millisecond(), 123);
-    EXPECT_EQ(a.microsecond(), 0);
-    EXPECT_NE(a.toString(), b.toString());
-    EXPECT_EQ(ko::CTimeTranscoder::MILLISECONDS_PER_DAY, 86400000);
-    EXPECT_EQ(ko::CTimeTranscoder::MICROSECONDS_PER_DAY, 86400000000LL);
 }
 
 } // namespace
