@@ -49,6 +49,11 @@ std::string leaked(const QByteArray& text, const QByteArray& secret)
     return found;
 }
 
+secure_string secure(const QByteArray& bytes)
+{
+    return secure_string(bytes.constData(), static_cast<size_t>(bytes.size()));
+}
+
 // The bytes of every file under `dir` except the key files themselves.
 QByteArray writtenFiles(const QString& dir, const QStringList& keyFiles)
 {
@@ -87,6 +92,18 @@ protected:
         EXPECT_EQ(leaked(text, k_wrongKey), "") << "wrong key in " << where;
     }
 
+    // Runs `commonkit <command> <arguments>` for each row, each failing or
+    // not as the row says, and none showing a key.
+    void runWithoutLeaks(const char* command, const std::vector<std::pair<QStringList, bool>>& rows) const
+    {
+        for (const auto& [arguments, fails] : rows) {
+            const cktest::ToolRun result = cktest::runTool(QStringList{command} + arguments);
+            const std::string where = command + (" " + arguments.join(' ').toStdString());
+            EXPECT_EQ(result.exitCode != 0, fails) << where << ": " << result.err.toStdString();
+            expectNoKey(result.out.toUtf8() + result.err.toUtf8(), where);
+        }
+    }
+
     const QByteArray k_key = "Key-3f9a61c2-only-in-the-key-file";
     const QByteArray k_wrongKey = "Wrong-d81e07b5-also-secret";
     QTemporaryDir m_dir;
@@ -98,14 +115,13 @@ TEST_F(Secrets, SettingsKeyStaysOutOfLogsToolOutputAndFiles)
         LogCapture log(1); // information included
         for (const QSettings::Format format : {EncryptedSettings::IniFormat, EncryptedSettings::JsonFormat}) {
             const QString file = path(format == EncryptedSettings::IniFormat ? "lib.ini" : "lib.json");
-            EncryptedSettings::setEncryptionKey(secure_string(k_key.constData(), static_cast<size_t>(k_key.size())));
+            EncryptedSettings::setEncryptionKey(secure(k_key));
             {
                 QSettings settings(file, format);
                 settings.setValue(QStringLiteral("camera/name"), QStringLiteral("Gate"));
             }
             QFile::copy(file, file + ".copy");
-            EncryptedSettings::setEncryptionKey(
-                secure_string(k_wrongKey.constData(), static_cast<size_t>(k_wrongKey.size())));
+            EncryptedSettings::setEncryptionKey(secure(k_wrongKey));
             QSettings wrong(file + ".copy", format);
             EXPECT_EQ(wrong.status(), QSettings::FormatError);
         }
@@ -114,18 +130,12 @@ TEST_F(Secrets, SettingsKeyStaysOutOfLogsToolOutputAndFiles)
         expectNoKey(QByteArray::fromStdString(log.text()), "the library's log lines");
     }
 
-    const struct { QStringList arguments; int exitCode; } runs[] = {
-        {{"convert", path("lib.ini"), path("tool.json"), "--key-file", path("key"), "--out-key-file", path("key")}, 0},
-        {{"show", path("tool.json"), "--key-file", path("key")}, 0},
-        {{"show", path("tool.json"), "--key-file", path("wrong")}, 1},
-        {{"convert", path("tool.json"), path("plain.json"), "--key-file", path("key"), "--plain"}, 0},
-    };
-    for (const auto& run : runs) {
-        const cktest::ToolRun result = cktest::runTool(QStringList{"settings"} + run.arguments);
-        const std::string command = "settings " + run.arguments.join(' ').toStdString();
-        EXPECT_EQ(result.exitCode != 0, run.exitCode != 0) << command << ": " << result.err.toStdString();
-        expectNoKey(result.out.toUtf8() + result.err.toUtf8(), command);
-    }
+    runWithoutLeaks("settings", {
+        {{"convert", path("lib.ini"), path("tool.json"), "--key-file", path("key"), "--out-key-file", path("key")}, false},
+        {{"show", path("tool.json"), "--key-file", path("key")}, false},
+        {{"show", path("tool.json"), "--key-file", path("wrong")}, true},
+        {{"convert", path("tool.json"), path("plain.json"), "--key-file", path("key"), "--plain"}, false},
+    });
     EXPECT_TRUE(readFile(path("plain.json")).contains("Gate"));
     expectNoKey(writtenFiles(m_dir.path(), {"key", "wrong"}), "the written files");
 }
@@ -136,13 +146,12 @@ TEST_F(Secrets, ContainerKeyStaysOutOfLogsToolOutputAndFiles)
     {
         LogCapture log(1); // information included
         ko::EncryptedFile out;
-        ASSERT_TRUE(out.create(QFileInfo(path("lib.box")), secure_string(k_key.constData(), static_cast<size_t>(k_key.size())), 6));
+        ASSERT_TRUE(out.create(QFileInfo(path("lib.box")), secure(k_key), 6));
         ASSERT_EQ(out.write(payload), payload.size());
         out.close(ko::crypto::RSAKeyPair(), "tester");
 
         ko::EncryptedFile in;
-        ASSERT_TRUE(in.open(QFileInfo(path("lib.box")),
-                            secure_string(k_wrongKey.constData(), static_cast<size_t>(k_wrongKey.size()))));
+        ASSERT_TRUE(in.open(QFileInfo(path("lib.box")), secure(k_wrongKey)));
         char buffer[64];
         EXPECT_LT(in.read(buffer, sizeof buffer), 0) << "a wrong key makes reading fail";
         EXPECT_FALSE(in.errorString().isEmpty());
@@ -152,19 +161,13 @@ TEST_F(Secrets, ContainerKeyStaysOutOfLogsToolOutputAndFiles)
     }
 
     writeFile(path("input.bin"), payload);
-    const struct { QStringList arguments; int exitCode; } runs[] = {
-        {{"create", path("input.bin"), path("tool.box"), "--key-file", path("key"), "--compress", "6"}, 0},
-        {{"info", path("tool.box")}, 0},
-        {{"extract", path("tool.box"), path("out.bin"), "--key-file", path("key")}, 0},
-        {{"extract", path("tool.box"), path("bad.bin"), "--key-file", path("wrong")}, 1},
-        {{"extract", path("lib.box"), path("lib.bin"), "--key-file", path("key")}, 0},
-    };
-    for (const auto& run : runs) {
-        const cktest::ToolRun result = cktest::runTool(QStringList{"container"} + run.arguments);
-        const std::string command = "container " + run.arguments.join(' ').toStdString();
-        EXPECT_EQ(result.exitCode != 0, run.exitCode != 0) << command << ": " << result.err.toStdString();
-        expectNoKey(result.out.toUtf8() + result.err.toUtf8(), command);
-    }
+    runWithoutLeaks("container", {
+        {{"create", path("input.bin"), path("tool.box"), "--key-file", path("key"), "--compress", "6"}, false},
+        {{"info", path("tool.box")}, false},
+        {{"extract", path("tool.box"), path("out.bin"), "--key-file", path("key")}, false},
+        {{"extract", path("tool.box"), path("bad.bin"), "--key-file", path("wrong")}, true},
+        {{"extract", path("lib.box"), path("lib.bin"), "--key-file", path("key")}, false},
+    });
     EXPECT_EQ(readFile(path("out.bin")), payload);
     EXPECT_EQ(readFile(path("lib.bin")), payload);
     expectNoKey(writtenFiles(m_dir.path(), {"key", "wrong"}), "the written files");
