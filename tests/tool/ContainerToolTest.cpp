@@ -15,11 +15,7 @@
 
 namespace {
 
-using cktest::readFile;
-using cktest::writeFile;
-
-using cktest::runTool;
-using cktest::ToolRun;
+using namespace cktest;
 
 // `commonkit container <arguments>`.
 ToolRun container(const QStringList& arguments, const QByteArray& input = QByteArray())
@@ -99,13 +95,15 @@ TEST_F(ContainerTool, CreateExtractInfoAndVerifyRoundTrip)
         QStringList keyOption; // for extract and verify
         QByteArray standardInput;
         const char* storage;
+        const char* info; // in the output of info
     } rows[] = {
-        {{}, {}, QByteArray(), "stored as is"},
+        {{}, {}, QByteArray(), "stored as is", "\"content-length\": 200000,"},
         {{"--key-file", "-", "--compress", "-1", "--sign", privateKey(), "--signer", "Zoë Tester"},
          {"--key-file", keyFile},
          "tool secret",
-         "compressed, encrypted, signed"},
-        {{"--sign", "-", "--digest", "sha512"}, {}, readFile(privateKey()), "signed"},
+         "compressed, encrypted, signed",
+         "\"signer\": \"Zoë Tester\""},
+        {{"--sign", "-", "--digest", "sha512"}, {}, readFile(privateKey()), "signed", "\"digest-algorithm\": \"SHA512\""},
     };
     int index = 0;
     for (const auto& row : rows) {
@@ -123,7 +121,7 @@ TEST_F(ContainerTool, CreateExtractInfoAndVerifyRoundTrip)
         run = container({"info", box});
         ASSERT_EQ(run.exitCode, 0) << run.err.toStdString();
         EXPECT_TRUE(run.out.startsWith("{\n    \"compression\": ")) << run.out.toStdString();
-        EXPECT_TRUE(run.out.contains("\"content-length\": 200000,"));
+        EXPECT_TRUE(run.out.contains(row.info)) << run.out.toStdString();
 
         const bool isSigned = QByteArray(row.storage).contains("signed");
         run = container(QStringList{"verify", box, "--public", publicKey()} + row.keyOption);
@@ -133,10 +131,6 @@ TEST_F(ContainerTool, CreateExtractInfoAndVerifyRoundTrip)
         else
             EXPECT_TRUE(run.err.contains("is not signed")) << run.err.toStdString();
     }
-    const ToolRun info = container({"info", path("box1")});
-    EXPECT_TRUE(info.out.contains("\"signer\": \"Zoë Tester\"")) << info.out.toStdString();
-    const ToolRun digest = container({"info", path("box2")});
-    EXPECT_TRUE(digest.out.contains("\"digest-algorithm\": \"SHA512\"")) << digest.out.toStdString();
 }
 
 TEST_F(ContainerTool, TamperingWrongKeysAndBadInputFailWithOneLine)
@@ -279,16 +273,14 @@ TEST_F(ContainerTool, FailuresLeaveAnExistingOutputAsItWas)
 
 TEST_F(ContainerTool, HelpListsActionsAndOptions)
 {
-    ToolRun run = container({"--help"});
+    const ToolRun run = container({"--help"});
     EXPECT_EQ(run.exitCode, 0);
     for (const char* action : {"create", "extract", "info", "verify"}) {
-        EXPECT_TRUE(run.out.contains(QLatin1String(action))) << action;
+        EXPECT_TRUE(run.out.contains(action)) << action;
         const ToolRun help = container({action, "--help"});
         EXPECT_EQ(help.exitCode, 0) << action;
         EXPECT_TRUE(help.out.contains("--lang")) << action;
     }
-    run = runTool({"--lang", "de", "container", "info", path("missing")});
-    EXPECT_TRUE(run.err.contains("existiert nicht")) << run.err.toStdString();
 }
 
 } // namespace
