@@ -68,26 +68,20 @@ TEST_F(SettingsTool, ConvertsThroughEveryFormAndShowsEach)
 {
     // INI text -> plain JSON -> encrypted map -> JSON under another key ->
     // INI text again.
-    // The options name key files; showOut is the key file of the output.
-    const struct { const char* in; const char* out; QStringList options; const char* showOut; } steps[] = {
-        {"start.conf", "plain.json", {}, nullptr},
-        {"plain.json", "keyed.ini", {"--key-file", "key"}, "key"},
-        {"keyed.ini", "rekeyed.json", {"--key-file", "key", "--out-key-file", "other"}, "other"},
-        {"rekeyed.json", "end.conf", {"--key-file", "other", "--plain"}, nullptr},
+    // The key options of the conversion, and those that show its output.
+    const struct { const char* in; const char* out; QStringList options; QStringList showOptions; } steps[] = {
+        {"start.conf", "plain.json", {}, {}},
+        {"plain.json", "keyed.ini", {"--key-file", path("key")}, {"--key-file", path("key")}},
+        {"keyed.ini", "rekeyed.json", {"--key-file", path("key"), "--out-key-file", path("other")},
+         {"--key-file", path("other")}},
+        {"rekeyed.json", "end.conf", {"--key-file", path("other"), "--plain"}, {}},
     };
     for (const auto& step : steps) {
         SCOPED_TRACE(step.out);
-        QStringList options;
-        for (const QString& option : step.options)
-            options << (option.startsWith(QLatin1String("--")) ? option : path(option.toLatin1().constData()));
-        const ToolRun run = settings(QStringList{"convert", path(step.in), path(step.out)} + options);
+        const ToolRun run = settings(QStringList{"convert", path(step.in), path(step.out)} + step.options);
         ASSERT_EQ(run.exitCode, 0) << run.err.toStdString();
-        EXPECT_EQ(readFile(path(step.out)).startsWith('\x01'), step.showOut != nullptr);
-
-        QStringList showOptions;
-        if (step.showOut)
-            showOptions << "--key-file" << path(step.showOut);
-        const ToolRun show = settings(QStringList{"show", path(step.out)} + showOptions);
+        EXPECT_EQ(readFile(path(step.out)).startsWith('\x01'), !step.showOptions.isEmpty());
+        const ToolRun show = settings(QStringList{"show", path(step.out)} + step.showOptions);
         ASSERT_EQ(show.exitCode, 0) << show.err.toStdString();
         expectStartValues(parsed(show.out));
     }
@@ -115,21 +109,18 @@ TEST_F(SettingsTool, UnreadableInputsFailInOneLineAndLeaveTheOutputAlone)
     writeFile(path("out.ini"), "existing output");
     const QStringList before = files();
 
-    const struct { const char* input; const char* keyFile; const char* message; } cases[] = {
-        {"keyed.json", "wrong", "wrong key or damaged file"},
-        {"flipped.json", "key", "wrong key or damaged file"},
-        {"keyed.json", nullptr, "is encrypted; give its key with --key-file"},
-        {"broken.json", nullptr, "the file is damaged"},
-        {"missing.json", nullptr, "does not exist"},
+    const struct { const char* input; QStringList keyOptions; const char* message; } cases[] = {
+        {"keyed.json", {"--key-file", path("wrong")}, "wrong key or damaged file"},
+        {"flipped.json", {"--key-file", path("key")}, "wrong key or damaged file"},
+        {"keyed.json", {}, "is encrypted; give its key with --key-file"},
+        {"broken.json", {}, "the file is damaged"},
+        {"missing.json", {}, "does not exist"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.input);
-        QStringList keyOptions;
-        if (c.keyFile)
-            keyOptions << "--key-file" << path(c.keyFile);
         for (const QStringList& action : {QStringList{"show", path(c.input)},
                                           QStringList{"convert", path(c.input), path("out.ini")}}) {
-            const ToolRun run = settings(action + keyOptions);
+            const ToolRun run = settings(action + c.keyOptions);
             EXPECT_NE(run.exitCode, 0);
             EXPECT_TRUE(run.out.isEmpty()) << run.out.toStdString();
             EXPECT_EQ(run.err.count('\n'), 1) << run.err.toStdString();
