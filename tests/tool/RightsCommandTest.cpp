@@ -25,15 +25,15 @@ TEST(RightsCommand, ShowsTheSavedGridRowByRow)
         ko::Settings settings(file, QSettings::IniFormat);
         matrix->save(&settings);
     }
-    ToolRun run = runTool({QStringLiteral("rights"), QStringLiteral("show"), file});
+    ToolRun run = runTool({"rights", "show", file});
     ASSERT_EQ(run.exitCode, 0) << run.err.toStdString();
-    EXPECT_TRUE(run.out.startsWith(file + QStringLiteral(": 3 rows (feature groups) x 12 columns (user groups)")));
-    EXPECT_TRUE(run.out.endsWith(QStringLiteral("\n"
-                                                "        0  1  2  3  4  5  6  7  8  9 10 11\n"
-                                                "row 0:  0  1  1  1  1  1  1  1  1  1  1  0\n"
-                                                "row 1:  1  1  1  1  1  1  1  0  1  1  1  1\n"
-                                                "row 2:  1  1  1  1  1  1  1  1  1  1  1  1\n"
-                                                "33 of 36 cells allowed\n")))
+    EXPECT_TRUE(run.out.startsWith(file + ": 3 rows (feature groups) x 12 columns (user groups)"));
+    EXPECT_TRUE(run.out.endsWith("\n"
+                                 "        0  1  2  3  4  5  6  7  8  9 10 11\n"
+                                 "row 0:  0  1  1  1  1  1  1  1  1  1  1  0\n"
+                                 "row 1:  1  1  1  1  1  1  1  0  1  1  1  1\n"
+                                 "row 2:  1  1  1  1  1  1  1  1  1  1  1  1\n"
+                                 "33 of 36 cells allowed\n"))
         << run.out.toStdString();
     EXPECT_TRUE(run.err.isEmpty());
 
@@ -46,14 +46,11 @@ TEST(RightsCommand, ShowsTheSavedGridRowByRow)
         store.setValue(QStringLiteral("Client/FeatureMatrix/Columns"), 2);
         store.setValue(QStringLiteral("Client/FeatureMatrix/Matrix"), QByteArray("6+7+x"));
     }
-    run = runTool({QStringLiteral("rights"), QStringLiteral("show"), file, QStringLiteral("--group"), QStringLiteral("Client/")});
+    run = runTool({"rights", "show", file, "--group", "Client/"});
     ASSERT_EQ(run.exitCode, 0) << run.err.toStdString();
-    EXPECT_TRUE(run.out.contains(QStringLiteral("row 0: 0 1\nrow 1: 1 0\n"))) << run.out.toStdString();
-    EXPECT_EQ(run.err, QStringLiteral("note: text after the last '+' is ignored\n"
-                                      "note: 1 word(s) beyond the grid are ignored\n"));
-
-    run = runTool({QStringLiteral("rights"), QStringLiteral("--help")});
-    EXPECT_TRUE(run.out.simplified().contains(QStringLiteral("not the names of the groups")));
+    EXPECT_TRUE(run.out.contains("row 0: 0 1\nrow 1: 1 0\n")) << run.out.toStdString();
+    EXPECT_EQ(run.err, "note: text after the last '+' is ignored\nnote: 1 word(s) beyond the grid are ignored\n");
+    EXPECT_TRUE(runTool({"rights", "--help"}).out.simplified().contains("not the names of the groups"));
 }
 
 TEST(RightsCommand, BadInputGivesOneLineAndNonZeroExit)
@@ -72,11 +69,11 @@ TEST(RightsCommand, BadInputGivesOneLineAndNonZeroExit)
     const QString file = dir.filePath(QStringLiteral("bad.ini"));
     for (const Case& c : cases) {
         cktest::writeFile(file, c.content);
-        const ToolRun run = runTool({QStringLiteral("rights"), QStringLiteral("show"), file});
+        const ToolRun run = runTool({"rights", "show", file});
         EXPECT_EQ(run.exitCode, 1) << c.content;
         EXPECT_TRUE(run.out.isEmpty()) << c.content;
-        EXPECT_EQ(run.err.count(QLatin1Char('\n')), 1) << run.err.toStdString();
-        EXPECT_TRUE(run.err.contains(QString::fromLatin1(c.reason))) << run.err.toStdString();
+        EXPECT_EQ(run.err.count('\n'), 1) << run.err.toStdString();
+        EXPECT_TRUE(run.err.contains(c.reason)) << run.err.toStdString();
     }
 }
 
