@@ -1,6 +1,7 @@
 #include <CommonKit/expressions/Expressions.h>
 #include <CommonKit/properties/Properties.h>
 #include "testlib/ToolRunner.h"
+#include "testlib/ToolTable.h"
 
 #include <gtest/gtest.h>
 
@@ -53,34 +54,19 @@ TEST(ExprCommand, RefusesDamagedAndUnreadableStreams)
 
 TEST(ExprCommand, ParsesFiltersAgainstDeclaredProperties)
 {
-    const QStringList declared = {"--property", "a=int", "--schema", "my field:double,s"};
-    struct Case { QStringList arguments; QByteArray input; int exitCode; const char* out; const char* err; };
-    const Case cases[] = {
-        {declared + QStringList{"a > 2 and (s like 'x%' escape '!') or my_field in (1.5, -2)"}, {}, 0,
-         "SQL: (a > 2 AND (s LIKE 'x%' ESCAPE '!')) OR my_field IN (1.5,-2)\n"
-         "Bound: (a > ? AND (s LIKE 'x%' ESCAPE '!')) OR my_field IN (?,?)\n"
-         "  1: 2 (int)\n  2: 1.5 (double)\n  3: -2 (int)\n"
-         "Code: (a > 2 && like(s,\"x%\",\"!\")) || my_field IN (1.5,-2)\n",
-         ""},
-        {{"--property", "a", "--", "- -a"}, {}, 0, "SQL: - -a\nBound: - -a\nCode: - -a\n", ""},
-        {{"--property=a", "-"}, "a\n=\n'x'", 0, "SQL: a = 'x'\nBound: a = ?\n  1: x (QString)\nCode: a == \"x\"\n", ""},
-        {{"b = 1"}, {}, 1, "", "commonkit: expr parse: unknown property 'b' at column 1\n  b = 1\n  ^\n"},
-        {{"--property", "b=blob", "b"}, {}, 2, "",
-         "commonkit: expr parse: cannot declare 'b=blob' (types: bool, int, uint, u64, float, double, "
-         "string, stringlist, bytearray, date, time, datetime, variant)\n"},
-    };
-    for (const Case& c : cases) {
-        const ToolRun run = runTool(QStringList{"expr", "parse"} + c.arguments, "UTC0", c.input);
-        EXPECT_EQ(run.exitCode, c.exitCode) << run.err.toStdString();
-        EXPECT_EQ(run.out, c.out);
-        EXPECT_EQ(run.err, c.err);
+    for (const cktest::DataRow& row : cktest::dataRows("tool/expr-parse.tsv", -5)) {
+        const ToolRun run = runTool(QStringList{"expr", "parse"} + cktest::argumentsOf(row, 4), "UTC0",
+                                    QByteArray::fromStdString(row[1]));
+        EXPECT_EQ(run.exitCode, std::stoi(row[0])) << row.where << ": " << run.err.toStdString();
+        EXPECT_EQ(run.out.toStdString(), row[2]) << row.where;
+        EXPECT_EQ(run.err.toStdString(), row[3]) << row.where;
     }
 
     // The stream form reads back into the tree the builders give.
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("filter.bin"));
-    const ToolRun run = runTool(QStringList{"expr", "parse", "--out", path} + declared
-                                + QStringList{"a >= -3 OR NOT s IN ('it''s')"});
+    const ToolRun run = runTool({"expr", "parse", "--out", path, "--property", "a=int", "--property", "s",
+                                 "a >= -3 OR NOT s IN ('it''s')"});
     EXPECT_EQ(run.exitCode, 0) << run.err.toStdString();
     EXPECT_TRUE(run.out.endsWith(QStringLiteral("Stream written to %1\n").arg(path))) << run.out.toStdString();
     QFile file(path);
