@@ -2,6 +2,7 @@
 
 #include "testlib/TestFiles.h"
 #include "testlib/ToolRunner.h"
+#include "testlib/ToolTable.h"
 
 #include <gtest/gtest.h>
 
@@ -143,35 +144,15 @@ TEST_F(ContainerTool, TamperingWrongKeysAndBadInputFailWithOneLine)
     writeFile(path("tampered"), tampered);
     writeFile(path("junk"), "this is not a container at all");
 
-    const QString out = path("out");
-    const struct { QStringList arguments; int exitCode; const char* reason; } rows[] = {
-        {{"extract", box, out, "--key-file", path("wrong")}, 1, "wrong key"},
-        {{"extract", box, out}, 1, "--key-file"},
-        {{"verify", path("tampered"), "--public", publicKey(), "--key-file", keyFile}, 1, "NOT valid"},
-        {{"verify", box, "--key-file", keyFile}, 2, "--public"},
-        {{"info", path("junk")}, 1, "not a container"},
-        {{"extract", path("junk"), out}, 1, "junk is not a container: its trailer claims"},
-        {{"info", path("missing")}, 1, "does not exist"},
-        {{"create", m_input, out, "--compress", "10"}, 2, "compression level"},
-        {{"create", m_input, out, "--signer", "x"}, 2, "--signer needs --sign"},
-        {{"create", m_input, out, "--sign", publicKey()}, 1, "private key"},
-        {{"create", m_input, out, "--sign", path("small.pem"), "--digest", "SHA512"}, 1, "cannot sign a SHA512 digest"},
-        {{"create", m_input, out, "--key-file", "-", "--sign", "-"}, 2, "standard input"},
-        {{"create", m_input, out, "--digest", "CRC"}, 2, "digest"},
-        {{"create", m_input, m_input}, 2, "same file"},
-        {{"create", path("missing"), out}, 1, "cannot read"},
-        {{"create", m_input, out, "--key-file", path("missing")}, 1, "key file"},
-        {{"shred", box}, 2, "unknown action"},
-        {{}, 2, "give an action"},
-    };
-    for (const auto& row : rows) {
-        const ToolRun run = container(row.arguments);
-        const std::string label = row.arguments.join(' ').toStdString() + ": " + run.err.toStdString();
-        EXPECT_EQ(run.exitCode, row.exitCode) << label;
+    ASSERT_TRUE(QFile::copy(publicKey(), path("public.pem")));
+    for (const DataRow& row : dataRows("tool/container-errors.tsv", -2)) {
+        const ToolRun run = container(argumentsOf(row, 2, m_dir.path()));
+        const std::string label = row.where + ": " + run.err.toStdString();
+        EXPECT_EQ(run.exitCode, std::stoi(row[0])) << label;
         EXPECT_TRUE(run.err.startsWith("commonkit: container")) << label;
-        EXPECT_TRUE(run.err.contains(QLatin1String(row.reason))) << label;
+        EXPECT_TRUE(run.err.contains(QString::fromStdString(row[1]))) << label;
         EXPECT_EQ(run.err.count('\n'), 1) << label;
-        EXPECT_FALSE(QFile::exists(out)) << label; // no partial output is left behind
+        EXPECT_FALSE(QFile::exists(path("out"))) << label; // no partial output is left behind
     }
 }
 
