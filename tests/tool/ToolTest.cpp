@@ -3,6 +3,7 @@
 #include "testlib/DataTable.h"
 #include "testlib/TestFiles.h"
 #include "testlib/ToolRunner.h"
+#include "testlib/ToolTable.h"
 
 #include <gtest/gtest.h>
 
@@ -107,21 +108,12 @@ TEST(Tool, JsonChecksDocumentsAndPrintsWhatQtReadsBack)
     }
 }
 
-// The arguments of each row in a table, after the first field.
-QStringList arguments(const cktest::DataRow& row)
-{
-    QStringList arguments;
-    for (std::size_t i = 1; i < row.fields.size(); ++i)
-        arguments << QString::fromStdString(row[i]);
-    return arguments;
-}
-
 // Line feeds in arguments stay inside the one line of the message.
 TEST(Tool, BadInputGivesOneLineAndNonZeroExit)
 {
     std::vector<std::pair<QStringList, QByteArray>> runs = {{QStringList(), QByteArray()}};
     for (const cktest::DataRow& row : cktest::dataRows("tool/bad-input.tsv", -2))
-        runs.emplace_back(arguments(row), QByteArray::fromStdString(row[0]));
+        runs.emplace_back(cktest::argumentsOf(row, 1), QByteArray::fromStdString(row[0]));
     for (const auto& [arguments, input] : runs) {
         const ToolRun run = runTool(arguments, "UTC0", input);
         EXPECT_NE(run.exitCode, 0) << arguments.join(' ').toStdString();
@@ -182,7 +174,7 @@ TEST(Tool, LanguageOptionTranslatesTexts)
         EXPECT_TRUE(run.err.contains("yesterday"));
     }
     for (const cktest::DataRow& row : cktest::dataRows("tool/lang-options.tsv", -2)) {
-        const ToolRun run = runTool(arguments(row));
+        const ToolRun run = runTool(cktest::argumentsOf(row, 1));
         EXPECT_EQ(run.exitCode, 0) << row.where << ": " << run.err.toStdString();
         EXPECT_TRUE(run.out.contains(QString::fromStdString(row[0]))) << row.where << ": " << run.out.toStdString();
     }
