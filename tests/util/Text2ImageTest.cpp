@@ -95,7 +95,7 @@ TEST(CText2Image, CopiesOutliveTheOriginal)
     Block expected;
     ko::CText2Image copy;
     {
-        const ko::CText2Image original;
+        ko::CText2Image original;
         expected = render(original, '7');
         copy = ko::CText2Image(original);
     }
