@@ -3,6 +3,7 @@
 #include "../rights/MatrixTestSupport.h"
 
 #include <CommonKit/storage/Settings.h>
+#include "testlib/DataTable.h"
 #include "testlib/TestFiles.h"
 #include "testlib/ToolRunner.h"
 
@@ -56,24 +57,14 @@ TEST(RightsCommand, ShowsTheSavedGridRowByRow)
 TEST(RightsCommand, BadInputGivesOneLineAndNonZeroExit)
 {
     QTemporaryDir dir;
-    struct Case { const char* content; const char* reason; };
-    const Case cases[] = {
-        {"[General]\nLanguage=de\n", "FeatureMatrix/Rows is missing"},
-        {"[FeatureMatrix]\nRows=2\nMatrix=15+\n", "FeatureMatrix/Columns is missing"},
-        {"[FeatureMatrix]\nRows=two\nColumns=2\nMatrix=15+\n", "FeatureMatrix/Rows is not a count"},
-        {"[FeatureMatrix]\nRows=-1\nColumns=2\nMatrix=15+\n", "FeatureMatrix/Rows is not a count"},
-        {"[FeatureMatrix]\nRows=2147483647\nColumns=0\nMatrix=\n", "FeatureMatrix/Rows is not a count"},
-        {"[FeatureMatrix]\nRows=4\nColumns=10\nMatrix=4294967295+\n", "truncated: 1 words for 40 cells"},
-        {"[FeatureMatrix]\nRows=1\nColumns=2\nMatrix=4294967296+\n", "word 1 of FeatureMatrix/Matrix"},
-    };
     const QString file = dir.filePath(QStringLiteral("bad.ini"));
-    for (const Case& c : cases) {
-        cktest::writeFile(file, c.content);
+    for (const cktest::DataRow& row : cktest::dataRows("tool/rights-bad.tsv", 2)) {
+        cktest::writeFile(file, QByteArray::fromStdString(row[0]));
         const ToolRun run = runTool({"rights", "show", file});
-        EXPECT_EQ(run.exitCode, 1) << c.content;
-        EXPECT_TRUE(run.out.isEmpty()) << c.content;
+        EXPECT_EQ(run.exitCode, 1) << row.where;
+        EXPECT_TRUE(run.out.isEmpty()) << row.where;
         EXPECT_EQ(run.err.count('\n'), 1) << run.err.toStdString();
-        EXPECT_TRUE(run.err.contains(c.reason)) << run.err.toStdString();
+        EXPECT_TRUE(run.err.contains(QString::fromStdString(row[1]))) << row.where << ": " << run.err.toStdString();
     }
 }
 
