@@ -186,15 +186,10 @@ TEST(LogReadCommands, WhereFormatsAndStats)
     ASSERT_EQ(stats.exitCode, 0);
     EXPECT_TRUE(stats.out.startsWith(QStringLiteral("3 entries\nPer category:\n  3\tAction log\n"))) << stats.out.toStdString();
 
-    const std::vector<std::pair<QStringList, const char*>> refusals = {
-        {{"log", "show", path, "--where", "nosuch = 1"}, "commonkit: log: --where: unknown property 'nosuch' at column 1"},
-        {{"log", "show", path, "--format", "yaml"}, "commonkit: log: --format must be text, json, csv or xml, not 'yaml'"},
-        {{"log", "stats", path, "--where", "type = "}, "commonkit: log: --where: unexpected end of text at column 8"},
-    };
-    for (const auto& refusal : refusals) {
-        const ToolRun run = runTool(refusal.first);
-        EXPECT_EQ(run.exitCode, 2);
-        EXPECT_EQ(run.err.trimmed(), QString::fromUtf8(refusal.second));
+    for (const cktest::DataRow& row : cktest::dataRows("tool/log-read-refusals.tsv", -3)) {
+        const ToolRun run = runTool(QStringList{"log"} + cktest::argumentsOf(row, 2, dir.path()));
+        EXPECT_EQ(run.exitCode, std::stoi(row[0])) << row.where;
+        EXPECT_EQ(run.err.trimmed().toStdString(), row[1]) << row.where;
     }
 }
 
