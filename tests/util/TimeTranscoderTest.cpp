@@ -10,41 +10,26 @@
 
 namespace {
 
-// The local calendar fields of a UTC millisecond count, computed with the C
-// library instead of Qt.
-struct LocalFields { int year, month, day, hour, minute, second; };
-
-LocalFields cLocalFields(qint64 ms)
-{
-    const std::time_t seconds = static_cast<std::time_t>(ms / 1000);
-    std::tm parts{};
-    localtime_r(&seconds, &parts);
-    return {parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday, parts.tm_hour, parts.tm_min, parts.tm_sec};
-}
-
-std::string twoDigits(int value)
-{
-    return (value < 10 ? "0" : "") + std::to_string(value);
-}
-
+// The fields and texts of a UTC millisecond count in local time, against the
+// C library's localtime_r() and strftime() instead of Qt.
 void expectFields(const ko::CTimeTranscoder& time, qint64 ms, int microsecond)
 {
-    const LocalFields local = cLocalFields(ms);
-    EXPECT_EQ(time.year(), local.year);
-    EXPECT_EQ(time.month(), local.month);
-    EXPECT_EQ(time.day(), local.day);
-    EXPECT_EQ(time.hour(), local.hour);
-    EXPECT_EQ(time.minute(), local.minute);
-    EXPECT_EQ(time.second(), local.second);
-    EXPECT_EQ(time.millisecond(), static_cast<int>(ms % 1000));
-    EXPECT_EQ(time.microsecond(), microsecond);
+    const std::time_t seconds = static_cast<std::time_t>(ms / 1000);
+    std::tm local{};
+    localtime_r(&seconds, &local);
+    const int expected[] = {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,      local.tm_hour,
+                            local.tm_min,         local.tm_sec,     int(ms % 1000), microsecond};
+    const int fields[] = {time.year(),   time.month(),  time.day(),         time.hour(),
+                          time.minute(), time.second(), time.millisecond(), time.microsecond()};
+    for (int i = 0; i < 8; ++i)
+        EXPECT_EQ(fields[i], expected[i]) << "field " << i << " (year, month, ... microsecond)";
+    char text[40];
+    char id[40];
+    std::strftime(text, sizeof text, "%d.%m.%Y-%H:%M:%S.", &local);
+    std::strftime(id, sizeof id, "%Y%m%d_%H%M%S_", &local);
     const std::string msText = std::to_string(1000 + ms % 1000).substr(1);
-    EXPECT_EQ(time.toString(), twoDigits(local.day) + "." + twoDigits(local.month) + "."
-                                   + std::to_string(local.year) + "-" + twoDigits(local.hour) + ":"
-                                   + twoDigits(local.minute) + ":" + twoDigits(local.second) + "." + msText);
-    EXPECT_EQ(time.toIdString(), std::to_string(local.year) + twoDigits(local.month) + twoDigits(local.day) + "_"
-                                     + twoDigits(local.hour) + twoDigits(local.minute) + twoDigits(local.second)
-                                     + "_" + msText);
+    EXPECT_EQ(time.toString(), text + msText);
+    EXPECT_EQ(time.toIdString(), id + msText);
 }
 
 TEST(CTimeTranscoder, FrameTimesSplitIntoLocalFields)
