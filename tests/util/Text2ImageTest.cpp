@@ -5,7 +5,6 @@
 
 #include <QFile>
 #include <QProcess>
-#include <QResource>
 #include <QTemporaryDir>
 
 #include <cstring>

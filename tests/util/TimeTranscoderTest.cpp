@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QDateTime>
-
 #include <cstdlib>
 #include <ctime>
 #include <string>
