@@ -32,17 +32,12 @@ using cktest::writeFile;
 using ko::EncryptedSettings;
 using ko::crypto::secure_string;
 
-// The forms in which a secret could leak.
-QList<QByteArray> formsOf(const QByteArray& secret)
-{
-    return {secret, secret.toHex(), secret.toHex().toUpper(), secret.toBase64()};
-}
-
-// The forms of `secret` found in `text`, for the failure message.
+// The forms of `secret` found in `text`, for the failure message: as it
+// stands, in hexadecimal and in Base64.
 std::string leaked(const QByteArray& text, const QByteArray& secret)
 {
     std::string found;
-    for (const QByteArray& form : formsOf(secret)) {
+    for (const QByteArray& form : {secret, secret.toHex(), secret.toHex().toUpper(), secret.toBase64()}) {
         if (text.contains(form))
             found += " [" + form.toStdString() + "]";
     }
