@@ -2,6 +2,7 @@
 
 #include <CommonKit/storage/Crypt.h>
 #include "testlib/ToolRunner.h"
+#include "testlib/ToolTable.h"
 
 #include <gtest/gtest.h>
 
@@ -11,24 +12,15 @@ using cktest::runTool;
 using cktest::ToolRun;
 using kogen::Crypt;
 
-// "-" reads the first line of standard input, without its line end; a
-// password from the command line may be non-ASCII Latin-1; only its first
-// eight characters count, with a note.
 TEST(HashingTool, CryptPrintsTheHashOfTheLibrary)
 {
-    struct Row { QStringList arguments; QByteArray input; const char* salt; const char* password; const char* note; };
-    const Row rows[] = {
-        {{"crypt", "--salt", "ab", "password"}, {}, "ab", "password", ""},
-        {{"crypt", "--salt", "Zz", "-"}, "s\xc3\xa9" "cret\r\nignored\n", "Zz", "s\xc3\xa9" "cret", ""},
-        {{"crypt", "--salt", "Zz", "s\xc3\xa9" "cret"}, {}, "Zz", "s\xc3\xa9" "cret", ""},
-        {{"crypt", "--salt", "ab", "passwordTooLong"}, {}, "ab", "password", "first 8 characters"},
-    };
-    for (const auto& row : rows) {
-        const ToolRun run = runTool(row.arguments, "UTC0", row.input);
-        EXPECT_EQ(run.exitCode, 0) << run.err.toStdString();
-        EXPECT_EQ(run.out.toStdString(), Crypt::crypt(row.salt, QString::fromUtf8(row.password)).toStdString() + "\n");
-        EXPECT_EQ(run.err.isEmpty(), !*row.note) << run.err.toStdString();
-        EXPECT_TRUE(run.err.contains(row.note)) << run.err.toStdString();
+    for (const cktest::DataRow& row : cktest::dataRows("tool/crypt.tsv", -5)) {
+        const ToolRun run = runTool(QStringList{"crypt"} + cktest::argumentsOf(row, 4), "UTC0", row[2].c_str());
+        EXPECT_EQ(run.exitCode, 0) << row.where << ": " << run.err.toStdString();
+        const QString hash = Crypt::crypt(QString::fromStdString(row[0]), QString::fromStdString(row[1]));
+        EXPECT_EQ(run.out.toStdString(), hash.toStdString() + "\n") << row.where;
+        EXPECT_EQ(run.err.isEmpty(), row[3].empty()) << row.where << ": " << run.err.toStdString();
+        EXPECT_TRUE(run.err.contains(QString::fromStdString(row[3]))) << row.where << ": " << run.err.toStdString();
     }
     // Without --salt: the library's generated salt.
     EXPECT_EQ(runTool({"crypt", "password"}).out, Crypt::crypt(QStringLiteral("password")) + "\n");
