@@ -2,6 +2,7 @@
 
 #include "testlib/TestFiles.h"
 #include "testlib/ToolRunner.h"
+#include "testlib/ToolTable.h"
 
 #include <gtest/gtest.h>
 
@@ -109,22 +110,15 @@ TEST_F(SettingsTool, UnreadableInputsFailInOneLineAndLeaveTheOutputAlone)
     writeFile(path("out.ini"), "existing output");
     const QStringList before = files();
 
-    const struct { const char* input; QStringList keyOptions; const char* message; } cases[] = {
-        {"keyed.json", {"--key-file", path("wrong")}, "wrong key or damaged file"},
-        {"flipped.json", {"--key-file", path("key")}, "wrong key or damaged file"},
-        {"keyed.json", {}, "is encrypted; give its key with --key-file"},
-        {"broken.json", {}, "the file is damaged"},
-        {"missing.json", {}, "does not exist"},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.input);
-        for (const QStringList& action : {QStringList{"show", path(c.input)},
-                                          QStringList{"convert", path(c.input), path("out.ini")}}) {
-            const ToolRun run = settings(action + c.keyOptions);
+    for (const cktest::DataRow& row : cktest::dataRows("tool/settings-unreadable.tsv", -2)) {
+        SCOPED_TRACE(row.where);
+        const QString input = path(row[0].c_str());
+        for (const QStringList& action : {QStringList{"show", input}, QStringList{"convert", input, path("out.ini")}}) {
+            const ToolRun run = settings(action + cktest::argumentsOf(row, 2, m_dir.path()));
             EXPECT_NE(run.exitCode, 0);
             EXPECT_TRUE(run.out.isEmpty()) << run.out.toStdString();
             EXPECT_EQ(run.err.count('\n'), 1) << run.err.toStdString();
-            EXPECT_TRUE(run.err.contains(QLatin1String(c.message))) << run.err.toStdString();
+            EXPECT_TRUE(run.err.contains(QString::fromStdString(row[1]))) << run.err.toStdString();
         }
     }
     EXPECT_EQ(readFile(path("out.ini")), QByteArray("existing output"));
