@@ -19,20 +19,14 @@ namespace {
 using cktest::runTool;
 using cktest::ToolRun;
 
-// The subcommands the tool lists in its help.
+// The subcommands the tool lists in its help: the first word of each line in
+// the block after "Commands:".
 QStringList commandNames()
 {
-    const ToolRun run = runTool({QStringLiteral("--help")});
+    const QString block = runTool({"--help"}).out.section("Commands:\n", 1).section("\n\n", 0, 0);
     QStringList names;
-    bool inList = false;
-    for (const QString& line : run.out.split(QLatin1Char('\n'))) {
-        if (line == QLatin1String("Commands:"))
-            inList = true;
-        else if (inList && line.startsWith(QLatin1String("  ")))
-            names.append(line.trimmed().section(QLatin1Char(' '), 0, 0));
-        else if (inList)
-            break;
-    }
+    for (const QString& line : block.split('\n'))
+        names.append(line.trimmed().section(' ', 0, 0));
     return names;
 }
 
