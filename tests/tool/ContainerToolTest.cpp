@@ -93,13 +93,12 @@ TEST_F(ContainerTool, CreateExtractInfoAndVerifyRoundTrip)
          "tool secret",
          "compressed, encrypted, signed",
          "\"signer\": \"Zoë Tester\""},
-        {{"--sign", "-", "--digest", "sha512"}, {}, readFile(privateKey()), "signed", "\"digest-algorithm\": \"SHA512\""},
+        {{"--sign", "-", "--digest", "sha512"}, {}, readFile(privateKey()), "signed",
+         "\"digest-algorithm\": \"SHA512\""},
     };
-    int index = 0;
     for (const auto& row : rows) {
         SCOPED_TRACE(row.storage);
-        const QString box = path(QStringLiteral("box%1").arg(index));
-        const QString output = path(QStringLiteral("out%1").arg(index++));
+        const QString box = path(row.storage), output = path(row.storage) + ".out";
         ToolRun run = container(QStringList{"create", m_input, box} + row.options, row.standardInput);
         ASSERT_EQ(run.exitCode, 0) << run.err.toStdString();
         EXPECT_TRUE(run.out.contains(QStringLiteral("(%1)").arg(QLatin1String(row.storage)))) << run.out.toStdString();
@@ -116,10 +115,8 @@ TEST_F(ContainerTool, CreateExtractInfoAndVerifyRoundTrip)
         const bool isSigned = QByteArray(row.storage).contains("signed");
         run = container(QStringList{"verify", box, "--public", publicKey()} + row.keyOption);
         EXPECT_EQ(run.exitCode, isSigned ? 0 : 1) << run.err.toStdString();
-        if (isSigned)
-            EXPECT_TRUE(run.out.contains("is valid")) << run.out.toStdString();
-        else
-            EXPECT_TRUE(run.err.contains("is not signed")) << run.err.toStdString();
+        const QString said = isSigned ? run.out : run.err;
+        EXPECT_TRUE(said.contains(isSigned ? "is valid" : "is not signed")) << said.toStdString();
     }
 }
 
