@@ -12,8 +12,7 @@
 namespace {
 
 using namespace kogen;
-using cktest::runTool;
-using cktest::ToolRun;
+using namespace cktest;
 
 QByteArray stream(const ExpressionHandle& e)
 {

@@ -8,8 +8,7 @@
 
 namespace {
 
-using cktest::runTool;
-using cktest::ToolRun;
+using namespace cktest;
 using kogen::Crypt;
 
 TEST(HashingTool, CryptPrintsTheHashOfTheLibrary)

@@ -19,8 +19,7 @@
 
 namespace {
 
-using cktest::runTool;
-using cktest::ToolRun;
+using namespace cktest;
 
 class LogCommandTest : public ::testing::Test
 {

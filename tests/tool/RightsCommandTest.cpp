@@ -14,8 +14,7 @@
 
 namespace {
 
-using cktest::runTool;
-using cktest::ToolRun;
+using namespace cktest;
 
 TEST(RightsCommand, ShowsTheSavedGridRowByRow)
 {

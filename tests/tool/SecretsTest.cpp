@@ -24,11 +24,7 @@
 
 namespace {
 
-using cktest::LogCapture;
-
-using cktest::readFile;
-using cktest::writeFile;
-
+using namespace cktest;
 using ko::EncryptedSettings;
 using ko::crypto::secure_string;
 

@@ -15,11 +15,7 @@
 
 namespace {
 
-using cktest::readFile;
-using cktest::writeFile;
-
-using cktest::runTool;
-using cktest::ToolRun;
+using namespace cktest;
 
 ToolRun settings(const QStringList& arguments)
 {

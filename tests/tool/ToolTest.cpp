@@ -16,8 +16,7 @@
 
 namespace {
 
-using cktest::runTool;
-using cktest::ToolRun;
+using namespace cktest;
 
 // The subcommands the tool lists in its help: the first word of each line in
 // the block after "Commands:".
