@@ -1,4 +1,5 @@
 #include <CommonKit/util/TimeFunctions.h>
+#include "testlib/DataTable.h"
 
 #include <gtest/gtest.h>
 
@@ -73,16 +74,11 @@ TEST(TimeFunctions, SecondsWrapAsUnsigned32Bit)
     // An invalid date-time gives the same error value.
     EXPECT_EQ(ko::toSeconds(QDateTime()), 0xFFFFFFFFLL);
 
-    // Negative stamps: the seconds round toward zero, wrap to 2106, and the
-    // remaining milliseconds are subtracted.
     const QDateTime epoch(QDate(1970, 1, 1), QTime(0, 0), Qt::UTC);
-    struct Case { qint64 ms; qint64 wrappedSeconds; qint64 extraMs; };
-    const Case cases[] = {
-        {-1500, 0xFFFFFFFFLL, -500}, {-1000, 0xFFFFFFFFLL, 0}, {-2500, 0xFFFFFFFELL, -500},
-        {-999, 0, -999}, {-1, 0, -1}, {4294967296500LL, 0, 500},
-    };
-    for (const Case& c : cases)
-        EXPECT_EQ(ko::fromMilliSeconds(c.ms), epoch.addSecs(c.wrappedSeconds).addMSecs(c.extraMs)) << c.ms;
+    for (const cktest::DataRow& row : cktest::dataRows("util/wrapped-milliseconds.tsv", 3)) {
+        const QDateTime expected = epoch.addSecs(std::stoll(row[1])).addMSecs(std::stoll(row[2]));
+        EXPECT_EQ(ko::fromMilliSeconds(std::stoll(row[0])), expected) << row.where;
+    }
     EXPECT_EQ(ko::fromSeconds(qint64(-1)), QDateTime::fromMSecsSinceEpoch(0xFFFFFFFFLL * 1000));
 
     // Frame times are divided as unsigned numbers: the largest one is
@@ -96,17 +92,8 @@ TEST(TimeFunctions, SecondsWrapAsUnsigned32Bit)
 
 TEST(TimeFunctions, FractionalSecondsOutsideSixtyFourBitsSaturate)
 {
-    const qint64 most = std::numeric_limits<qint64>::max();
-    const qint64 least = std::numeric_limits<qint64>::min();
-    const double infinity = std::numeric_limits<double>::infinity();
-    struct Case { double seconds; qint64 nanoSeconds; };
-    const Case cases[] = {
-        {infinity, most}, {1e300, most}, {9.3e9, most}, {-infinity, least}, {-1e300, least},
-        {-9.3e9, least}, {std::numeric_limits<double>::quiet_NaN(), 0}, {9.2e9, 9200000000000000000LL},
-        {-1.5, -1500000000LL},
-    };
-    for (const Case& c : cases)
-        EXPECT_EQ(ko::fromSeconds(c.seconds), ko::fromNanoSeconds(c.nanoSeconds)) << c.seconds;
+    for (const cktest::DataRow& row : cktest::dataRows("util/fractional-seconds.tsv", 2))
+        EXPECT_EQ(ko::fromSeconds(std::stod(row[0])), ko::fromNanoSeconds(std::stoll(row[1]))) << row.where;
 }
 
 // Each current value lies between two readings of Qt's clock, in whole
@@ -116,8 +103,9 @@ TEST(TimeFunctions, CurrentValuesAreConsistent)
     const qint64 before = QDateTime::currentMSecsSinceEpoch();
     const quint64 frame = ko::currentFrameTime();
     const qint64 ns = ko::currentNanoSeconds();
-    const qint64 values[] = {ko::currentMilliSeconds(), ko::currentMicroSeconds() / 1000, static_cast<qint64>(frame / 1000),
-                             ns / 1000000, std::llround(ko::currentSecondsFrac() * 1000)};
+    const qint64 values[] = {ko::currentMilliSeconds(), ko::currentMicroSeconds() / 1000,
+                             static_cast<qint64>(frame / 1000), ns / 1000000,
+                             std::llround(ko::currentSecondsFrac() * 1000)};
     const qint64 seconds = ko::currentSeconds();
     const qint64 after = QDateTime::currentMSecsSinceEpoch();
     for (const qint64 value : values) {
