@@ -19,26 +19,17 @@ qint64 daysFromCivil(qint64 y, unsigned m, unsigned d)
     return era * 146097 + static_cast<qint64>(doe) - 719468;
 }
 
-struct UtcCase { int year, month, day, hour, minute, second, msec; };
-
-// Across the epoch, leap days, the 2038 signed 32-bit limit and the end of the
-// unsigned 32-bit range.
-const UtcCase kUtcCases[] = {
-    {1970, 1, 1, 0, 0, 0, 0},     {1970, 1, 1, 0, 0, 0, 1},       {1970, 1, 1, 0, 0, 1, 500},
-    {1972, 2, 29, 12, 0, 0, 999}, {1999, 12, 31, 23, 59, 59, 999}, {2000, 2, 29, 0, 0, 0, 0},
-    {2000, 3, 1, 0, 0, 0, 0},     {2024, 2, 29, 23, 59, 59, 1},   {2024, 5, 6, 7, 8, 9, 123},
-    {2038, 1, 19, 3, 14, 8, 0},   {2100, 2, 28, 23, 59, 59, 999}, {2100, 3, 1, 0, 0, 0, 0},
-    {2106, 2, 7, 6, 28, 15, 999},
-};
-
 // The stamps of an instant, from its UTC and local forms, and back to a UTC
 // date-time (fromSeconds gives local time: compared as instants).
 TEST(TimeFunctions, StampsAgreeWithCivilArithmeticBothWays)
 {
-    for (const UtcCase& c : kUtcCases) {
-        const QDateTime utc(QDate(c.year, c.month, c.day), QTime(c.hour, c.minute, c.second, c.msec), Qt::UTC);
-        const qint64 days = daysFromCivil(c.year, static_cast<unsigned>(c.month), static_cast<unsigned>(c.day));
-        const qint64 ms = ((days * 24 + c.hour) * 60 + c.minute) * 60000 + c.second * 1000 + c.msec;
+    for (const cktest::DataRow& row : cktest::dataRows("util/utc-instants.tsv", 7)) {
+        int f[7]; // year, month, day, hour, minute, second, millisecond
+        for (int i = 0; i < 7; ++i)
+            f[i] = std::stoi(row[i]);
+        const QDateTime utc(QDate(f[0], f[1], f[2]), QTime(f[3], f[4], f[5], f[6]), Qt::UTC);
+        const qint64 days = daysFromCivil(f[0], static_cast<unsigned>(f[1]), static_cast<unsigned>(f[2]));
+        const qint64 ms = ((days * 24 + f[3]) * 60 + f[4]) * 60000 + f[5] * 1000 + f[6];
         SCOPED_TRACE(utc.toString(Qt::ISODateWithMs).toStdString());
         EXPECT_EQ(ms, utc.toMSecsSinceEpoch());
         for (const QDateTime& dateTime : {utc, utc.toLocalTime()}) {

@@ -1,4 +1,5 @@
 #include <CommonKit/util/TimeTranscoder.h>
+#include "testlib/DataTable.h"
 
 #include <gtest/gtest.h>
 
@@ -32,13 +33,9 @@ void expectFields(const ko::CTimeTranscoder& time, qint64 ms, int microsecond)
 
 TEST(CTimeTranscoder, FrameTimesSplitIntoLocalFields)
 {
-    const unsigned long long frameTimes[] = {
-        0ULL, 1500ULL, 999999ULL, 68256000000000ULL /* 1972-03-01 */, 951782400123456ULL /* 2000-02-29 */,
-        1709251199999999ULL /* 2024-02-29 23:59:59.999999 */, 1714979289123789ULL, 1710054000000000ULL,
-        4294967295999000ULL,
-    };
-    for (unsigned long long frameTime : frameTimes) {
-        SCOPED_TRACE(frameTime);
+    for (const cktest::DataRow& row : cktest::dataRows("util/frame-times.tsv", 2)) {
+        SCOPED_TRACE(row.where);
+        const unsigned long long frameTime = std::stoull(row[0]);
         const ko::CTimeTranscoder time(frameTime);
         expectFields(time, static_cast<qint64>(frameTime / 1000), static_cast<int>(frameTime % 1000));
     }
