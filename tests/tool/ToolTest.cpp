@@ -71,14 +71,9 @@ TEST(Tool, FourccConvertsBothWays)
 // value); json format prints what Qt's own reader reads as the same document.
 TEST(Tool, JsonChecksDocumentsAndPrintsWhatQtReadsBack)
 {
-    QTemporaryDir dir;
-    const QByteArray document = R"({"cams": [{"name": "Gate", "port": 554, "ratio": 0.25}], "on": true})";
-    const QString schema = dir.filePath("schema.json"), good = dir.filePath("good.json");
-    const QString wrongType = dir.filePath("type.json"), broken = dir.filePath("broken.json");
-    cktest::writeFile(schema, R"({"properties": {"cams": {"items": {"properties": {"port": {"type": "integer"}}}}}})");
-    cktest::writeFile(good, document);
-    cktest::writeFile(wrongType, R"({"cams": [{"port": 554}, {"port": "554"}]})");
-    cktest::writeFile(broken, R"({"cams": [1,]})");
+    const QString data = COMMONKIT_TEST_DATA "/tool/json/";
+    const QString schema = data + "schema.json", good = data + "good.json";
+    const QString wrongType = data + "type.json", broken = data + "broken.json";
     const ToolRun check = runTool({"json", "check", "--schema", schema, good, wrongType, broken});
     EXPECT_EQ(check.exitCode, 1);
     EXPECT_EQ(check.out, good + ": valid\n");
@@ -88,7 +83,7 @@ TEST(Tool, JsonChecksDocumentsAndPrintsWhatQtReadsBack)
         const ToolRun format = runTool(compact ? QStringList{"json", "format", good, "--compact"}
                                                : QStringList{"json", "format", good});
         EXPECT_EQ(format.exitCode, 0);
-        EXPECT_EQ(QJsonDocument::fromJson(format.out.toUtf8()), QJsonDocument::fromJson(document));
+        EXPECT_EQ(QJsonDocument::fromJson(format.out.toUtf8()), QJsonDocument::fromJson(cktest::readFile(good)));
         EXPECT_EQ(format.out.count('\n'), compact ? 1 : 10) << format.out.toStdString();
     }
 }
