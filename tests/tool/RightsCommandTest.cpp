@@ -9,7 +9,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QFile>
 #include <QTemporaryDir>
 
 namespace {
@@ -39,13 +38,8 @@ TEST(RightsCommand, ShowsTheSavedGridRowByRow)
 
     // Inside an outer group, with a word after the grid and text after the
     // last "+": both noted, not fatal.
-    QFile(file).remove();
-    {
-        QSettings store(file, QSettings::IniFormat);
-        store.setValue(QStringLiteral("Client/FeatureMatrix/Rows"), 2);
-        store.setValue(QStringLiteral("Client/FeatureMatrix/Columns"), 2);
-        store.setValue(QStringLiteral("Client/FeatureMatrix/Matrix"), QByteArray("6+7+x"));
-    }
+    cktest::writeFile(file, "[Client]\nFeatureMatrix\\Rows=2\nFeatureMatrix\\Columns=2\n"
+                            "FeatureMatrix\\Matrix=@ByteArray(6+7+x)\n");
     run = runTool({"rights", "show", file, "--group", "Client/"});
     ASSERT_EQ(run.exitCode, 0) << run.err.toStdString();
     EXPECT_TRUE(run.out.contains("row 0: 0 1\nrow 1: 1 0\n")) << run.out.toStdString();
