@@ -63,22 +63,14 @@ protected:
 
 TEST_F(SettingsTool, ConvertsThroughEveryFormAndShowsEach)
 {
-    // INI text -> plain JSON -> encrypted map -> JSON under another key ->
-    // INI text again.
-    // The key options of the conversion, and those that show its output.
-    const struct { const char* in; const char* out; QStringList options; QStringList showOptions; } steps[] = {
-        {"start.conf", "plain.json", {}, {}},
-        {"plain.json", "keyed.ini", {"--key-file", path("key")}, {"--key-file", path("key")}},
-        {"keyed.ini", "rekeyed.json", {"--key-file", path("key"), "--out-key-file", path("other")},
-         {"--key-file", path("other")}},
-        {"rekeyed.json", "end.conf", {"--key-file", path("other"), "--plain"}, {}},
-    };
-    for (const auto& step : steps) {
-        SCOPED_TRACE(step.out);
-        const ToolRun run = settings(QStringList{"convert", path(step.in), path(step.out)} + step.options);
+    for (const DataRow& row : dataRows("tool/settings-chain.tsv", -3)) {
+        SCOPED_TRACE(row.where);
+        const QStringList arguments = argumentsOf(row, 1, m_dir.path());
+        const ToolRun run = settings(QStringList{"convert"} + arguments);
         ASSERT_EQ(run.exitCode, 0) << run.err.toStdString();
-        EXPECT_EQ(readFile(path(step.out)).startsWith('\x01'), !step.showOptions.isEmpty());
-        const ToolRun show = settings(QStringList{"show", path(step.out)} + step.showOptions);
+        EXPECT_EQ(readFile(arguments[1]).startsWith('\x01'), !row[0].empty()) << "encrypted";
+        const QStringList keyOption = row[0].empty() ? QStringList() : QStringList{"--key-file", path(row[0].c_str())};
+        const ToolRun show = settings(QStringList{"show", arguments[1]} + keyOption);
         ASSERT_EQ(show.exitCode, 0) << show.err.toStdString();
         expectStartValues(parsed(show.out));
     }
