@@ -165,14 +165,9 @@ TEST_F(ContainerTool, OutputThatIsTheInputUnderAnotherNameIsRefused)
     ASSERT_TRUE(QFile::link(box, path("box.symlink")));
     std::filesystem::create_hard_link(native(m_input), native(path("input.hardlink")));
     std::filesystem::create_hard_link(native(box), native(path("box.hardlink")));
-    const QStringList rows[] = {
-        {"create", m_input, path("input.symlink")}, {"create", m_input, path("input.hardlink")},
-        {"create", path("input.symlink"), m_input}, {"extract", box, path("box.symlink")},
-        {"extract", box, path("box.hardlink")},
-    };
-    for (const QStringList& arguments : rows) {
-        const ToolRun run = container(arguments);
-        const std::string label = arguments.join(' ').toStdString() + ": " + run.err.toStdString();
+    for (const DataRow& row : dataRows("tool/same-file.tsv", -1)) {
+        const ToolRun run = container(argumentsOf(row, 0, m_dir.path()));
+        const std::string label = row.where + ": " + run.err.toStdString();
         EXPECT_EQ(run.exitCode, 2) << label;
         EXPECT_TRUE(run.err.contains("same file")) << label;
         EXPECT_TRUE(readFile(m_input) == m_data) << label;
