@@ -10,6 +10,7 @@
 #include <CommonKit/support/core/Log.h>
 #include <CommonKit/support/crypto/RSAKeyPair.h>
 #include "testlib/ToolRunner.h"
+#include "testlib/ToolTable.h"
 
 #include <gtest/gtest.h>
 
@@ -83,15 +84,14 @@ protected:
         EXPECT_EQ(leaked(text, k_wrongKey), "") << "wrong key in " << where;
     }
 
-    // Runs `commonkit <command> <arguments>` for each row, each failing or
-    // not as the row says, and none showing a key.
-    void runWithoutLeaks(const char* command, const std::vector<std::pair<QStringList, bool>>& rows) const
+    // Runs `commonkit <command> <arguments>` for each row of the table, each
+    // failing or not as the row says, and none showing a key.
+    void runWithoutLeaks(const char* command, const std::string& table) const
     {
-        for (const auto& [arguments, fails] : rows) {
-            const cktest::ToolRun result = cktest::runTool(QStringList{command} + arguments);
-            const std::string where = command + (" " + arguments.join(' ').toStdString());
-            EXPECT_EQ(result.exitCode != 0, fails) << where << ": " << result.err.toStdString();
-            expectNoKey(result.out.toUtf8() + result.err.toUtf8(), where);
+        for (const DataRow& row : dataRows(table, -2)) {
+            const ToolRun result = runTool(QStringList{command} + argumentsOf(row, 1, m_dir.path()));
+            EXPECT_EQ(result.exitCode != 0, row[0] == "fails") << row.where << ": " << result.err.toStdString();
+            expectNoKey(result.out.toUtf8() + result.err.toUtf8(), row.where);
         }
     }
 
@@ -121,12 +121,7 @@ TEST_F(Secrets, SettingsKeyStaysOutOfLogsToolOutputAndFiles)
         expectNoKey(QByteArray::fromStdString(log.text()), "the library's log lines");
     }
 
-    runWithoutLeaks("settings", {
-        {{"convert", path("lib.ini"), path("tool.json"), "--key-file", path("key"), "--out-key-file", path("key")}, false},
-        {{"show", path("tool.json"), "--key-file", path("key")}, false},
-        {{"show", path("tool.json"), "--key-file", path("wrong")}, true},
-        {{"convert", path("tool.json"), path("plain.json"), "--key-file", path("key"), "--plain"}, false},
-    });
+    runWithoutLeaks("settings", "tool/secrets-settings.tsv");
     EXPECT_TRUE(readFile(path("plain.json")).contains("Gate"));
     expectNoKey(writtenFiles(m_dir.path(), {"key", "wrong"}), "the written files");
 }
@@ -152,13 +147,7 @@ TEST_F(Secrets, ContainerKeyStaysOutOfLogsToolOutputAndFiles)
     }
 
     writeFile(path("input.bin"), payload);
-    runWithoutLeaks("container", {
-        {{"create", path("input.bin"), path("tool.box"), "--key-file", path("key"), "--compress", "6"}, false},
-        {{"info", path("tool.box")}, false},
-        {{"extract", path("tool.box"), path("out.bin"), "--key-file", path("key")}, false},
-        {{"extract", path("tool.box"), path("bad.bin"), "--key-file", path("wrong")}, true},
-        {{"extract", path("lib.box"), path("lib.bin"), "--key-file", path("key")}, false},
-    });
+    runWithoutLeaks("container", "tool/secrets-container.tsv");
     EXPECT_EQ(readFile(path("out.bin")), payload);
     EXPECT_EQ(readFile(path("lib.bin")), payload);
     expectNoKey(writtenFiles(m_dir.path(), {"key", "wrong"}), "the written files");
