@@ -78,7 +78,6 @@ TEST_F(ContainerTool, KeygenWritesAPrivateAndAPublicKey)
 
 TEST_F(ContainerTool, CreateExtractInfoAndVerifyRoundTrip)
 {
-    const QString keyFile = path("key");
     const struct
     {
         QStringList options;   // for create
@@ -89,7 +88,7 @@ TEST_F(ContainerTool, CreateExtractInfoAndVerifyRoundTrip)
     } rows[] = {
         {{}, {}, QByteArray(), "stored as is", "\"content-length\": 200000,"},
         {{"--key-file", "-", "--compress", "-1", "--sign", privateKey(), "--signer", "Zoë Tester"},
-         {"--key-file", keyFile},
+         {"--key-file", path("key")},
          "tool secret",
          "compressed, encrypted, signed",
          "\"signer\": \"Zoë Tester\""},
@@ -123,8 +122,7 @@ TEST_F(ContainerTool, CreateExtractInfoAndVerifyRoundTrip)
 TEST_F(ContainerTool, TamperingWrongKeysAndBadInputFailWithOneLine)
 {
     const QString box = path("box");
-    const QString keyFile = path("key");
-    ASSERT_EQ(container({"create", m_input, box, "--key-file", keyFile, "--sign", privateKey()}).exitCode, 0);
+    ASSERT_EQ(container({"create", m_input, box, "--key-file", path("key"), "--sign", privateKey()}).exitCode, 0);
     QByteArray tampered = readFile(box);
     tampered[1000] = static_cast<char>(tampered[1000] ^ 0x20);
     writeFile(path("tampered"), tampered);
@@ -189,11 +187,9 @@ TEST_F(ContainerTool, FailuresLeaveAnExistingOutputAsItWas)
     const auto onlyPrecious = [&] {
         return QDir(m_dir.path()).entryList(QDir::Files).filter("precious") == QStringList{"precious"};
     };
-    QList<QStringList> rows = {
-        {"extract", box, out, "--key-file", path("wrong")},
-        {"extract", path("damaged"), out, "--key-file", keyFile},
-        {"create", m_input, out, "--sign", path("small.pem"), "--digest", "SHA384"},
-    };
+    QList<QStringList> rows;
+    for (const DataRow& row : dataRows("tool/failing-over-output.tsv", -1))
+        rows.append(argumentsOf(row, 0, m_dir.path()));
     // An input that opens but cannot be read fails after the container was
     // started.
     if (QFileInfo::exists("/proc/self/mem"))
