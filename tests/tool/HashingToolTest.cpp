@@ -35,13 +35,11 @@ TEST(HashingTool, Ha1AndAccessLine)
     }
     const ToolRun run = runTool({"access-line", "operator", "-", "viewer", "camera"}, "UTC0", "s3cret");
     EXPECT_EQ(run.exitCode, 0) << run.err.toStdString();
-    const QStringList fields = run.out.trimmed().split(':');
-    ASSERT_EQ(fields.size(), 4) << run.out.toStdString();
-    EXPECT_EQ(fields.at(0), "operator");
-    EXPECT_EQ(fields.at(1), "viewer");
-    EXPECT_EQ(fields.at(2), Crypt::crypt(fields.at(2).left(2), QStringLiteral("s3cret")));
-    EXPECT_EQ(fields.at(3), Crypt::createSessionKey(QStringLiteral("operator"), QStringLiteral("s3cret"),
-                                                    QStringLiteral("camera")));
+    // user:group:crypt hash with the salt the tool drew:HA1 of user, password and realm.
+    const QString salt = run.out.section(':', 2, 2).left(2);
+    const QStringList fields = {"operator", "viewer", Crypt::crypt(salt, QStringLiteral("s3cret")),
+                                Crypt::createSessionKey("operator", "s3cret", "camera")};
+    EXPECT_EQ(run.out.toStdString(), fields.join(':').toStdString() + "\n");
 }
 
 } // namespace
