@@ -71,7 +71,7 @@ TEST(Translations, EveryCatalogueIsCompleteAndKeepsItsPlaceholders)
             EXPECT_FALSE(message.unfinished) << where;
             EXPECT_FALSE(message.translation.trimmed().isEmpty()) << where;
             EXPECT_EQ(placeholders(message.source), placeholders(message.translation)) << where;
-            keysOfLanguage[name.section(QLatin1Char('_'), -1)].insert(message.context + QLatin1Char('|') + message.source);
+            keysOfLanguage[name.section('_', -1)].insert(message.context + '|' + message.source);
         }
     }
     EXPECT_EQ(keysOfLanguage.keys(), (QStringList{QStringLiteral("de.ts"), QStringLiteral("fr.ts")}));
