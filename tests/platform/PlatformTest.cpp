@@ -25,8 +25,7 @@ TEST(FileLock, SeparateOpensOfOneFileExcludeEachOther)
     const QString path = dir.filePath(QStringLiteral("log.kol"));
     QFile firstFile(path), secondFile(path);
     const int first = openHandle(firstFile), second = openHandle(secondFile);
-    ASSERT_GE(first, 0);
-    ASSERT_GE(second, 0);
+    ASSERT_TRUE(first >= 0 && second >= 0) << first << " " << second;
 
     EXPECT_EQ(ko::platform::lockFileRange(first, 1, 1), 0);
     // Locking again through the same open file is allowed.
