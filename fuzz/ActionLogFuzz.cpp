@@ -45,12 +45,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     QDir(fixture.logDirectory).removeRecursively();
     QDir().mkpath(fixture.logDirectory);
     const QString path = fixture.logDirectory + QStringLiteral("/fuzz.kol");
-    {
-        QFile out(path);
-        if (!out.open(QIODevice::WriteOnly))
-            return 0;
-        out.write(reinterpret_cast<const char*>(data), static_cast<qint64>(size));
-    }
+    if (!fuzzsupport::writeInput(path, reinterpret_cast<const char*>(data), size))
+        return 0;
 
     FuzzEntry entry;
     entry.text.value = QStringLiteral("after <fuzz> & \"more\"");

@@ -2,8 +2,8 @@
 // metadata read, its payload read to the end and its signature checked.
 // Nothing may crash, hang or allocate without bound.
 
+#include "fuzz/FuzzSupport.h"
 #include <CommonKit/storage/EncryptedFile.h>
-#include <CommonKit/support/core/Log.h>
 #include <CommonKit/support/crypto/RSAKeyPair.h>
 
 #include <QFile>
@@ -19,7 +19,7 @@ struct Fixture
 {
     Fixture()
     {
-        ko::Log::instance().setSink([](int, const std::string&) {});
+        fuzzsupport::setUp();
         file.open();
         file.close();
         if (!keyPair.generate(1024))
@@ -34,12 +34,8 @@ struct Fixture
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     static Fixture fixture;
-    {
-        QFile out(fixture.file.fileName());
-        if (!out.open(QIODevice::WriteOnly | QIODevice::Truncate))
-            return 0;
-        out.write(reinterpret_cast<const char*>(data), static_cast<qint64>(size));
-    }
+    if (!fuzzsupport::writeInput(fixture.file.fileName(), reinterpret_cast<const char*>(data), size))
+        return 0;
     const QFileInfo info(fixture.file.fileName());
     ko::EncryptedFile::metaInfo(info);
 
@@ -49,16 +45,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     ko::EncryptedFile container;
     if (!container.open(info, key))
         return 0;
-    char buffer[4096];
-    qint64 total = 0;
-    for (;;) {
-        const qint64 n = container.read(buffer, sizeof buffer);
-        if (n <= 0)
-            break;
-        total += n;
-        if (total > (qint64(64) << 20))
-            break;
-    }
+    fuzzsupport::drain(container);
     ko::EncryptedFile again;
     if (again.open(info, key))
         static_cast<void>(again.verify(fixture.keyPair));

@@ -18,14 +18,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     QDataStream in(bytes);
     // The first byte picks the stream version, so the QVariant layouts of
     // every generation (type ids, null flag, invalid values) are exercised.
-    static const int kVersions[] = {QDataStream::Qt_DefaultCompiledVersion,
-                                    QDataStream::Qt_5_6,
-                                    QDataStream::Qt_4_8,
-                                    QDataStream::Qt_4_0,
-                                    QDataStream::Qt_3_3,
-                                    QDataStream::Qt_5_0,
-                                    QDataStream::Qt_4_2,
-                                    QDataStream::Qt_1_0};
+    static const int kVersions[] = {QDataStream::Qt_DefaultCompiledVersion, QDataStream::Qt_5_6, QDataStream::Qt_4_8,
+                                    QDataStream::Qt_4_0, QDataStream::Qt_3_3, QDataStream::Qt_5_0,
+                                    QDataStream::Qt_4_2, QDataStream::Qt_1_0};
     if (size > 0)
         in.setVersion(kVersions[data[0] & 7]);
     const kogen::ExpressionHandle tree = kogen::Expression::readExpression(in);

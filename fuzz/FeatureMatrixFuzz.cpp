@@ -10,7 +10,6 @@
 #include <CommonKit/storage/EncryptedSettings.h>
 #include <CommonKit/storage/Settings.h>
 
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <algorithm>
@@ -40,12 +39,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         return 0;
     const bool json = data[0] & 1;
     const QString path = fixture.directory.path() + (json ? QStringLiteral("/rights.json") : QStringLiteral("/rights.ini"));
-    {
-        QFile out(path);
-        if (!out.open(QIODevice::WriteOnly | QIODevice::Truncate))
-            return 0;
-        out.write(reinterpret_cast<const char*>(data) + 1, static_cast<qint64>(size - 1));
-    }
+    if (!fuzzsupport::writeInput(path, reinterpret_cast<const char*>(data) + 1, size - 1))
+        return 0;
     ko::EncryptedSettings::clearEncryptionKey();
     ko::Settings settings(path, json ? ko::EncryptedSettings::JsonFormat : QSettings::IniFormat);
     const int rows = side(settings, "Rows");

@@ -1,14 +1,15 @@
 #pragma once
 
 // Shared by the fuzz targets and the seed writer: a quiet process with a
-// QCoreApplication, the settings schema the JSON targets read with, and a
-// bounded way to drain a device.
+// QCoreApplication, the settings schema the JSON targets read with, a bounded
+// way to drain a device, and the input written to a file.
 
 #include <CommonKit/support/core/Log.h>
 #include <CommonKit/support/json/JsonParser.h>
 #include <CommonKit/support/json/Schema.h>
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QIODevice>
 #include <QMap>
 #include <QString>
@@ -90,6 +91,13 @@ inline qint64 drain(QIODevice& device, qint64 limit = qint64(64) << 20)
         total += n;
     }
     return total;
+}
+
+// Replaces the file at `path` with the bytes; false when that fails.
+inline bool writeInput(const QString& path, const char* data, std::size_t size)
+{
+    QFile out(path);
+    return out.open(QIODevice::WriteOnly | QIODevice::Truncate) && out.write(data, static_cast<qint64>(size)) >= 0;
 }
 
 // Whether a key of a flat settings map names a list index above 4096 in

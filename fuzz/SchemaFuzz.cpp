@@ -7,7 +7,7 @@
 // Schemas whose "$ref"s would load local files are skipped: reading devices
 // such as /dev/stdin is the caller's business, not the parser's.
 
-#include <CommonKit/support/core/Log.h>
+#include "fuzz/FuzzSupport.h"
 #include <CommonKit/support/json/JsonParser.h>
 #include <CommonKit/support/json/Schema.h>
 #include <CommonKit/support/json/Variant.h>
@@ -78,8 +78,7 @@ void ask(const json::Schema::Ptr& schema, const json::Variant& value, int depth)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    static const bool quiet = (ko::Log::instance().setSink([](int, const std::string&) {}), true);
-    (void)quiet;
+    fuzzsupport::setUp();
 
     const char* text = reinterpret_cast<const char*>(data);
     std::vector<std::pair<const char*, std::size_t>> parts;

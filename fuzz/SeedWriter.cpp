@@ -39,17 +39,16 @@ namespace {
 QString g_out;
 QTemporaryDir* g_work = nullptr;
 
+// Writes OUT_DIR/target/name: the selector byte, if any, then the bytes.
 void put(const char* target, const QString& name, const QByteArray& bytes, int selector = -1)
 {
-    QDir().mkpath(g_out + QLatin1Char('/') + QLatin1String(target));
-    QFile file(g_out + QLatin1Char('/') + QLatin1String(target) + QLatin1Char('/') + name);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
-        std::fprintf(stderr, "cannot write %s\n", qPrintable(file.fileName()));
+    const QString directory = g_out + QLatin1Char('/') + QLatin1String(target);
+    const QByteArray seed = selector >= 0 ? static_cast<char>(selector) + bytes : bytes;
+    if (!QDir().mkpath(directory)
+        || !fuzzsupport::writeInput(directory + QLatin1Char('/') + name, seed.constData(), std::size_t(seed.size()))) {
+        std::fprintf(stderr, "cannot write %s/%s\n", qPrintable(directory), qPrintable(name));
         std::exit(1);
     }
-    if (selector >= 0)
-        file.putChar(static_cast<char>(selector));
-    file.write(bytes);
 }
 
 QByteArray fileBytes(const QString& path)

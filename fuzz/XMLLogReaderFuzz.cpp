@@ -4,6 +4,7 @@
 // allocate without bound.
 
 #include "fuzz/FuzzEntry.h"
+#include "fuzz/FuzzSupport.h"
 #include <CommonKit/logging/LogEntry.h>
 #include <CommonKit/logging/LogEntryFactory.h>
 #include <CommonKit/logging/LogValue.h>
@@ -11,7 +12,6 @@
 #include <CommonKit/logging/XMLLogWriter.h>
 #include <CommonKit/support/core/Log.h>
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QString>
 #include <QTemporaryFile>
@@ -40,16 +40,12 @@ struct Fixture
 {
     Fixture()
     {
-        ko::Log::instance().setSink([](int, const std::string&) {});
+        fuzzsupport::setUp();
         fuzzsupport::registerFuzzEntry();
         ko::logEntryFactory().registerCreator(ko::FourChars("FzzP"), createPlainEntry, "Plain");
         file.open();
         file.close();
     }
-    int argc = 1;
-    char name[5] = "fuzz";
-    char* argv[2] = {name, nullptr};
-    QCoreApplication application{argc, argv};
     QTemporaryFile file;
 };
 
@@ -58,12 +54,8 @@ struct Fixture
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     static Fixture fixture;
-    {
-        QFile out(fixture.file.fileName());
-        if (!out.open(QIODevice::WriteOnly | QIODevice::Truncate))
-            return 0;
-        out.write(reinterpret_cast<const char*>(data), static_cast<qint64>(size));
-    }
+    if (!fuzzsupport::writeInput(fixture.file.fileName(), reinterpret_cast<const char*>(data), size))
+        return 0;
     QFile file(fixture.file.fileName());
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
         return 0;

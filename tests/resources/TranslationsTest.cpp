@@ -1,4 +1,5 @@
 #include <CommonKit/resources/Translations.h>
+#include "testlib/TestFiles.h"
 
 #include <gtest/gtest.h>
 
@@ -53,11 +54,14 @@ QSet<QString> placeholders(const QString& text)
     return found;
 }
 
+// Every message translated with the placeholders of its source, and the
+// German and French catalogues holding the same texts.
 TEST(Translations, EveryCatalogueIsCompleteAndKeepsItsPlaceholders)
 {
     const QDir dir(QStringLiteral(COMMONKIT_TRANSLATIONS_DIR));
     const QStringList files = dir.entryList({QStringLiteral("*.ts")}, QDir::Files, QDir::Name);
     ASSERT_FALSE(files.isEmpty());
+    QMap<QString, QSet<QString>> keysOfLanguage;
     for (const QString& name : files) {
         const QList<Message> messages = readCatalogue(dir.filePath(name));
         EXPECT_FALSE(messages.isEmpty()) << name.toStdString();
@@ -67,24 +71,11 @@ TEST(Translations, EveryCatalogueIsCompleteAndKeepsItsPlaceholders)
             EXPECT_FALSE(message.unfinished) << where;
             EXPECT_FALSE(message.translation.trimmed().isEmpty()) << where;
             EXPECT_EQ(placeholders(message.source), placeholders(message.translation)) << where;
+            keysOfLanguage[name.section('_', -1)].insert(message.context + '|' + message.source);
         }
     }
-}
-
-TEST(Translations, GermanAndFrenchCataloguesCoverTheSameTexts)
-{
-    const QDir dir(QStringLiteral(COMMONKIT_TRANSLATIONS_DIR));
-    for (const QString& german : dir.entryList({QStringLiteral("*_de.ts")}, QDir::Files)) {
-        QString french = german;
-        french.replace(QStringLiteral("_de.ts"), QStringLiteral("_fr.ts"));
-        ASSERT_TRUE(dir.exists(french)) << french.toStdString();
-        QSet<QString> germanKeys, frenchKeys;
-        for (const Message& m : readCatalogue(dir.filePath(german)))
-            germanKeys.insert(m.context + QLatin1Char('|') + m.source);
-        for (const Message& m : readCatalogue(dir.filePath(french)))
-            frenchKeys.insert(m.context + QLatin1Char('|') + m.source);
-        EXPECT_EQ(germanKeys, frenchKeys) << german.toStdString();
-    }
+    EXPECT_EQ(keysOfLanguage.keys(), (QStringList{QStringLiteral("de.ts"), QStringLiteral("fr.ts")}));
+    EXPECT_EQ(keysOfLanguage.value(QStringLiteral("de.ts")), keysOfLanguage.value(QStringLiteral("fr.ts")));
 }
 
 // The C++ sources of the library and the tool: everything but tests,
@@ -92,10 +83,9 @@ TEST(Translations, GermanAndFrenchCataloguesCoverTheSameTexts)
 QStringList sourceFiles()
 {
     const QDir root(QStringLiteral(COMMONKIT_SOURCE_DIR));
-    const QStringList skipped = {QStringLiteral("tests"), QStringLiteral("bench"), QStringLiteral("fuzz")};
+    const QStringList skipped = {"tests", "bench", "fuzz"};
     QStringList files;
-    QDirIterator it(root.path(), {QStringLiteral("*.cpp"), QStringLiteral("*.h")}, QDir::Files,
-                    QDirIterator::Subdirectories);
+    QDirIterator it(root.path(), {"*.cpp", "*.h"}, QDir::Files, QDirIterator::Subdirectories);
     while (it.hasNext()) {
         const QString relative = root.relativeFilePath(it.next());
         const QString top = relative.section(QLatin1Char('/'), 0, 0);
@@ -111,21 +101,14 @@ TEST(Translations, EveryTranslatableTextOfTheSourcesIsInBothLanguages)
     // lupdate finds the texts as a translator's tools would: tr() of classes
     // and namespaces, translate() and QT_TRANSLATE_NOOP.
     QTemporaryDir dir;
-    ASSERT_TRUE(dir.isValid());
     const QStringList files = sourceFiles();
     ASSERT_GT(files.size(), 50);
-    QFile list(dir.filePath(QStringLiteral("sources.lst")));
-    ASSERT_TRUE(list.open(QIODevice::WriteOnly));
-    list.write(files.join(QLatin1Char('\n')).toUtf8());
-    list.close();
-    const QString found = dir.filePath(QStringLiteral("found.ts"));
+    const QString list = dir.filePath("sources.lst"), found = dir.filePath("found.ts");
+    cktest::writeFile(list, files.join('\n').toUtf8());
     QProcess lupdate;
     lupdate.setProcessChannelMode(QProcess::MergedChannels);
-    lupdate.start(QStringLiteral(COMMONKIT_LUPDATE),
-                  {QStringLiteral("-no-obsolete"), QStringLiteral("-locations"), QStringLiteral("none"),
-                   QStringLiteral("-I"), QStringLiteral(COMMONKIT_SOURCE_DIR),
-                   QStringLiteral("-I"), QStringLiteral(COMMONKIT_INCLUDE_DIR),
-                   QLatin1Char('@') + list.fileName(), QStringLiteral("-ts"), found});
+    lupdate.start(COMMONKIT_LUPDATE, {"-no-obsolete", "-locations", "none", "-I", COMMONKIT_SOURCE_DIR, "-I",
+                                      COMMONKIT_INCLUDE_DIR, '@' + list, "-ts", found});
     ASSERT_TRUE(lupdate.waitForFinished(120000));
     const QString report = QString::fromUtf8(lupdate.readAll());
     ASSERT_EQ(lupdate.exitCode(), 0) << report.toStdString();

@@ -1,6 +1,7 @@
 #include <CommonKit/expressions/Expressions.h>
 #include <CommonKit/properties/Properties.h>
 #include "testlib/ToolRunner.h"
+#include "testlib/ToolTable.h"
 
 #include <gtest/gtest.h>
 
@@ -11,6 +12,7 @@
 namespace {
 
 using namespace kogen;
+using namespace cktest;
 
 QByteArray stream(const ExpressionHandle& e)
 {
@@ -26,9 +28,9 @@ TEST(ExprCommand, PrintsAStreamWithItsBoundValues)
     StringProperty s(QStringLiteral("s"));
     const QByteArray bytes = stream((a > QVariant(2) && s == QVariant(QStringLiteral("it's"))) || !(a == QVariant(7)));
 
-    const cktest::ToolRun run = cktest::runTool({QStringLiteral("expr"), QStringLiteral("--bind"), QStringLiteral("-")}, "UTC0", bytes);
+    const ToolRun run = runTool({"expr", "--bind", "-"}, "UTC0", bytes);
     EXPECT_EQ(run.exitCode, 0) << run.err.toStdString();
-    EXPECT_EQ(run.out, QStringLiteral("(a > ? AND s = ?) OR  NOT a = ?\n1: 2 (int)\n2: it's (QString)\n3: 7 (int)\n"));
+    EXPECT_EQ(run.out, "(a > ? AND s = ?) OR  NOT a = ?\n1: 2 (int)\n2: it's (QString)\n3: 7 (int)\n");
 }
 
 TEST(ExprCommand, RefusesDamagedAndUnreadableStreams)
@@ -39,57 +41,31 @@ TEST(ExprCommand, RefusesDamagedAndUnreadableStreams)
     sw.switchCase(ConstExpression(1, false), ConstExpression(2, false));
     const QByteArray inputs[] = {good.left(good.size() - 3), stream(sw), good + "x", QByteArray()};
     for (const QByteArray& input : inputs) {
-        const cktest::ToolRun run = cktest::runTool({QStringLiteral("expr"), QStringLiteral("-")}, "UTC0", input);
+        const ToolRun run = runTool({"expr", "-"}, "UTC0", input);
         EXPECT_EQ(run.exitCode, 1);
         EXPECT_TRUE(run.out.isEmpty());
-        EXPECT_TRUE(run.err.startsWith(QStringLiteral("commonkit: expr: '-' "))) << run.err.toStdString();
+        EXPECT_TRUE(run.err.startsWith("commonkit: expr: '-' ")) << run.err.toStdString();
     }
-    const cktest::ToolRun missing = cktest::runTool({QStringLiteral("expr"), QStringLiteral("/nonexistent/f.bin")});
+    const ToolRun missing = runTool({"expr", "/nonexistent/f.bin"});
     EXPECT_EQ(missing.exitCode, 1);
-    EXPECT_TRUE(missing.err.contains(QStringLiteral("cannot open '/nonexistent/f.bin'"))) << missing.err.toStdString();
+    EXPECT_TRUE(missing.err.contains("cannot open '/nonexistent/f.bin'")) << missing.err.toStdString();
 }
 
 TEST(ExprCommand, ParsesFiltersAgainstDeclaredProperties)
 {
-    const QString properties[] = {QStringLiteral("--property"), QStringLiteral("a=int"), QStringLiteral("--schema"),
-                                  QStringLiteral("my field:double,s")};
-    QStringList declared(std::begin(properties), std::end(properties));
-    struct Case { QStringList arguments; QByteArray input; int exitCode; QString out; QString err; };
-    const Case cases[] = {
-        {QStringList{QStringLiteral("expr"), QStringLiteral("parse")} + declared +
-             QStringList{QStringLiteral("a > 2 and (s like 'x%' escape '!') or my_field in (1.5, -2)")},
-         {}, 0,
-         QStringLiteral("SQL: (a > 2 AND (s LIKE 'x%' ESCAPE '!')) OR my_field IN (1.5,-2)\n"
-                        "Bound: (a > ? AND (s LIKE 'x%' ESCAPE '!')) OR my_field IN (?,?)\n"
-                        "  1: 2 (int)\n  2: 1.5 (double)\n  3: -2 (int)\n"
-                        "Code: (a > 2 && like(s,\"x%\",\"!\")) || my_field IN (1.5,-2)\n"),
-         {}},
-        {{QStringLiteral("expr"), QStringLiteral("parse"), QStringLiteral("--property"), QStringLiteral("a"),
-          QStringLiteral("--"), QStringLiteral("- -a")},
-         {}, 0, QStringLiteral("SQL: - -a\nBound: - -a\nCode: - -a\n"), {}},
-        {{QStringLiteral("expr"), QStringLiteral("parse"), QStringLiteral("--property=a"), QStringLiteral("-")},
-         "a\n=\n'x'", 0, QStringLiteral("SQL: a = 'x'\nBound: a = ?\n  1: x (QString)\nCode: a == \"x\"\n"), {}},
-        {{QStringLiteral("expr"), QStringLiteral("parse"), QStringLiteral("b = 1")}, {}, 1, {},
-         QStringLiteral("commonkit: expr parse: unknown property 'b' at column 1\n  b = 1\n  ^\n")},
-        {{QStringLiteral("expr"), QStringLiteral("parse"), QStringLiteral("--property"), QStringLiteral("b=blob"),
-          QStringLiteral("b")},
-         {}, 2, {},
-         QStringLiteral("commonkit: expr parse: cannot declare 'b=blob' (types: bool, int, uint, u64, float, double, "
-                        "string, stringlist, bytearray, date, time, datetime, variant)\n")},
-    };
-    for (const Case& c : cases) {
-        const cktest::ToolRun run = cktest::runTool(c.arguments, "UTC0", c.input);
-        EXPECT_EQ(run.exitCode, c.exitCode) << run.err.toStdString();
-        EXPECT_EQ(run.out, c.out);
-        EXPECT_EQ(run.err, c.err);
+    for (const cktest::DataRow& row : cktest::dataRows("tool/expr-parse.tsv", -5)) {
+        const ToolRun run = runTool(QStringList{"expr", "parse"} + cktest::argumentsOf(row, 4), "UTC0",
+                                    QByteArray::fromStdString(row[1]));
+        EXPECT_EQ(run.exitCode, std::stoi(row[0])) << row.where << ": " << run.err.toStdString();
+        EXPECT_EQ(run.out.toStdString(), row[2]) << row.where;
+        EXPECT_EQ(run.err.toStdString(), row[3]) << row.where;
     }
 
     // The stream form reads back into the tree the builders give.
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("filter.bin"));
-    const cktest::ToolRun run = cktest::runTool(
-        QStringList{QStringLiteral("expr"), QStringLiteral("parse"), QStringLiteral("--out"), path} + declared +
-        QStringList{QStringLiteral("a >= -3 OR NOT s IN ('it''s')")});
+    const ToolRun run = runTool({"expr", "parse", "--out", path, "--property", "a=int", "--property", "s",
+                                 "a >= -3 OR NOT s IN ('it''s')"});
     EXPECT_EQ(run.exitCode, 0) << run.err.toStdString();
     EXPECT_TRUE(run.out.endsWith(QStringLiteral("Stream written to %1\n").arg(path))) << run.out.toStdString();
     QFile file(path);

@@ -3,18 +3,17 @@
 #include "../rights/MatrixTestSupport.h"
 
 #include <CommonKit/storage/Settings.h>
+#include "testlib/DataTable.h"
 #include "testlib/TestFiles.h"
 #include "testlib/ToolRunner.h"
 
 #include <gtest/gtest.h>
 
-#include <QFile>
 #include <QTemporaryDir>
 
 namespace {
 
-using cktest::runTool;
-using cktest::ToolRun;
+using namespace cktest;
 
 TEST(RightsCommand, ShowsTheSavedGridRowByRow)
 {
@@ -25,58 +24,40 @@ TEST(RightsCommand, ShowsTheSavedGridRowByRow)
         ko::Settings settings(file, QSettings::IniFormat);
         matrix->save(&settings);
     }
-    ToolRun run = runTool({QStringLiteral("rights"), QStringLiteral("show"), file});
+    ToolRun run = runTool({"rights", "show", file});
     ASSERT_EQ(run.exitCode, 0) << run.err.toStdString();
-    EXPECT_TRUE(run.out.startsWith(file + QStringLiteral(": 3 rows (feature groups) x 12 columns (user groups)")));
-    EXPECT_TRUE(run.out.endsWith(QStringLiteral("\n"
-                                                "        0  1  2  3  4  5  6  7  8  9 10 11\n"
-                                                "row 0:  0  1  1  1  1  1  1  1  1  1  1  0\n"
-                                                "row 1:  1  1  1  1  1  1  1  0  1  1  1  1\n"
-                                                "row 2:  1  1  1  1  1  1  1  1  1  1  1  1\n"
-                                                "33 of 36 cells allowed\n")))
+    EXPECT_TRUE(run.out.startsWith(file + ": 3 rows (feature groups) x 12 columns (user groups)"));
+    EXPECT_TRUE(run.out.endsWith("\n"
+                                 "        0  1  2  3  4  5  6  7  8  9 10 11\n"
+                                 "row 0:  0  1  1  1  1  1  1  1  1  1  1  0\n"
+                                 "row 1:  1  1  1  1  1  1  1  0  1  1  1  1\n"
+                                 "row 2:  1  1  1  1  1  1  1  1  1  1  1  1\n"
+                                 "33 of 36 cells allowed\n"))
         << run.out.toStdString();
     EXPECT_TRUE(run.err.isEmpty());
 
     // Inside an outer group, with a word after the grid and text after the
     // last "+": both noted, not fatal.
-    QFile(file).remove();
-    {
-        QSettings store(file, QSettings::IniFormat);
-        store.setValue(QStringLiteral("Client/FeatureMatrix/Rows"), 2);
-        store.setValue(QStringLiteral("Client/FeatureMatrix/Columns"), 2);
-        store.setValue(QStringLiteral("Client/FeatureMatrix/Matrix"), QByteArray("6+7+x"));
-    }
-    run = runTool({QStringLiteral("rights"), QStringLiteral("show"), file, QStringLiteral("--group"), QStringLiteral("Client/")});
+    cktest::writeFile(file, "[Client]\nFeatureMatrix\\Rows=2\nFeatureMatrix\\Columns=2\n"
+                            "FeatureMatrix\\Matrix=@ByteArray(6+7+x)\n");
+    run = runTool({"rights", "show", file, "--group", "Client/"});
     ASSERT_EQ(run.exitCode, 0) << run.err.toStdString();
-    EXPECT_TRUE(run.out.contains(QStringLiteral("row 0: 0 1\nrow 1: 1 0\n"))) << run.out.toStdString();
-    EXPECT_EQ(run.err, QStringLiteral("note: text after the last '+' is ignored\n"
-                                      "note: 1 word(s) beyond the grid are ignored\n"));
-
-    run = runTool({QStringLiteral("rights"), QStringLiteral("--help")});
-    EXPECT_TRUE(run.out.simplified().contains(QStringLiteral("not the names of the groups")));
+    EXPECT_TRUE(run.out.contains("row 0: 0 1\nrow 1: 1 0\n")) << run.out.toStdString();
+    EXPECT_EQ(run.err, "note: text after the last '+' is ignored\nnote: 1 word(s) beyond the grid are ignored\n");
+    EXPECT_TRUE(runTool({"rights", "--help"}).out.simplified().contains("not the names of the groups"));
 }
 
 TEST(RightsCommand, BadInputGivesOneLineAndNonZeroExit)
 {
     QTemporaryDir dir;
-    struct Case { const char* content; const char* reason; };
-    const Case cases[] = {
-        {"[General]\nLanguage=de\n", "FeatureMatrix/Rows is missing"},
-        {"[FeatureMatrix]\nRows=2\nMatrix=15+\n", "FeatureMatrix/Columns is missing"},
-        {"[FeatureMatrix]\nRows=two\nColumns=2\nMatrix=15+\n", "FeatureMatrix/Rows is not a count"},
-        {"[FeatureMatrix]\nRows=-1\nColumns=2\nMatrix=15+\n", "FeatureMatrix/Rows is not a count"},
-        {"[FeatureMatrix]\nRows=2147483647\nColumns=0\nMatrix=\n", "FeatureMatrix/Rows is not a count"},
-        {"[FeatureMatrix]\nRows=4\nColumns=10\nMatrix=4294967295+\n", "truncated: 1 words for 40 cells"},
-        {"[FeatureMatrix]\nRows=1\nColumns=2\nMatrix=4294967296+\n", "word 1 of FeatureMatrix/Matrix"},
-    };
     const QString file = dir.filePath(QStringLiteral("bad.ini"));
-    for (const Case& c : cases) {
-        cktest::writeFile(file, c.content);
-        const ToolRun run = runTool({QStringLiteral("rights"), QStringLiteral("show"), file});
-        EXPECT_EQ(run.exitCode, 1) << c.content;
-        EXPECT_TRUE(run.out.isEmpty()) << c.content;
-        EXPECT_EQ(run.err.count(QLatin1Char('\n')), 1) << run.err.toStdString();
-        EXPECT_TRUE(run.err.contains(QString::fromLatin1(c.reason))) << run.err.toStdString();
+    for (const cktest::DataRow& row : cktest::dataRows("tool/rights-bad.tsv", 2)) {
+        cktest::writeFile(file, QByteArray::fromStdString(row[0]));
+        const ToolRun run = runTool({"rights", "show", file});
+        EXPECT_EQ(run.exitCode, 1) << row.where;
+        EXPECT_TRUE(run.out.isEmpty()) << row.where;
+        EXPECT_EQ(run.err.count('\n'), 1) << run.err.toStdString();
+        EXPECT_TRUE(run.err.contains(QString::fromStdString(row[1]))) << row.where << ": " << run.err.toStdString();
     }
 }
 

@@ -10,6 +10,7 @@
 #include <CommonKit/support/core/Log.h>
 #include <CommonKit/support/crypto/RSAKeyPair.h>
 #include "testlib/ToolRunner.h"
+#include "testlib/ToolTable.h"
 
 #include <gtest/gtest.h>
 
@@ -24,29 +25,25 @@
 
 namespace {
 
-using cktest::LogCapture;
-
-using cktest::readFile;
-using cktest::writeFile;
-
+using namespace cktest;
 using ko::EncryptedSettings;
 using ko::crypto::secure_string;
 
-// The forms in which a secret could leak.
-QList<QByteArray> formsOf(const QByteArray& secret)
-{
-    return {secret, secret.toHex(), secret.toHex().toUpper(), secret.toBase64()};
-}
-
-// The forms of `secret` found in `text`, for the failure message.
+// The forms of `secret` found in `text`, for the failure message: as it
+// stands, in hexadecimal and in Base64.
 std::string leaked(const QByteArray& text, const QByteArray& secret)
 {
     std::string found;
-    for (const QByteArray& form : formsOf(secret)) {
+    for (const QByteArray& form : {secret, secret.toHex(), secret.toHex().toUpper(), secret.toBase64()}) {
         if (text.contains(form))
             found += " [" + form.toStdString() + "]";
     }
     return found;
+}
+
+secure_string secure(const QByteArray& bytes)
+{
+    return secure_string(bytes.constData(), static_cast<size_t>(bytes.size()));
 }
 
 // The bytes of every file under `dir` except the key files themselves.
@@ -87,6 +84,17 @@ protected:
         EXPECT_EQ(leaked(text, k_wrongKey), "") << "wrong key in " << where;
     }
 
+    // Runs `commonkit <command> <arguments>` for each row of the table, each
+    // failing or not as the row says, and none showing a key.
+    void runWithoutLeaks(const char* command, const std::string& table) const
+    {
+        for (const DataRow& row : dataRows(table, -2)) {
+            const ToolRun result = runTool(QStringList{command} + argumentsOf(row, 1, m_dir.path()));
+            EXPECT_EQ(result.exitCode != 0, row[0] == "fails") << row.where << ": " << result.err.toStdString();
+            expectNoKey(result.out.toUtf8() + result.err.toUtf8(), row.where);
+        }
+    }
+
     const QByteArray k_key = "Key-3f9a61c2-only-in-the-key-file";
     const QByteArray k_wrongKey = "Wrong-d81e07b5-also-secret";
     QTemporaryDir m_dir;
@@ -98,14 +106,13 @@ TEST_F(Secrets, SettingsKeyStaysOutOfLogsToolOutputAndFiles)
         LogCapture log(1); // information included
         for (const QSettings::Format format : {EncryptedSettings::IniFormat, EncryptedSettings::JsonFormat}) {
             const QString file = path(format == EncryptedSettings::IniFormat ? "lib.ini" : "lib.json");
-            EncryptedSettings::setEncryptionKey(secure_string(k_key.constData(), static_cast<size_t>(k_key.size())));
+            EncryptedSettings::setEncryptionKey(secure(k_key));
             {
                 QSettings settings(file, format);
                 settings.setValue(QStringLiteral("camera/name"), QStringLiteral("Gate"));
             }
             QFile::copy(file, file + ".copy");
-            EncryptedSettings::setEncryptionKey(
-                secure_string(k_wrongKey.constData(), static_cast<size_t>(k_wrongKey.size())));
+            EncryptedSettings::setEncryptionKey(secure(k_wrongKey));
             QSettings wrong(file + ".copy", format);
             EXPECT_EQ(wrong.status(), QSettings::FormatError);
         }
@@ -114,18 +121,7 @@ TEST_F(Secrets, SettingsKeyStaysOutOfLogsToolOutputAndFiles)
         expectNoKey(QByteArray::fromStdString(log.text()), "the library's log lines");
     }
 
-    const struct { QStringList arguments; int exitCode; } runs[] = {
-        {{"convert", path("lib.ini"), path("tool.json"), "--key-file", path("key"), "--out-key-file", path("key")}, 0},
-        {{"show", path("tool.json"), "--key-file", path("key")}, 0},
-        {{"show", path("tool.json"), "--key-file", path("wrong")}, 1},
-        {{"convert", path("tool.json"), path("plain.json"), "--key-file", path("key"), "--plain"}, 0},
-    };
-    for (const auto& run : runs) {
-        const cktest::ToolRun result = cktest::runTool(QStringList{"settings"} + run.arguments);
-        const std::string command = "settings " + run.arguments.join(' ').toStdString();
-        EXPECT_EQ(result.exitCode != 0, run.exitCode != 0) << command << ": " << result.err.toStdString();
-        expectNoKey(result.out.toUtf8() + result.err.toUtf8(), command);
-    }
+    runWithoutLeaks("settings", "tool/secrets-settings.tsv");
     EXPECT_TRUE(readFile(path("plain.json")).contains("Gate"));
     expectNoKey(writtenFiles(m_dir.path(), {"key", "wrong"}), "the written files");
 }
@@ -136,13 +132,12 @@ TEST_F(Secrets, ContainerKeyStaysOutOfLogsToolOutputAndFiles)
     {
         LogCapture log(1); // information included
         ko::EncryptedFile out;
-        ASSERT_TRUE(out.create(QFileInfo(path("lib.box")), secure_string(k_key.constData(), static_cast<size_t>(k_key.size())), 6));
+        ASSERT_TRUE(out.create(QFileInfo(path("lib.box")), secure(k_key), 6));
         ASSERT_EQ(out.write(payload), payload.size());
         out.close(ko::crypto::RSAKeyPair(), "tester");
 
         ko::EncryptedFile in;
-        ASSERT_TRUE(in.open(QFileInfo(path("lib.box")),
-                            secure_string(k_wrongKey.constData(), static_cast<size_t>(k_wrongKey.size()))));
+        ASSERT_TRUE(in.open(QFileInfo(path("lib.box")), secure(k_wrongKey)));
         char buffer[64];
         EXPECT_LT(in.read(buffer, sizeof buffer), 0) << "a wrong key makes reading fail";
         EXPECT_FALSE(in.errorString().isEmpty());
@@ -152,19 +147,7 @@ TEST_F(Secrets, ContainerKeyStaysOutOfLogsToolOutputAndFiles)
     }
 
     writeFile(path("input.bin"), payload);
-    const struct { QStringList arguments; int exitCode; } runs[] = {
-        {{"create", path("input.bin"), path("tool.box"), "--key-file", path("key"), "--compress", "6"}, 0},
-        {{"info", path("tool.box")}, 0},
-        {{"extract", path("tool.box"), path("out.bin"), "--key-file", path("key")}, 0},
-        {{"extract", path("tool.box"), path("bad.bin"), "--key-file", path("wrong")}, 1},
-        {{"extract", path("lib.box"), path("lib.bin"), "--key-file", path("key")}, 0},
-    };
-    for (const auto& run : runs) {
-        const cktest::ToolRun result = cktest::runTool(QStringList{"container"} + run.arguments);
-        const std::string command = "container " + run.arguments.join(' ').toStdString();
-        EXPECT_EQ(result.exitCode != 0, run.exitCode != 0) << command << ": " << result.err.toStdString();
-        expectNoKey(result.out.toUtf8() + result.err.toUtf8(), command);
-    }
+    runWithoutLeaks("container", "tool/secrets-container.tsv");
     EXPECT_EQ(readFile(path("out.bin")), payload);
     EXPECT_EQ(readFile(path("lib.bin")), payload);
     expectNoKey(writtenFiles(m_dir.path(), {"key", "wrong"}), "the written files");

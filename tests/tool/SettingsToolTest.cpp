@@ -2,6 +2,7 @@
 
 #include "testlib/TestFiles.h"
 #include "testlib/ToolRunner.h"
+#include "testlib/ToolTable.h"
 
 #include <gtest/gtest.h>
 
@@ -14,11 +15,7 @@
 
 namespace {
 
-using cktest::readFile;
-using cktest::writeFile;
-
-using cktest::runTool;
-using cktest::ToolRun;
+using namespace cktest;
 
 ToolRun settings(const QStringList& arguments)
 {
@@ -66,28 +63,14 @@ protected:
 
 TEST_F(SettingsTool, ConvertsThroughEveryFormAndShowsEach)
 {
-    // INI text -> plain JSON -> encrypted map -> JSON under another key ->
-    // INI text again.
-    // The options name key files; showOut is the key file of the output.
-    const struct { const char* in; const char* out; QStringList options; const char* showOut; } steps[] = {
-        {"start.conf", "plain.json", {}, nullptr},
-        {"plain.json", "keyed.ini", {"--key-file", "key"}, "key"},
-        {"keyed.ini", "rekeyed.json", {"--key-file", "key", "--out-key-file", "other"}, "other"},
-        {"rekeyed.json", "end.conf", {"--key-file", "other", "--plain"}, nullptr},
-    };
-    for (const auto& step : steps) {
-        SCOPED_TRACE(step.out);
-        QStringList options;
-        for (const QString& option : step.options)
-            options << (option.startsWith(QLatin1String("--")) ? option : path(option.toLatin1().constData()));
-        const ToolRun run = settings(QStringList{"convert", path(step.in), path(step.out)} + options);
+    for (const DataRow& row : dataRows("tool/settings-chain.tsv", -3)) {
+        SCOPED_TRACE(row.where);
+        const QStringList arguments = argumentsOf(row, 1, m_dir.path());
+        const ToolRun run = settings(QStringList{"convert"} + arguments);
         ASSERT_EQ(run.exitCode, 0) << run.err.toStdString();
-        EXPECT_EQ(readFile(path(step.out)).startsWith('\x01'), step.showOut != nullptr);
-
-        QStringList showOptions;
-        if (step.showOut)
-            showOptions << "--key-file" << path(step.showOut);
-        const ToolRun show = settings(QStringList{"show", path(step.out)} + showOptions);
+        EXPECT_EQ(readFile(arguments[1]).startsWith('\x01'), !row[0].empty()) << "encrypted";
+        const QStringList keyOption = row[0].empty() ? QStringList() : QStringList{"--key-file", path(row[0].c_str())};
+        const ToolRun show = settings(QStringList{"show", arguments[1]} + keyOption);
         ASSERT_EQ(show.exitCode, 0) << show.err.toStdString();
         expectStartValues(parsed(show.out));
     }
@@ -115,25 +98,15 @@ TEST_F(SettingsTool, UnreadableInputsFailInOneLineAndLeaveTheOutputAlone)
     writeFile(path("out.ini"), "existing output");
     const QStringList before = files();
 
-    const struct { const char* input; const char* keyFile; const char* message; } cases[] = {
-        {"keyed.json", "wrong", "wrong key or damaged file"},
-        {"flipped.json", "key", "wrong key or damaged file"},
-        {"keyed.json", nullptr, "is encrypted; give its key with --key-file"},
-        {"broken.json", nullptr, "the file is damaged"},
-        {"missing.json", nullptr, "does not exist"},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.input);
-        QStringList keyOptions;
-        if (c.keyFile)
-            keyOptions << "--key-file" << path(c.keyFile);
-        for (const QStringList& action : {QStringList{"show", path(c.input)},
-                                          QStringList{"convert", path(c.input), path("out.ini")}}) {
-            const ToolRun run = settings(action + keyOptions);
+    for (const cktest::DataRow& row : cktest::dataRows("tool/settings-unreadable.tsv", -2)) {
+        SCOPED_TRACE(row.where);
+        const QString input = path(row[0].c_str());
+        for (const QStringList& action : {QStringList{"show", input}, QStringList{"convert", input, path("out.ini")}}) {
+            const ToolRun run = settings(action + cktest::argumentsOf(row, 2, m_dir.path()));
             EXPECT_NE(run.exitCode, 0);
             EXPECT_TRUE(run.out.isEmpty()) << run.out.toStdString();
             EXPECT_EQ(run.err.count('\n'), 1) << run.err.toStdString();
-            EXPECT_TRUE(run.err.contains(QLatin1String(c.message))) << run.err.toStdString();
+            EXPECT_TRUE(run.err.contains(QString::fromStdString(row[1]))) << run.err.toStdString();
         }
     }
     EXPECT_EQ(readFile(path("out.ini")), QByteArray("existing output"));

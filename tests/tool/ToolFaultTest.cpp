@@ -3,10 +3,10 @@
 // it was, with no partial file beside it.
 
 #include "testlib/TestFiles.h"
+#include "testlib/ToolTable.h"
 #include <gtest/gtest.h>
 
 #include <QDir>
-#include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
 
@@ -21,13 +21,9 @@ LimitedRun runLimited(int blocks, const QStringList& arguments, const QString& d
 {
     QProcess process;
     process.setWorkingDirectory(directory);
-    QStringList quoted;
-    for (const QString& argument : arguments)
-        quoted << QLatin1Char('\'') + argument + QLatin1Char('\'');
-    process.start(QStringLiteral("/bin/bash"),
-                  {QStringLiteral("-c"), QStringLiteral("ulimit -f %1; exec '%2' %3")
-                                             .arg(blocks)
-                                             .arg(QStringLiteral(COMMONKIT_TOOL), quoted.join(QLatin1Char(' ')))});
+    // Each argument in single quotes (the tables hold none).
+    const QString command = QStringLiteral("ulimit -f %1; exec '%2' '%3'").arg(blocks);
+    process.start("/bin/bash", {"-c", command.arg(COMMONKIT_TOOL, arguments.join("' '"))});
     EXPECT_TRUE(process.waitForFinished(60000));
     return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
             QString::fromUtf8(process.readAllStandardError())};
@@ -40,25 +36,14 @@ TEST(ToolFaults, AFileSizeLimitLeavesTheOldOutputAndReportsWhy)
     writeFile(dir.filePath("key"), "a key of some length\n");
     writeFile(dir.filePath("s.conf"), "[camera]\nname=Gate\nport=554\n");
     const QByteArray old = "the good file that stood here";
-    struct Row { QStringList arguments; const char* output; const char* message; };
-    const std::vector<Row> rows = {
-        {{"container", "create", "big", "out.ckc", "--key-file", "key"}, "out.ckc",
-         "commonkit: container create: copying big failed: "},
-        {{"container", "create", "big", "out.ckc", "--compress", "0", "--key-file", "key"}, "out.ckc",
-         "commonkit: container create: copying big failed: "},
-        {{"settings", "convert", "s.conf", "s.json"}, "s.json", "commonkit: settings convert: cannot write s.json: "},
-        {{"settings", "convert", "s.conf", "s.ini", "--key-file", "key"}, "s.ini", "commonkit: settings convert: cannot write s.ini: "},
-    };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.arguments.join(' ').toStdString());
-        const QString output = dir.filePath(QLatin1String(row.output));
+    for (const cktest::DataRow& row : cktest::dataRows("tool/file-size-limit.tsv", -4)) {
+        SCOPED_TRACE(row.where);
+        const QString output = dir.filePath(QString::fromStdString(row[1]));
         writeFile(output, old);
-        const LimitedRun run = runLimited(row.arguments.contains("container") ? 64 : 0, row.arguments, dir.path());
+        const LimitedRun run = runLimited(std::stoi(row[0]), cktest::argumentsOf(row, 3), dir.path());
         EXPECT_EQ(run.exitCode, 1);
-        EXPECT_TRUE(run.err.startsWith(QLatin1String(row.message))) << run.err.toStdString();
-        QFile kept(output);
-        ASSERT_TRUE(kept.open(QIODevice::ReadOnly));
-        EXPECT_EQ(kept.readAll(), old);
+        EXPECT_TRUE(run.err.startsWith(QString::fromStdString(row[2]))) << run.err.toStdString();
+        EXPECT_EQ(cktest::readFile(output), old);
         EXPECT_TRUE(QDir(dir.path()).entryList({"*.partial*"}, QDir::Files | QDir::Hidden).isEmpty());
     }
 }

@@ -20,35 +20,33 @@ struct Receiver : ErrorInfoReceiver
     const HttpConnectionErrorInfo* http = nullptr;
 };
 
-TEST(EngineErrorInfo, CopiesAndClonesKeepEveryField)
+// A clone keeps its concrete class, which dispatch() hands to the receiver,
+// and every field; an HTTP error has the unspecified connection category.
+TEST(EngineErrorInfo, ClonesKeepTheirClassAndEveryField)
 {
-    const ConnectionErrorInfo original(ConnectionErrorTimeout, ErrorInfo::Fatal);
-    const ConnectionErrorInfo copy(original);
-    std::unique_ptr<ErrorInfo> clone(original.clone());
-    for (const ErrorInfo* info : {static_cast<const ErrorInfo*>(&copy), const_cast<const ErrorInfo*>(clone.get())}) {
-        EXPECT_EQ(info->commandId(), ErrorInfo::NO_CMD_ID);
-        EXPECT_EQ(info->severity(), ErrorInfo::Fatal);
-        EXPECT_EQ(info->errorId(), ErrorInfo::NO_ERROR_ID);
-        EXPECT_TRUE(info->errorMessage().empty());
-        Receiver receiver;
-        info->dispatch(receiver);
-        ASSERT_EQ(receiver.received, info);
-        EXPECT_EQ(receiver.received->category(), ConnectionErrorTimeout);
-        EXPECT_EQ(receiver.http, nullptr);
-    }
-
+    const ConnectionErrorInfo timeout(ConnectionErrorTimeout, ErrorInfo::Fatal);
     const HttpConnectionErrorInfo http(L"Not Found: /stream", HttpErrorStatus, 404, true, ErrorInfo::Warning);
-    std::unique_ptr<ErrorInfo> httpClone(http.clone());
-    Receiver receiver;
-    httpClone->dispatch(receiver);
-    ASSERT_NE(receiver.http, nullptr) << "an HTTP error arrives as itself";
-    EXPECT_EQ(receiver.http->errorId(), 404);
-    EXPECT_TRUE(receiver.http->isHttpStatusCode());
-    EXPECT_EQ(receiver.http->errorType(), HttpErrorStatus);
-    EXPECT_EQ(httpClone->errorMessage(), L"Not Found: /stream");
-    EXPECT_EQ(httpClone->severity(), ErrorInfo::Warning);
-    EXPECT_EQ(httpClone->commandId(), ErrorInfo::NO_CMD_ID);
-    EXPECT_EQ(receiver.http->category(), ConnectionErrorUnspecified);
+    struct Row { const ConnectionErrorInfo* info; int severity; int errorId; std::wstring message; int category; };
+    const Row rows[] = {
+        {&timeout, ErrorInfo::Fatal, ErrorInfo::NO_ERROR_ID, L"", ConnectionErrorTimeout},
+        {&http, ErrorInfo::Warning, 404, L"Not Found: /stream", ConnectionErrorUnspecified},
+    };
+    for (const auto& row : rows) {
+        std::unique_ptr<ErrorInfo> clone(row.info->clone());
+        Receiver receiver;
+        clone->dispatch(receiver);
+        ASSERT_EQ(receiver.received, clone.get());
+        EXPECT_EQ(receiver.http != nullptr, row.info == &http) << "an HTTP error arrives as itself, no other";
+        EXPECT_EQ(clone->commandId(), ErrorInfo::NO_CMD_ID);
+        EXPECT_EQ(clone->severity(), row.severity);
+        EXPECT_EQ(clone->errorId(), row.errorId);
+        EXPECT_EQ(clone->errorMessage(), row.message);
+        EXPECT_EQ(receiver.received->category(), row.category);
+        if (receiver.http) {
+            EXPECT_TRUE(receiver.http->isHttpStatusCode());
+            EXPECT_EQ(receiver.http->errorType(), HttpErrorStatus);
+        }
+    }
 }
 
 } // namespace

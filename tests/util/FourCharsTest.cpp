@@ -1,4 +1,5 @@
 #include <CommonKit/util/FourChars.h>
+#include "testlib/DataTable.h"
 
 #include <gtest/gtest.h>
 
@@ -22,15 +23,12 @@ unsigned int passed(ko::FourChars code) { return code; }
 TEST(FourChars, ZeroAndOtherIntegersAreTheirValue)
 {
     // A literal 0 is also a null pointer; it must still mean the value 0.
-    ko::FourChars zero = 0;
+    const ko::FourChars zero = 0;
     const ko::FourChars direct(0);
     const ko::FourChars none;
-    EXPECT_EQ(static_cast<unsigned int>(zero), 0u);
-    EXPECT_EQ(static_cast<unsigned int>(direct), 0u);
-    EXPECT_EQ(static_cast<unsigned int>(none), 0u);
+    for (const ko::FourChars& code : {zero, direct, none})
+        EXPECT_EQ(static_cast<unsigned int>(code), 0u);
     EXPECT_EQ(passed(0), 0u);
-    zero = 0x54696D65;
-    EXPECT_EQ(zero.toString(), QStringLiteral("Time"));
 
     const struct { ko::FourChars code; unsigned int value; } cases[] = {
         {0x41636573, 0x41636573u}, {0x41636573u, 0x41636573u}, {-1, 0xFFFFFFFFu},
@@ -43,25 +41,15 @@ TEST(FourChars, ZeroAndOtherIntegersAreTheirValue)
 
 TEST(FourChars, PacksFirstLetterIntoTheMostSignificantByte)
 {
-    struct Case { QString text; unsigned int value; QString back; };
-    const Case cases[] = {
-        {QStringLiteral("Time"), 0x54696D65u, QStringLiteral("Time")},
-        {QStringLiteral("Aces"), 0x41636573u, QStringLiteral("Aces")},
-        {QStringLiteral("ExpS"), 0x45787053u, QStringLiteral("ExpS")},
-        {QStringLiteral("ABC"), 0x41424320u, QStringLiteral("ABC ")},
-        {QString(), 0x20202020u, QStringLiteral("    ")},
-        {QStringLiteral("ExpSta"), 0x45787053u, QStringLiteral("ExpS")},
-        {QString::fromLatin1("\xe4\xf6\xfc\xdf"), 0xE4F6FCDFu, QString::fromLatin1("\xe4\xf6\xfc\xdf")},
-        {QString::fromUtf8("\xe2\x82\xacuro"), 0x3F75726Fu, QStringLiteral("?uro")},
-    };
-    for (const Case& c : cases) {
-        const ko::FourChars code(c.text);
-        EXPECT_EQ(static_cast<unsigned int>(code), c.value) << c.text.toStdString();
-        EXPECT_EQ(code.toString(), c.back);
-        EXPECT_EQ(ko::FourChars(&c.text), code);
-        EXPECT_EQ(ko::FourChars(c.value).toString(), c.back);
-        EXPECT_EQ(ko::FourChars(c.text.toLatin1().constData()), code);
-        EXPECT_EQ(static_cast<unsigned int>(ko::FourChars(QStringRef(&c.text))), c.value);
+    for (const cktest::DataRow& row : cktest::dataRows("util/fourchars.tsv", 3)) {
+        const QString text = QString::fromStdString(row[0]);
+        const unsigned int value = static_cast<unsigned int>(std::stoul(row[1], nullptr, 16));
+        const ko::FourChars code(text);
+        EXPECT_EQ(static_cast<unsigned int>(code), value) << row.where;
+        EXPECT_EQ(code.toString(), QString::fromStdString(row[2])) << row.where;
+        EXPECT_EQ(ko::FourChars(&text), code) << row.where;
+        EXPECT_EQ(ko::FourChars(text.toLatin1().constData()), code) << row.where;
+        EXPECT_EQ(static_cast<unsigned int>(ko::FourChars(QStringRef(&text))), value) << row.where;
     }
 }
 

@@ -1,10 +1,10 @@
 #include <CommonKit/util/Text2Image.h>
+#include "testlib/TestFiles.h"
 
 #include <gtest/gtest.h>
 
 #include <QFile>
 #include <QProcess>
-#include <QResource>
 #include <QTemporaryDir>
 
 #include <cstring>
@@ -43,80 +43,61 @@ TEST(CText2Image, GeometryAndHeaderOfTheStrip)
     EXPECT_EQ(strip.at(28), 24); // bits per pixel
 }
 
+// Each cell row by row from the strip; every glyph but the blank has ink and
+// differs from the others.
 TEST(CText2Image, EachCellIsCopiedRowByRowFromTheStrip)
 {
     ko::CText2Image renderer;
     const QByteArray strip = stripBytes();
     const char* pixels = strip.constData() + 54;
     const int stripRow = 15 * 48;
+    Block symbol(960, 0xAB);
+    renderer.symbol2Image(symbol.data(), ko::CText2Image::eSymbolMarker);
     const char characters[] = "0123456789:.- ";
-    for (int cell = 0; cell < 14; ++cell) {
-        const Block block = render(renderer, characters[cell]);
+    std::set<Block> seen = {symbol};
+    for (int cell = 0; cell < 15; ++cell) {
+        const Block block = cell < 14 ? render(renderer, characters[cell]) : symbol;
         for (int row = 0; row < 20; ++row)
             ASSERT_EQ(std::memcmp(block.data() + row * 48, pixels + row * stripRow + cell * 48, 48), 0)
                 << "cell " << cell << " row " << row;
-    }
-    Block symbol(960, 0xAB);
-    renderer.symbol2Image(symbol.data(), ko::CText2Image::eSymbolMarker);
-    for (int row = 0; row < 20; ++row)
-        ASSERT_EQ(std::memcmp(symbol.data() + row * 48, pixels + row * stripRow + 14 * 48, 48), 0);
-}
-
-TEST(CText2Image, EveryGlyphIsDrawnAndDiffersFromTheOthers)
-{
-    ko::CText2Image renderer;
-    std::set<Block> seen;
-    const char characters[] = "0123456789:.-";
-    for (const char* c = characters; *c; ++c) {
-        const Block block = render(renderer, *c);
         const bool hasInk = std::any_of(block.begin(), block.end(), [](unsigned char b) { return b != 0; });
-        EXPECT_TRUE(hasInk) << *c;
-        EXPECT_TRUE(seen.insert(block).second) << "glyph of '" << *c << "' repeats another";
+        EXPECT_EQ(hasInk, characters[cell] != ' ') << "cell " << cell;
+        EXPECT_TRUE(cell == 14 || seen.insert(block).second) << "cell " << cell << " repeats another";
     }
-    const Block blank = render(renderer, ' ');
-    EXPECT_TRUE(std::all_of(blank.begin(), blank.end(), [](unsigned char b) { return b == 0; }));
-    Block symbol(960, 0);
-    renderer.symbol2Image(symbol.data(), ko::CText2Image::eSymbolMarker);
-    EXPECT_TRUE(seen.insert(symbol).second);
-    EXPECT_TRUE(seen.insert(blank).second);
 }
 
-TEST(CText2Image, OtherCharactersCountFromZero)
+// Characters outside the table take the cell of their code minus that of
+// '0' when there is one, and leave the block alone when not; so does an
+// unknown symbol.
+TEST(CText2Image, OtherCharactersCountFromZeroOrWriteNothing)
 {
-    // Cell = character code - code of '0', for characters outside the table.
     ko::CText2Image renderer;
     Block symbol(960, 0xAB);
     renderer.symbol2Image(symbol.data(), ko::CText2Image::eSymbolMarker);
+    const Block untouched(960, 0xAB);
     struct Case { char c; Block expected; };
     const Case cases[] = {
         {';', render(renderer, '.')}, {'<', render(renderer, '-')}, {'=', render(renderer, ' ')}, {'>', symbol},
+        {'A', untouched}, {'/', untouched}, {'\0', untouched}, {'\x7f', untouched}, {'\xE4', untouched},
+        {'?', untouched},
     };
     for (const Case& c : cases)
-        EXPECT_EQ(render(renderer, c.c), c.expected) << c.c;
+        EXPECT_EQ(render(renderer, c.c), c.expected) << static_cast<int>(c.c);
+    Block unknown(960, 0xAB);
+    renderer.symbol2Image(unknown.data(), static_cast<ko::CText2Image::eGraphicSymbol>(1));
+    EXPECT_EQ(unknown, untouched);
 }
 
-TEST(CText2Image, UnknownCharactersAndSymbolsWriteNothing)
-{
-    ko::CText2Image renderer;
-    const Block untouched(960, 0xAB);
-    for (char c : {'A', '/', '\0', '\x7f', static_cast<char>(0xE4), '?'})
-        EXPECT_EQ(render(renderer, c), untouched) << static_cast<int>(c);
-    Block symbol(960, 0xAB);
-    renderer.symbol2Image(symbol.data(), static_cast<ko::CText2Image::eGraphicSymbol>(1));
-    EXPECT_EQ(symbol, untouched);
-}
-
-TEST(CText2Image, CopiesShareTheGlyphsAndOutliveTheOriginal)
+// Blocks from allocCharImage_RGB(), from a copy whose original is gone.
+TEST(CText2Image, CopiesOutliveTheOriginal)
 {
     Block expected;
     ko::CText2Image copy;
     {
         ko::CText2Image original;
         expected = render(original, '7');
-        ko::CText2Image constructed(original);
-        copy = constructed;
+        copy = ko::CText2Image(original);
     }
-    EXPECT_EQ(render(copy, '7'), expected);
     unsigned char* block = copy.allocCharImage_RGB();
     copy.digit2Image(block, '7');
     EXPECT_EQ(std::memcmp(block, expected.data(), 960), 0);
@@ -126,16 +107,12 @@ TEST(CText2Image, CopiesShareTheGlyphsAndOutliveTheOriginal)
 TEST(CText2Image, CommittedStripIsWhatTheGeneratorWrites)
 {
     QTemporaryDir dir;
-    ASSERT_TRUE(dir.isValid());
     const QString generated = dir.filePath(QStringLiteral("digits.bmp"));
     ASSERT_EQ(QProcess::execute(QStringLiteral(COMMONKIT_GLYPHGEN), {generated}), 0);
-    QFile fresh(generated);
-    QFile committed(QStringLiteral(COMMONKIT_GLYPH_STRIP));
-    ASSERT_TRUE(fresh.open(QIODevice::ReadOnly));
-    ASSERT_TRUE(committed.open(QIODevice::ReadOnly));
-    const QByteArray committedBytes = committed.readAll();
-    EXPECT_EQ(fresh.readAll(), committedBytes);
-    EXPECT_EQ(stripBytes(), committedBytes);
+    const QByteArray committed = cktest::readFile(QStringLiteral(COMMONKIT_GLYPH_STRIP));
+    ASSERT_FALSE(committed.isEmpty());
+    EXPECT_EQ(cktest::readFile(generated), committed);
+    EXPECT_EQ(stripBytes(), committed);
 }
 
 } // namespace

@@ -1,9 +1,9 @@
 #include <CommonKit/util/TimeFunctions.h>
+#include "testlib/DataTable.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <ctime>
+#include <cmath>
 #include <limits>
 
 namespace {
@@ -19,31 +19,19 @@ qint64 daysFromCivil(qint64 y, unsigned m, unsigned d)
     return era * 146097 + static_cast<qint64>(doe) - 719468;
 }
 
-struct UtcCase { int year, month, day, hour, minute, second, msec; };
-
-// Across the epoch, leap days, the 2038 signed 32-bit limit and the end of the
-// unsigned 32-bit range.
-const UtcCase kUtcCases[] = {
-    {1970, 1, 1, 0, 0, 0, 0},     {1970, 1, 1, 0, 0, 0, 1},       {1970, 1, 1, 0, 0, 1, 500},
-    {1972, 2, 29, 12, 0, 0, 999}, {1999, 12, 31, 23, 59, 59, 999}, {2000, 2, 29, 0, 0, 0, 0},
-    {2000, 3, 1, 0, 0, 0, 0},     {2024, 2, 29, 23, 59, 59, 1},   {2024, 5, 6, 7, 8, 9, 123},
-    {2038, 1, 19, 3, 14, 8, 0},   {2100, 2, 28, 23, 59, 59, 999}, {2100, 3, 1, 0, 0, 0, 0},
-    {2106, 2, 7, 6, 28, 15, 999},
-};
-
-qint64 expectedMilliSeconds(const UtcCase& c)
+// The stamps of an instant, from its UTC and local forms, and back to a UTC
+// date-time (fromSeconds gives local time: compared as instants).
+TEST(TimeFunctions, StampsAgreeWithCivilArithmeticBothWays)
 {
-    const qint64 days = daysFromCivil(c.year, static_cast<unsigned>(c.month), static_cast<unsigned>(c.day));
-    return ((days * 24 + c.hour) * 60 + c.minute) * 60000 + c.second * 1000 + c.msec;
-}
-
-TEST(TimeFunctions, ToStampsAgreeWithCivilArithmeticInUtcAndLocalForms)
-{
-    for (const UtcCase& c : kUtcCases) {
-        const QDateTime utc(QDate(c.year, c.month, c.day), QTime(c.hour, c.minute, c.second, c.msec), Qt::UTC);
-        const qint64 ms = expectedMilliSeconds(c);
+    for (const cktest::DataRow& row : cktest::dataRows("util/utc-instants.tsv", 7)) {
+        int f[7]; // year, month, day, hour, minute, second, millisecond
+        for (int i = 0; i < 7; ++i)
+            f[i] = std::stoi(row[i]);
+        const QDateTime utc(QDate(f[0], f[1], f[2]), QTime(f[3], f[4], f[5], f[6]), Qt::UTC);
+        const qint64 days = daysFromCivil(f[0], static_cast<unsigned>(f[1]), static_cast<unsigned>(f[2]));
+        const qint64 ms = ((days * 24 + f[3]) * 60 + f[4]) * 60000 + f[5] * 1000 + f[6];
         SCOPED_TRACE(utc.toString(Qt::ISODateWithMs).toStdString());
-        // The same instant as a local date-time must give the same stamps.
+        EXPECT_EQ(ms, utc.toMSecsSinceEpoch());
         for (const QDateTime& dateTime : {utc, utc.toLocalTime()}) {
             EXPECT_EQ(ko::toMilliSeconds(dateTime), ms);
             EXPECT_EQ(ko::toMicroSeconds(dateTime), ms * 1000);
@@ -52,22 +40,11 @@ TEST(TimeFunctions, ToStampsAgreeWithCivilArithmeticInUtcAndLocalForms)
             EXPECT_EQ(ko::toSeconds(dateTime), ms / 1000);
             EXPECT_DOUBLE_EQ(ko::toSecondsFrac(dateTime), static_cast<double>(ms) / 1000.0);
         }
-        EXPECT_EQ(ms, utc.toMSecsSinceEpoch());
-    }
-}
-
-TEST(TimeFunctions, FromStampsGiveUtcDateTimesOfTheSameInstant)
-{
-    for (const UtcCase& c : kUtcCases) {
-        const QDateTime utc(QDate(c.year, c.month, c.day), QTime(c.hour, c.minute, c.second, c.msec), Qt::UTC);
-        const qint64 ms = expectedMilliSeconds(c);
-        SCOPED_TRACE(utc.toString(Qt::ISODateWithMs).toStdString());
         EXPECT_EQ(ko::fromMilliSeconds(ms), utc);
         EXPECT_EQ(ko::fromMilliSeconds(ms).timeSpec(), Qt::UTC);
         EXPECT_EQ(ko::fromMicroSeconds(ms * 1000 + 999), utc);
         EXPECT_EQ(ko::fromFrameTime(static_cast<quint64>(ms) * 1000 + 999), utc);
         EXPECT_EQ(ko::fromNanoSeconds(ms * 1000000 + 999999), utc);
-        // fromSeconds yields local time; compare instants.
         EXPECT_EQ(ko::fromSeconds(ms / 1000).toMSecsSinceEpoch(), ms / 1000 * 1000);
         EXPECT_EQ(ko::fromSeconds(ms / 1000).timeSpec(), Qt::LocalTime);
         EXPECT_EQ(ko::fromSeconds(static_cast<double>(ms) / 1000.0 + 1e-4).toMSecsSinceEpoch(), ms);
@@ -88,16 +65,11 @@ TEST(TimeFunctions, SecondsWrapAsUnsigned32Bit)
     // An invalid date-time gives the same error value.
     EXPECT_EQ(ko::toSeconds(QDateTime()), 0xFFFFFFFFLL);
 
-    // Negative stamps: the seconds round toward zero, wrap to 2106, and the
-    // remaining milliseconds are subtracted.
     const QDateTime epoch(QDate(1970, 1, 1), QTime(0, 0), Qt::UTC);
-    struct Case { qint64 ms; qint64 wrappedSeconds; qint64 extraMs; };
-    const Case cases[] = {
-        {-1500, 0xFFFFFFFFLL, -500}, {-1000, 0xFFFFFFFFLL, 0}, {-2500, 0xFFFFFFFELL, -500},
-        {-999, 0, -999}, {-1, 0, -1}, {4294967296500LL, 0, 500},
-    };
-    for (const Case& c : cases)
-        EXPECT_EQ(ko::fromMilliSeconds(c.ms), epoch.addSecs(c.wrappedSeconds).addMSecs(c.extraMs)) << c.ms;
+    for (const cktest::DataRow& row : cktest::dataRows("util/wrapped-milliseconds.tsv", 3)) {
+        const QDateTime expected = epoch.addSecs(std::stoll(row[1])).addMSecs(std::stoll(row[2]));
+        EXPECT_EQ(ko::fromMilliSeconds(std::stoll(row[0])), expected) << row.where;
+    }
     EXPECT_EQ(ko::fromSeconds(qint64(-1)), QDateTime::fromMSecsSinceEpoch(0xFFFFFFFFLL * 1000));
 
     // Frame times are divided as unsigned numbers: the largest one is
@@ -111,41 +83,30 @@ TEST(TimeFunctions, SecondsWrapAsUnsigned32Bit)
 
 TEST(TimeFunctions, FractionalSecondsOutsideSixtyFourBitsSaturate)
 {
-    const qint64 most = std::numeric_limits<qint64>::max();
-    const qint64 least = std::numeric_limits<qint64>::min();
-    const double infinity = std::numeric_limits<double>::infinity();
-    struct Case { double seconds; qint64 nanoSeconds; };
-    const Case cases[] = {
-        {infinity, most}, {1e300, most}, {9.3e9, most}, {-infinity, least}, {-1e300, least},
-        {-9.3e9, least}, {std::numeric_limits<double>::quiet_NaN(), 0}, {9.2e9, 9200000000000000000LL},
-        {-1.5, -1500000000LL},
-    };
-    for (const Case& c : cases)
-        EXPECT_EQ(ko::fromSeconds(c.seconds), ko::fromNanoSeconds(c.nanoSeconds)) << c.seconds;
+    for (const cktest::DataRow& row : cktest::dataRows("util/fractional-seconds.tsv", 2))
+        EXPECT_EQ(ko::fromSeconds(std::stod(row[0])), ko::fromNanoSeconds(std::stoll(row[1]))) << row.where;
 }
 
+// Each current value lies between two readings of Qt's clock, in whole
+// milliseconds.
 TEST(TimeFunctions, CurrentValuesAreConsistent)
 {
     const qint64 before = QDateTime::currentMSecsSinceEpoch();
-    const qint64 ms = ko::currentMilliSeconds();
-    const qint64 us = ko::currentMicroSeconds();
     const quint64 frame = ko::currentFrameTime();
     const qint64 ns = ko::currentNanoSeconds();
-    const qint64 s = ko::currentSeconds();
-    const double frac = ko::currentSecondsFrac();
+    const qint64 values[] = {ko::currentMilliSeconds(), ko::currentMicroSeconds() / 1000,
+                             static_cast<qint64>(frame / 1000), ns / 1000000,
+                             std::llround(ko::currentSecondsFrac() * 1000)};
+    const qint64 seconds = ko::currentSeconds();
     const qint64 after = QDateTime::currentMSecsSinceEpoch();
-    EXPECT_GE(ms, before);
-    EXPECT_LE(ms, after);
-    EXPECT_EQ(us % 1000, 0);
+    for (const qint64 value : values) {
+        EXPECT_GE(value, before);
+        EXPECT_LE(value, after);
+    }
+    EXPECT_GE(seconds, before / 1000);
+    EXPECT_LE(seconds, after / 1000);
     EXPECT_EQ(frame % 1000, 0u);
     EXPECT_EQ(ns % 1000000, 0);
-    EXPECT_GE(us / 1000, ms);
-    EXPECT_LE(static_cast<qint64>(frame / 1000), after);
-    EXPECT_LE(ns / 1000000, after);
-    EXPECT_GE(s, before / 1000);
-    EXPECT_LE(s, after / 1000);
-    EXPECT_GE(frac, static_cast<double>(before) / 1000.0 - 1e-3);
-    EXPECT_LE(frac, static_cast<double>(after) / 1000.0 + 1e-3);
 }
 
 } // namespace
