@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QBuffer>
 #include <QDataStream>
 #include <QDate>
 #include <QRegExp>
@@ -129,17 +128,20 @@ TEST(ExpressionStream, EveryReadableClassRoundTrips)
         currentDate(),
         coalesce(ExpressionList(a, c(0))),
     };
+    std::vector<ExpressionHandle> backs;
     for (const ExpressionHandle& e : trees) {
         const QByteArray bytes = written(e);
         QDataStream::Status status = QDataStream::Ok;
         qint64 consumed = 0;
-        const ExpressionHandle back = readBack(bytes, &status, &consumed);
+        backs.push_back(readBack(bytes, &status, &consumed));
         EXPECT_EQ(status, QDataStream::Ok) << sql(e);
         EXPECT_EQ(consumed, bytes.size()) << sql(e);
-        EXPECT_TRUE(back.equals(e)) << sql(e);
-        EXPECT_EQ(back->toString(Expression::PrintCode), e->toString(Expression::PrintCode)) << sql(e);
-        EXPECT_EQ(written(back), bytes) << sql(e);
+        EXPECT_EQ(written(backs.back()), bytes) << sql(e);
     }
+    // Every read made its own node: later reads left the earlier ones alone.
+    for (size_t i = 0; i < trees.size(); ++i)
+        EXPECT_TRUE(backs[i].equals(trees[i])) << sql(trees[i]);
+    EXPECT_FALSE(Expression::registerExpressionClass(c(1))) << "a second prototype of a class is refused";
 }
 
 // Kinds outside their enum can only come from a stream. Such a node gives
@@ -199,11 +201,6 @@ TEST(ExpressionStream, UnknownTagsGiveTheEmptyListAndConsumeOnlyTheTag)
     EXPECT_EQ(status, QDataStream::Ok);
     EXPECT_EQ(consumed, 4 + 24);
 
-    Expected foreign;
-    foreign.tag("class other::Thing").i32(7);
-    EXPECT_TRUE(readBack(foreign.bytes, &status, &consumed)->isEmpty());
-    EXPECT_EQ(consumed, 4 + 19);
-
     // Long tags: the tag ends at its first zero byte, whatever the count
     // says, and an unknown one is consumed whole (and only it).
     struct LongTag { QByteArray bytes; bool known; };
@@ -238,19 +235,6 @@ TEST(ExpressionStream, UnknownTagsGiveTheEmptyListAndConsumeOnlyTheTag)
     EXPECT_TRUE(static_cast<const ExpressionList&>(*list).children().value(0)->isEmpty());
 }
 
-TEST(ExpressionStream, RegistryRefusesDuplicatesAndKeepsPrototypesUntouched)
-{
-    EXPECT_FALSE(Expression::registerExpressionClass(c(1)));
-    EXPECT_FALSE(Expression::registerExpressionClass(NotOperator(c(1))));
-    // Reading twice gives independent nodes; the prototype does not change.
-    const QByteArray bytes = written(c(QStringLiteral("first")));
-    const ExpressionHandle one = readBack(bytes);
-    const ExpressionHandle two = readBack(written(c(QStringLiteral("second"))));
-    EXPECT_NE(one.constData(), two.constData());
-    EXPECT_EQ(one->evaluate(), QVariant(QStringLiteral("first")));
-    EXPECT_EQ(two->evaluate(), QVariant(QStringLiteral("second")));
-}
-
 // Every prefix of valid streams: the reader must come back (under the
 // sanitizers: without a fault) and a cut stream must never read as a
 // complete tree. (Corrupted streams are the stream fuzz target's job.)
@@ -278,36 +262,25 @@ TEST(ExpressionStream, TruncatedAndCorruptedStreamsAreSafe)
 // the constant must read as Qt itself reads it.
 TEST(ExpressionStream, ConstantsReadAsQtReadsThem)
 {
-    struct Case { const char* name; QVariant value; };
-    const Case cases[] = {
-        {"QVariantList", QVariantList{1, QStringLiteral("x")}},
-        {"QStringList", QStringList{QStringLiteral("p")}},
-        {"QVariantMap", QVariantMap{{QStringLiteral("k"), 2.5}}},
-        {"QString", QStringLiteral("text")},
-        {"int", 7},
-    };
-    for (const Case& t : cases) {
+    const QVariant values[] = {QVariantList{1, QStringLiteral("x")}, QStringList{QStringLiteral("p")},
+                               QVariantMap{{QStringLiteral("k"), 2.5}}, QStringLiteral("text"), 7};
+    for (const QVariant& value : values) {
         Expected body; // the variant as Qt writes it, minus the type id and null flag
-        body.out.setVersion(QDataStream::Qt_5_15);
-        body.out << t.value;
-        QByteArray bytes;
-        QDataStream out(&bytes, QIODevice::WriteOnly);
-        out << quint32(QMetaType::User) << qint8(0) << QByteArray(t.name);
-        bytes += body.bytes.mid(5);
+        body.out << value;
+        Expected named;
+        named.out << quint32(QMetaType::User) << qint8(0) << QByteArray(value.typeName());
+        const QByteArray bytes = named.bytes + body.bytes.mid(5);
 
         QDataStream qtIn(bytes);
         QVariant expected;
         qtIn >> expected;
-        ASSERT_EQ(qtIn.status(), QDataStream::Ok) << t.name;
-        ASSERT_EQ(expected, t.value) << t.name;
+        ASSERT_TRUE(qtIn.status() == QDataStream::Ok && expected == value) << value.typeName();
 
         Expected stream;
-        stream.constant();
-        const QByteArray full = stream.bytes + bytes;
         QDataStream::Status status = QDataStream::Ok;
-        const ExpressionHandle e = readBack(full, &status);
-        EXPECT_EQ(status, QDataStream::Ok) << t.name;
-        EXPECT_EQ(e->evaluate(), expected) << t.name;
+        const ExpressionHandle e = readBack(stream.constant().bytes + bytes, &status);
+        EXPECT_EQ(status, QDataStream::Ok) << value.typeName();
+        EXPECT_EQ(e->evaluate(), expected) << value.typeName();
     }
 }
 
@@ -317,14 +290,8 @@ TEST(ExpressionStream, ConstantsReadAsQtReadsThem)
 TEST(ExpressionStream, OlderStreamVersionsReadAsQtReadsThem)
 {
     const QVariant values[] = {
-        QVariant(),
-        7,
-        QVariant(QVariant::Int),
-        QStringLiteral("it's"),
-        QByteArray("\x01\x02"),
-        2.5,
-        QVariant(qlonglong(1) << 40),
-        QDate(2024, 2, 29),
+        QVariant(), 7, QVariant(QVariant::Int), QStringLiteral("it's"), QByteArray("\x01\x02"), 2.5,
+        QVariant(qlonglong(1) << 40), QDate(2024, 2, 29),
         QDateTime(QDate(2024, 2, 29), QTime(1, 2, 3, 4), Qt::UTC),
         QRegExp(QStringLiteral("a+b")),
         QUuid(QStringLiteral("{67c8770b-44f1-410a-ab9a-f9b5446f13ee}")),
