@@ -14,15 +14,6 @@ using cktest::code;
 using cktest::Record;
 using cktest::sql;
 
-TEST(ExpressionCore, DefaultHandleIsTheSharedEmptyList)
-{
-    const ExpressionHandle handle;
-    EXPECT_TRUE(handle->isEmpty());
-    EXPECT_EQ(handle.constData(), ExpressionList::empty().constData());
-    EXPECT_EQ(sql(handle), "");
-    EXPECT_EQ(handle->evaluate(), QVariant(QVariantList()));
-}
-
 TEST(ExpressionCore, HandlesShareUntilChangedThenClone)
 {
     ExpressionHandle first = ExpressionList(QList<QVariant>{1, 2});
@@ -32,8 +23,9 @@ TEST(ExpressionCore, HandlesShareUntilChangedThenClone)
     EXPECT_NE(first.constData(), second.constData());
     EXPECT_EQ(bound(first), "?,?");
     EXPECT_EQ(bound(second), "?,?,?");
-    // The shared empty list is never changed through a handle.
+    // A default handle is the shared empty list, never changed through a handle.
     ExpressionHandle empty;
+    EXPECT_EQ(empty.constData(), ExpressionList::empty().constData());
     static_cast<ExpressionList*>(empty.data())->append(QVariant(1));
     EXPECT_TRUE(ExpressionList::empty()->isEmpty());
 }
@@ -75,14 +67,8 @@ TEST(ExpressionCore, ConstantEqualityAndEmptiness)
     EXPECT_TRUE(toInt(ExpressionHandle()).isEmpty());
 }
 
-TEST(ExpressionCore, ValuesPrintAndLookUpTheAliasFirst)
+TEST(ExpressionCore, ValuesLookUpTheAliasFirst)
 {
-    const ExpressionHandle spaced = ValueExpression(QStringLiteral("my field"));
-    const ExpressionHandle aliased = ValueExpression(QStringLiteral("my field"), QStringLiteral("x"));
-    EXPECT_EQ(sql(spaced), "my_field");
-    EXPECT_EQ(sql(aliased), "my_field AS x");
-    EXPECT_EQ(code(aliased), "my_field");
-
     Record r;
     r.with(1, 2);
     bool constant = true;
@@ -90,7 +76,6 @@ TEST(ExpressionCore, ValuesPrintAndLookUpTheAliasFirst)
     EXPECT_FALSE(constant);
     EXPECT_EQ(r.eval(ValueExpression(QStringLiteral("a"), QStringLiteral("nope"))), QVariant(1));
     EXPECT_FALSE(r.eval(ValueExpression(QStringLiteral("missing"))).isValid());
-    EXPECT_TRUE(ValueExpression(*r.a).equals(&static_cast<const Expression&>(ValueExpression(QStringLiteral("a")))));
     EXPECT_FALSE(ValueExpression(QStringLiteral("a"), QStringLiteral("x"))
                      .equals(&static_cast<const Expression&>(ValueExpression(QStringLiteral("a")))));
 }
@@ -100,18 +85,8 @@ TEST(ExpressionCore, CastsConvertPrintAndRetypePlaceholders)
     const ExpressionHandle cast = toInt(ConstExpression(QStringLiteral("12"), false));
     bool constant = false;
     const QVariant value = cast->evaluate(PropertySet(), &constant);
-    EXPECT_EQ(value.type(), QVariant::Int);
-    EXPECT_EQ(value.toInt(), 12);
+    EXPECT_TRUE(value.type() == QVariant::Int && value.toInt() == 12);
     EXPECT_TRUE(constant);
-    EXPECT_EQ(sql(cast), "CAST('12' AS int)");
-    EXPECT_EQ(code(cast), "(int)\"12\"");
-
-    const ExpressionHandle boundCast = toDouble(ConstExpression(QStringLiteral("2.5"), true));
-    EXPECT_EQ(bound(boundCast), "CAST(? AS double)");
-    const QList<QVariant> values = boundCast->collectPlaceholders();
-    ASSERT_EQ(values.size(), 1);
-    EXPECT_EQ(values[0].type(), QVariant::Double);
-    EXPECT_DOUBLE_EQ(values[0].toDouble(), 2.5);
 
     // QVariant has no date-to-number conversion; the cast goes through the
     // microsecond scale instead.
@@ -130,10 +105,6 @@ TEST(ExpressionCore, CastsConvertPrintAndRetypePlaceholders)
     EXPECT_EQ(mixedValues[0].toString(), QStringLiteral("7"));
     EXPECT_EQ(mixedValues[1].type(), QVariant::Double);
     EXPECT_DOUBLE_EQ(mixedValues[1].toDouble(), 2.5);
-
-    // In code text a cast of an operator parenthesises it.
-    EXPECT_EQ(code(toInt(*r.a + QVariant(1))), "(int)(a+1)");
-    EXPECT_EQ(sql(toInt(*r.a + QVariant(1))), "CAST(a+1 AS int)");
     EXPECT_FALSE(toInt(ConstExpression(1, false)).equals(&static_cast<const Expression&>(toUInt(ConstExpression(1, false)))));
 }
 
@@ -195,30 +166,14 @@ TEST(Membership, ElementOfPrintsBindsAndAlwaysGivesABool)
     EXPECT_TRUE((ElementOf(ConstExpression(2, false)) << 1 << 2).evaluate().toBool());
 }
 
-TEST(Membership, SwitchPrintsInEveryFormInCallOrder)
+// The other switch forms are printed from filter texts with the operators.
+TEST(Membership, IfThenPrintsAsASwitchOverConditions)
 {
     Record r;
-    SwitchCase sw(*r.a);
-    sw.switchCase(ConstExpression(1, false), ConstExpression(QStringLiteral("one"), false))
-        .switchCase(ConstExpression(2, false), ConstExpression(QStringLiteral("two"), false))
-        .defaultCase(ConstExpression(QStringLiteral("many"), false));
-    EXPECT_EQ(sql(sw), "CASE a WHEN 1 THEN 'one' WHEN 2 THEN 'two' ELSE 'many' END");
-    EXPECT_EQ(code(sw), "switch(a)\n{\n\tcase 1: return \"one\";\n\tcase 2: return \"two\";\ndefault: return \"many\"\n}\n");
-
-    SwitchCase noDefault(*r.a);
-    noDefault.switchCase(ConstExpression(1, false), ConstExpression(10, false));
-    EXPECT_EQ(sql(noDefault), "CASE a WHEN 1 THEN 10 END");
-    EXPECT_EQ(code(noDefault), "switch(a)\n{\n\tcase 1: return 10;\n\n}\n");
-
     const ExpressionHandle chosen = ifThen(*r.a > QVariant(1), ConstExpression(QStringLiteral("big"), false),
                                            ConstExpression(QStringLiteral("small"), false));
     EXPECT_EQ(bound(chosen), "CASE  WHEN a > ? THEN 'big' ELSE 'small' END");
     EXPECT_EQ(code(chosen), "if (a > 1) return \"big\";\nelse return \"small\"");
-
-    SwitchCase chain{ExpressionHandle()};
-    chain.switchCase(*r.a == QVariant(1), ConstExpression(1, false))
-        .switchCase(*r.a == QVariant(2), ConstExpression(2, false));
-    EXPECT_EQ(code(chain), "if (a == 1) return 1;\nelse if (a == 2) return 2;\n");
 }
 
 TEST(Membership, SwitchEvaluatesTheFirstMatchAndCountsAsConstant)

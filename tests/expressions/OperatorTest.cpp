@@ -30,8 +30,6 @@ TEST(Operators, ChainsOfOneOperatorBecomeOneNode)
     EXPECT_EQ(mixed.op(), BooleanOperator::Or);
     ASSERT_EQ(mixed.children().size(), 2);
     EXPECT_TRUE(mixed.children()[0].equals(BooleanOperator(x, BooleanOperator::And, y)));
-    EXPECT_EQ(sql(mixed), "(a > 1 AND b < 2) OR s = 'q'");
-    EXPECT_EQ(code(mixed), "(a > 1 && b < 2) || s == \"q\"");
 
     BooleanOperator grown(x, BooleanOperator::Or, y);
     grown |= z;
@@ -43,8 +41,6 @@ TEST(Operators, ChainsOfOneOperatorBecomeOneNode)
     sum *= c(3);
     EXPECT_EQ(sql(sum), "(a+1+2)*3");
     EXPECT_EQ(sql((c(1) + c(2)) - c(3) - c(4)), "(1+2)-3-4"); // a new kind starts a new node
-    EXPECT_EQ(sql((*r.a - QVariant(1)) % c(2)), "(a-1) mod 2");
-    EXPECT_EQ(code((*r.a - QVariant(1)) % c(2)), "(a-1)%2");
 
     ExpressionList three;
     three << x << y << z;
@@ -54,35 +50,29 @@ TEST(Operators, ChainsOfOneOperatorBecomeOneNode)
     EXPECT_TRUE(NumericOperator::join(ExpressionList(x), NumericOperator::Add).equals(x));
 }
 
+// Operators, casts, functions and switches read from their filter texts
+// print that text back as SQL, and their code text.
 TEST(Operators, PrintTable)
 {
     Record r;
+    r.set.add(new StringProperty(QStringLiteral("my field")));
+    for (const cktest::DataRow& row : cktest::dataRows("expressions/printing.tsv", 2)) {
+        QString error;
+        const ExpressionHandle e = Expression::parse(QString::fromStdString(row[0]), r.set, &error);
+        ASSERT_TRUE(e.constData()) << row.where << ": " << error.toStdString();
+        EXPECT_EQ(sql(e), row[0]) << row.where;
+        EXPECT_EQ(code(e), row[1]) << row.where;
+    }
+    // Forms only the builders make.
     const ExpressionHandle a = ValueExpression(*r.a);
     const ExpressionHandle b = ValueExpression(*r.b);
-    struct Case { ExpressionHandle e; std::string sqlText; std::string codeText; };
-    const Case cases[] = {
-        {*r.a == QVariant(3), "a = 3", "a == 3"},
-        {*r.a != *r.b, "a != b", "a != b"},
-        {*r.a < *r.b, "a < b", "a < b"},
-        {*r.a <= QVariant(3), "a <= 3", "a <= 3"},
-        {*r.a > a, "a > a", "a > a"},
-        {a >= b, "a >= b", "a >= b"},
-        {!(a && b), " NOT (a AND b)", " ! (a && b)"},
-        {(a + c(1)) * c(2), "(a+1)*2", "(a+1)*2"},
-        {a - b * c(2), "a-(b*2)", "a-(b*2)"},
-        {a / b, "a/b", "a/b"},
-        {(a & b) | (a ^ b), "(a&b)|(a^b)", "(a&b)|(a^b)"},
-        {-a, "-a", "-a"},
-        {-*r.a, "-a", "-a"},
-        {~(a + b), "~(a+b)", "~(a+b)"},
-        {+a, "a", "a"},
-        {ExpressionHandle(+*r.a), "a", "a"},
-        {(a + b) == c(3), "(a+b) = 3", "(a+b) == 3"},
-        {BooleanOperator::join(ExpressionList(), BooleanOperator::And), "", ""},
+    const struct { ExpressionHandle e; std::string text; } built[] = {
+        {-*r.a, "-a"}, {+a, "a"}, {ExpressionHandle(+*r.a), "a"},
+        {BooleanOperator::join(ExpressionList(), BooleanOperator::And), ""},
     };
-    for (const Case& t : cases) {
-        EXPECT_EQ(sql(t.e), t.sqlText);
-        EXPECT_EQ(code(t.e), t.codeText);
+    for (const auto& t : built) {
+        EXPECT_EQ(sql(t.e), t.text);
+        EXPECT_EQ(code(t.e), t.text);
     }
     // Sort lists: negation means descending, and the operand is not nested.
     EXPECT_EQ(ExpressionList(-a, ~b).toString(Expression::PrintSql | Expression::PrintOrder).toStdString(), "a DESC,b");
