@@ -240,34 +240,20 @@ std::shared_ptr<BaseProperty> holding(const char* name, const QVariant& value = 
 
 TEST(Properties, DumpWritesFourLinesPerProperty)
 {
+    for (const cktest::DataRow& row : cktest::dataRows("properties/dumps.tsv", 3)) {
+        const auto property = create(row[0]);
+        ASSERT_TRUE(property) << row.where;
+        const QVariant value = cktest::variantOf(row[1]);
+        EXPECT_TRUE(!value.isValid() || property->setVariantValue(value)) << row.where;
+        const QString line = QStringLiteral("Property value: ") + QString::fromStdString(row[2]) + "\n";
+        EXPECT_EQ(dumpOf(*property), header("p") + line + k_hyphens) << row.where;
+    }
     const auto flag = holding<kogen::BoolProperty>("flag", true);
     flag->setDescription(QStringLiteral("on or off"));
-    const QDateTime stamp(QDate(2024, 5, 6), QTime(7, 8, 9));
-    const int intMin = std::numeric_limits<int>::min();
-    const int intMax = std::numeric_limits<int>::max();
-    const QStringList tags{QStringLiteral("a"), QString(), QStringLiteral("c")};
-
-    struct Case { std::shared_ptr<BaseProperty> property; QString value; const char* description; };
-    const Case cases[] = {
-        {flag, "1", "on or off"},
-        {holding<kogen::U64Property>("big", 18446744073709551615ULL), "18446744073709551615", ""},
-        {holding<kogen::DoubleProperty>("ratio", 0.5), "0.5", ""},
-        {holding<kogen::StringListProperty>("tags", tags), "a,,c", ""},
-        {holding<kogen::ByteArrayProperty>("bytes", QByteArray(5, 'x')), "(QByteArray of length 5 )", ""},
-        {holding<kogen::RectProperty>("area", QRect(10, 20, 640, 480)), "(10,20,640,480)", ""},
-        // The widest rectangle dumps its true size.
-        {holding<kogen::RectProperty>("w", QRect(QPoint(intMin, 0), QPoint(intMax, 0))), "(-2147483648,0,4294967296,1)", ""},
-        {holding<kogen::DateProperty>("day", QDate(2024, 5, 6)), QDate(2024, 5, 6).toString(Qt::TextDate), ""},
-        {holding<kogen::TimeProperty>("noon", QTime(12, 0, 5)), "12:00:05", ""},
-        {holding<kogen::DateProperty>("noDay"), "", ""},
-        {holding<kogen::FloatProperty>("tenth", 0.1f), "0.1", ""},
-        {holding<kogen::DateTimeProperty>("stamp", stamp), stamp.toString(Qt::TextDate), ""},
-    };
-    for (const Case& c : cases) {
-        const QByteArray name = c.property->propertyName().toLatin1();
-        SCOPED_TRACE(name.constData());
-        EXPECT_EQ(dumpOf(*c.property), header(name.constData(), c.description) + "Property value: " + c.value + "\n" + k_hyphens);
-    }
+    // The widest rectangle dumps its true size.
+    const QRect widest(QPoint(std::numeric_limits<int>::min(), 0), QPoint(std::numeric_limits<int>::max(), 0));
+    EXPECT_EQ(dumpOf(*holding<kogen::RectProperty>("w", widest)),
+              header("w") + "Property value: (-2147483648,0,4294967296,1)\n" + k_hyphens);
     EXPECT_EQ(dumpOf(kogen::IllegalProperty::instance()), QStringLiteral("IllegaProperty\n"));
 
     // Numbers follow the stream's settings.
