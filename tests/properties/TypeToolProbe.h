@@ -17,9 +17,7 @@ public:
     using TypeTool::TypeTool;
     using TypeTool::coerceNumericTypes;
     using TypeTool::coerceOtherTypes;
-    using TypeTool::compareList;
     using TypeTool::dateAdd;
-    using TypeTool::dateSeconds;
 };
 
 // The four combinations of the constant flags, in the order (left, right):
@@ -40,12 +38,6 @@ inline int signOf(int value)
 inline void PrintTo(const QVariant& value, std::ostream* out)
 {
     *out << value.typeName() << '(' << value.toString().toStdString() << ')';
-}
-
-// "type value" for traces.
-inline std::string describe(const QVariant& value)
-{
-    return std::string(value.isValid() ? value.typeName() : "invalid") + ' ' + value.toString().toStdString();
 }
 
 // Same type and same value; invalid matches invalid.
