@@ -11,6 +11,8 @@
 
 #include <QRandomGenerator>
 
+#include <algorithm>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <vector>
@@ -34,16 +36,10 @@ struct Row
 // The in-memory value in the database's terms: booleans are 0 and 1.
 QVariant asSql(const QVariant& value)
 {
-    switch (value.type()) {
-    case QVariant::Bool:
-    case QVariant::Int:
-    case QVariant::UInt:
-    case QVariant::LongLong:
-    case QVariant::ULongLong:
-        return QVariant(value.toLongLong());
-    default:
-        return value;
-    }
+    static const QVariant::Type integers[] = {QVariant::Bool, QVariant::Int, QVariant::UInt, QVariant::LongLong,
+                                              QVariant::ULongLong};
+    const bool integer = std::find(std::begin(integers), std::end(integers), value.type()) != std::end(integers);
+    return integer ? QVariant(value.toLongLong()) : value;
 }
 
 class Database
