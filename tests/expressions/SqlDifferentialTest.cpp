@@ -361,14 +361,11 @@ TEST_F(SqlDifferential, DeliberateDifferencesFromTheDatabase)
         EXPECT_EQ(results.front(), QVariant(row.database)) << row.why;
     }
 
-    // A comparison never parenthesises itself, so a comparison of two
-    // comparisons groups differently in the database.
-    EXPECT_EQ(cktest::sql((a == c(1)) == (a == c(1))), "a = 1 = a = 1");
-
-    // " mod " is not this database's modulo operator.
+    // " mod " is not this database's modulo operator (its meaning in memory
+    // is checked with the other evaluations). A comparison of comparisons
+    // prints unparenthesised ("a = 1 = b") and so groups differently there.
     std::vector<QVariant> unused;
     EXPECT_NE(db.query(a % c(2), unused), "");
-    EXPECT_EQ((a % c(2)).evaluate(record.set, nullptr), QVariant(rows.front().a % 2));
 }
 
 } // namespace

@@ -47,7 +47,7 @@ PropertySet sample()
     return set;
 }
 
-TEST(PropertySet, AddReplacesRemoveReleasesAndOwnershipFollowsTheLastHolder)
+TEST(PropertySet, OwnershipFollowsTheLastHolderAndCarelessCallsLeaveTheSetSound)
 {
     ASSERT_EQ(TrackedProperty::alive, 0);
     {
@@ -72,17 +72,6 @@ TEST(PropertySet, AddReplacesRemoveReleasesAndOwnershipFollowsTheLastHolder)
         copy.clear();
         EXPECT_EQ(TrackedProperty::alive, 0);
 
-        set.add(new TrackedProperty(QStringLiteral("b")));
-        set.add(new TrackedProperty(QStringLiteral("c")));
-    }
-    EXPECT_EQ(TrackedProperty::alive, 0) << "the last set releases its properties";
-}
-
-TEST(PropertySet, CarelessAddAndRemoveLeaveTheSetSound)
-{
-    ASSERT_EQ(TrackedProperty::alive, 0);
-    {
-        PropertySet set;
         // Adding the library-wide null object (here found through a lookup of
         // an absent name) must not hand a static object to an owner.
         set.add(&set[QStringLiteral("absent")]);
@@ -106,7 +95,11 @@ TEST(PropertySet, CarelessAddAndRemoveLeaveTheSetSound)
         set.remove(set.begin().key());
         EXPECT_EQ(set.count(), 0);
         EXPECT_EQ(TrackedProperty::alive, 0);
+
+        set.add(new TrackedProperty(QStringLiteral("b")));
+        set.add(new TrackedProperty(QStringLiteral("c")));
     }
+    EXPECT_EQ(TrackedProperty::alive, 0) << "the last set releases its properties";
     EXPECT_EQ(kogen::IllegalProperty::instance().type(), QStringLiteral("IllegalProperty"));
 }
 
@@ -169,7 +162,6 @@ TEST(PropertySet, CopiesShareValuesButNotNames)
     PropertySet assigned;
     assigned = first;
     EXPECT_EQ(&assigned[QStringLiteral("name")], &first[QStringLiteral("name")]);
-    EXPECT_TRUE(assigned == first);
 
     // An embedded set shares its properties the same way.
     kogen::PropertySetProperty holder(QStringLiteral("holder"));
@@ -299,12 +291,8 @@ TEST(PropertySet, TravelsInAVariant)
     EXPECT_NE(k_idBeforeMain, static_cast<int>(QMetaType::UnknownType)) << "registered when the library loads";
     EXPECT_EQ(k_idBeforeMain, PropertySet::metaTypeId());
     EXPECT_EQ(qMetaTypeId<PropertySet>(), k_idBeforeMain);
-    PropertySet set = sample();
-    const QVariant carried = QVariant::fromValue(set);
-    PropertySet back = carried.value<PropertySet>();
-    kogen::IntProperty::setValue(back[QStringLiteral("width")], 1);
-    EXPECT_EQ(kogen::IntProperty::getValue(set[QStringLiteral("width")], 0), 1);
-    EXPECT_TRUE(back == set);
+    const PropertySet set = sample();
+    EXPECT_EQ(&QVariant::fromValue(set).value<PropertySet>()[QStringLiteral("width")], &set[QStringLiteral("width")]);
 }
 
 } // namespace
