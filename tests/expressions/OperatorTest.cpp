@@ -12,7 +12,6 @@ using cktest::Record;
 using cktest::sql;
 
 ExpressionHandle c(const QVariant& value) { return ConstExpression(value, false); }
-const QVariant null;
 
 TEST(Operators, ChainsOfOneOperatorBecomeOneNode)
 {
