@@ -23,15 +23,9 @@ using namespace kogen;
 
 ExpressionHandle c(const QVariant& value) { return ConstExpression(value, false); }
 
-struct Row
-{
-    qint64 id;
-    int a;
-    int b;
-    QString s; // a word
-    QString n; // an integer as text
-    double d;
-};
+// One row of the table t, by column name: ints a and b, a word s, an
+// integer as text n, and a number of eighths d.
+using Row = QVariantMap;
 
 // The in-memory value in the database's terms: booleans are 0 and 1.
 QVariant asSql(const QVariant& value)
@@ -56,13 +50,13 @@ public:
 
     void exec(const char* statement) { ASSERT_EQ(sqlite3_exec(m_db, statement, nullptr, nullptr, nullptr), SQLITE_OK); }
 
-    void insert(const Row& row)
+    void insert(qint64 id, const Row& row)
     {
         sqlite3_stmt* statement = nullptr;
         sqlite3_prepare_v2(m_db, "INSERT INTO t (rowid, a, b, s, n, d) VALUES (?,?,?,?,?,?)", -1, &statement, nullptr);
-        const QVariant values[] = {row.id, row.a, row.b, row.s, row.n, row.d};
-        for (int i = 0; i < 6; ++i)
-            bind(statement, i + 1, values[i]);
+        bind(statement, 1, id);
+        for (int i = 0; i < 5; ++i)
+            bind(statement, i + 2, row.value(QString(QLatin1Char("absnd"[i]))));
         EXPECT_EQ(sqlite3_step(statement), SQLITE_DONE);
         sqlite3_finalize(statement);
     }
@@ -231,21 +225,18 @@ class SqlDifferential : public ::testing::Test
 protected:
     void SetUp() override
     {
-        record.set.add(n);
-        record.set.add(d);
+        record.set.add(new StringProperty(QStringLiteral("n")));
+        record.set.add(new DoubleProperty(QStringLiteral("d")));
         static const QString words[] = {QStringLiteral("alpha"), QStringLiteral("beta"), QStringLiteral("gamma"),
                                         QStringLiteral("it's"), QStringLiteral("Zulu"), QString()};
         QRandomGenerator random(20240506);
         for (qint64 id = 1; id <= 300; ++id) {
-            Row row;
-            row.id = id;
-            row.a = random.bounded(-6, 7);
-            row.b = random.bounded(-6, 7);
-            row.s = words[random.bounded(6)];
-            row.n = QString::number(random.bounded(-50, 51));
-            row.d = random.bounded(-400, 401) / 8.0; // exact in binary
+            const Row row{{QStringLiteral("a"), random.bounded(-6, 7)}, {QStringLiteral("b"), random.bounded(-6, 7)},
+                          {QStringLiteral("s"), words[random.bounded(6)]},
+                          {QStringLiteral("n"), QString::number(random.bounded(-50, 51))},
+                          {QStringLiteral("d"), random.bounded(-400, 401) / 8.0}}; // d is exact in binary
             rows.push_back(row);
-            db.insert(row);
+            db.insert(id, row);
         }
     }
 
@@ -258,29 +249,17 @@ protected:
         ASSERT_EQ(error, "") << text;
         ASSERT_EQ(results.size(), rows.size()) << text;
         for (size_t i = 0; i < rows.size(); ++i) {
-            const Row& row = rows[i];
-            setRow(row);
+            record.set.setVariantValues(rows[i]);
             const QVariant memory = asSql(record.eval(e));
-            EXPECT_EQ(memory, results[i]) << text << " on row " << row.id << ": memory "
+            EXPECT_EQ(memory, results[i]) << text << " on row " << i + 1 << ": memory "
                                           << memory.toString().toStdString() << ", database "
                                           << results[i].toString().toStdString();
         }
     }
 
-    void setRow(const Row& row)
-    {
-        record.a->setVariantValue(row.a);
-        record.b->setVariantValue(row.b);
-        record.s->setVariantValue(row.s);
-        n->setVariantValue(row.n);
-        d->setVariantValue(row.d);
-    }
-
     Database db;
     std::vector<Row> rows;
     cktest::Record record;
-    StringProperty* n = new StringProperty(QStringLiteral("n"));
-    DoubleProperty* d = new DoubleProperty(QStringLiteral("d"));
 };
 
 // Comparisons and logic, integer arithmetic, membership, switches and casts,
@@ -310,7 +289,7 @@ TEST_F(SqlDifferential, ParsedRandomTreesAgreeWithTheirOriginals)
             ASSERT_TRUE(tree.constData()) << text.toStdString() << ": " << error.toStdString();
             ASSERT_EQ(tree->toString(Expression::PrintSql), text);
             for (size_t r = 0; r < rows.size(); r += 10) {
-                setRow(rows[r]);
+                record.set.setVariantValues(rows[r]);
                 const QVariant expected = record.eval(original);
                 const QVariant actual = record.eval(tree);
                 ASSERT_TRUE(actual == expected && actual.type() == expected.type())
@@ -338,7 +317,8 @@ TEST_F(SqlDifferential, ParsedRandomTreesAgreeWithTheirOriginals)
 TEST_F(SqlDifferential, DeliberateDifferencesFromTheDatabase)
 {
     const ExpressionHandle a = ValueExpression(*record.a);
-    record.a->setVariantValue(rows.front().a);
+    const int first = rows.front().value(QStringLiteral("a")).toInt();
+    record.a->setVariantValue(first);
 
     const struct { const char* why; ExpressionHandle e; QVariant memory; qlonglong database; } cases[] = {
         // A failed text-to-int cast: the database reads a leading number,
@@ -350,8 +330,7 @@ TEST_F(SqlDifferential, DeliberateDifferencesFromTheDatabase)
         // Qt rounds a double cast to int, the database truncates.
         {"cast of -2.875", toInt(c(-2.875)), -3, -2},
         // Adding a text to a number concatenates the texts in memory.
-        {"a + '12'", a + c(QStringLiteral("12")), QString::number(rows.front().a) + QStringLiteral("12"),
-         rows.front().a + 12},
+        {"a + '12'", a + c(QStringLiteral("12")), QString::number(first) + QStringLiteral("12"), first + 12},
     };
     for (const auto& row : cases) {
         const QVariant memory = row.e->evaluate(record.set, nullptr);
