@@ -102,8 +102,12 @@ TEST(ExpressionStream, EveryReadableClassRoundTrips)
     QMultiHash<QString, QVariant> repeatedHash;
     repeatedHash.insert(QStringLiteral("k"), 1);
     repeatedHash.insert(QStringLiteral("k"), 2);
+    const QTimeZone berlin("Europe/Berlin");
+    ASSERT_TRUE(berlin.isValid());
     // Most kinds of constant are read in every stream version further down.
     const std::vector<ExpressionHandle> trees = {
+        c(QDateTime(QDate(2020, 1, 1), QTime(1, 0), berlin)), // zones by id and by offset: rewritten byte for byte
+        c(QDateTime(QDate(2020, 1, 1), QTime(1, 0), QTimeZone(5400))),
         c(QJsonValue(3.5)),
         c(QJsonObject{{QStringLiteral("a"), QJsonArray{1, QStringLiteral("x")}}}),
         c(QJsonArray{true, QJsonValue()}),
@@ -379,18 +383,7 @@ TEST(ExpressionStream, TimeZoneIdsOutsideTheZoneDatabaseAreRefused)
     done = true;
     watcher.join();
     EXPECT_FALSE(opened) << "the reader opened the pipe";
-
-    // Real zones still read.
-    const QDateTime berlin(QDate(2020, 1, 1), QTime(1, 0), QTimeZone("Europe/Berlin"));
-    const QDateTime fixed(QDate(2020, 1, 1), QTime(1, 0), QTimeZone(5400));
-    for (const QDateTime& moment : {berlin, fixed}) {
-        ASSERT_TRUE(moment.timeZone().isValid());
-        QDataStream::Status status = QDataStream::Ok;
-        const ExpressionHandle back = readBack(written(c(moment)), &status);
-        EXPECT_EQ(status, QDataStream::Ok);
-        EXPECT_EQ(back->evaluate().toDateTime(), moment);
-        EXPECT_EQ(back->evaluate().toDateTime().timeZone(), moment.timeZone());
-    }
+    // Real zones still read: see the round trip.
 }
 #endif
 
