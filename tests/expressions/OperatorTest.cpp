@@ -20,15 +20,9 @@ TEST(Operators, ChainsOfOneOperatorBecomeOneNode)
     const ExpressionHandle y = *r.b < QVariant(2);
     const ExpressionHandle z = *r.s == QVariant(QStringLiteral("q"));
 
-    const BooleanOperator all = (x && y) && z;
-    EXPECT_EQ(all.children().size(), 3);
-    EXPECT_EQ(all.op(), BooleanOperator::And);
-    EXPECT_EQ(sql(all), "a > 1 AND b < 2 AND s = 'q'");
-
-    const BooleanOperator mixed = (x && y) || z;
-    EXPECT_EQ(mixed.op(), BooleanOperator::Or);
-    ASSERT_EQ(mixed.children().size(), 2);
-    EXPECT_TRUE(mixed.children()[0].equals(BooleanOperator(x, BooleanOperator::And, y)));
+    // A nested node of two or more operands prints in parentheses.
+    EXPECT_EQ(sql((x && y) && z), "a > 1 AND b < 2 AND s = 'q'");
+    EXPECT_EQ(sql((x && y) || z), "(a > 1 AND b < 2) OR s = 'q'");
 
     BooleanOperator grown(x, BooleanOperator::Or, y);
     grown |= z;
