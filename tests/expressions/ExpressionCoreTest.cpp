@@ -1,4 +1,5 @@
 #include "ExpressionTestSupport.h"
+#include "testlib/DataTable.h"
 
 #include <gtest/gtest.h>
 
@@ -32,23 +33,15 @@ TEST(ExpressionCore, HandlesShareUntilChangedThenClone)
 
 TEST(ExpressionCore, ConstantsPrintPerStyle)
 {
-    struct Case { QVariant value; bool placeholder; std::string sqlText; std::string boundText; std::string codeText; };
-    const QDate day(2024, 5, 6);
-    const std::string dayMicros = "1714953600000000"; // microseconds since 1970-01-01 UTC
-    const Case cases[] = {
-        {QStringLiteral("it's"), true, "'it''s'", "?", "\"it's\""},
-        {QStringLiteral("it's"), false, "'it''s'", "'it''s'", "\"it's\""},
-        {42, false, "42", "42", "42"},
-        {2.5, true, "2.5", "?", "2.5"},
-        {day, false, dayMicros, dayMicros, "2024-05-06"},
-        {QRegExp(QStringLiteral("a'b.*")), false, "'a''b.*'", "'a''b.*'", "\"a'b.*\""},
-    };
-    for (const Case& c : cases) {
-        const ExpressionHandle e = ConstExpression(c.value, c.placeholder);
-        EXPECT_EQ(sql(e), c.sqlText) << c.sqlText;
-        EXPECT_EQ(bound(e), c.boundText) << c.sqlText;
-        EXPECT_EQ(code(e), c.codeText) << c.sqlText;
+    for (const cktest::DataRow& row : cktest::dataRows("expressions/constants.tsv", 5)) {
+        const ExpressionHandle e = ConstExpression(cktest::variantOf(row[0]), row[1] == "1");
+        EXPECT_EQ(sql(e), row[2]) << row.where;
+        EXPECT_EQ(bound(e), row[3]) << row.where;
+        EXPECT_EQ(code(e), row[4]) << row.where;
     }
+    const ExpressionHandle pattern = ConstExpression(QRegExp(QStringLiteral("a'b.*")), false);
+    EXPECT_EQ(sql(pattern), "'a''b.*'");
+    EXPECT_EQ(code(pattern), "\"a'b.*\"");
 }
 
 TEST(ExpressionCore, ConstantEqualityAndEmptiness)
