@@ -42,44 +42,35 @@ public:
     Database()
     {
         sqlite3_open(":memory:", &m_db);
-        exec("CREATE TABLE t (a INTEGER, b INTEGER, s TEXT, n TEXT, d REAL, v)");
+        EXPECT_EQ(run(QStringLiteral("CREATE TABLE t (a INTEGER, b INTEGER, s TEXT, n TEXT, d REAL, v)"), {}), "");
     }
     ~Database() { sqlite3_close(m_db); }
     Database(const Database&) = delete;
     Database& operator=(const Database&) = delete;
 
-    void exec(const char* statement) { ASSERT_EQ(sqlite3_exec(m_db, statement, nullptr, nullptr, nullptr), SQLITE_OK); }
-
-    void insert(qint64 id, const Row& row)
+    // Runs a statement with the values bound in order and collects the first
+    // column of its rows; returns the error text if it does not prepare or run.
+    std::string run(const QString& text, const QList<QVariant>& values, std::vector<QVariant>* results = nullptr)
     {
         sqlite3_stmt* statement = nullptr;
-        sqlite3_prepare_v2(m_db, "INSERT INTO t (rowid, a, b, s, n, d) VALUES (?,?,?,?,?,?)", -1, &statement, nullptr);
-        bind(statement, 1, id);
-        for (int i = 0; i < 5; ++i)
-            bind(statement, i + 2, row.value(QString(QLatin1Char("absnd"[i]))));
-        EXPECT_EQ(sqlite3_step(statement), SQLITE_DONE);
-        sqlite3_finalize(statement);
-    }
-
-    // Prepares "SELECT <expression> FROM t ORDER BY rowid" with the
-    // collected placeholder values bound in order; returns the error text
-    // if the statement does not prepare or run.
-    std::string query(const ExpressionHandle& e, std::vector<QVariant>& results)
-    {
-        const QString text = e->toString(Expression::PrintSql | Expression::PrintPlaceholders);
-        const QByteArray statementText = ("SELECT " + text + " FROM t ORDER BY rowid").toUtf8();
-        sqlite3_stmt* statement = nullptr;
-        if (sqlite3_prepare_v2(m_db, statementText.constData(), -1, &statement, nullptr) != SQLITE_OK)
+        if (sqlite3_prepare_v2(m_db, text.toUtf8().constData(), -1, &statement, nullptr) != SQLITE_OK)
             return sqlite3_errmsg(m_db);
         std::unique_ptr<sqlite3_stmt, int (*)(sqlite3_stmt*)> guard(statement, sqlite3_finalize);
-        const QList<QVariant> values = e->collectPlaceholders();
         EXPECT_EQ(values.size(), sqlite3_bind_parameter_count(statement)) << text.toStdString();
         for (int i = 0; i < values.size(); ++i)
             bind(statement, i + 1, values[i]);
         int step = SQLITE_ROW;
-        while ((step = sqlite3_step(statement)) == SQLITE_ROW)
-            results.push_back(column(statement));
+        while ((step = sqlite3_step(statement)) == SQLITE_ROW && results)
+            results->push_back(column(statement));
         return step == SQLITE_DONE ? std::string() : std::string(sqlite3_errmsg(m_db));
+    }
+
+    // "SELECT <expression> FROM t ORDER BY rowid" with the collected
+    // placeholder values bound.
+    std::string query(const ExpressionHandle& e, std::vector<QVariant>& results)
+    {
+        const QString text = e->toString(Expression::PrintSql | Expression::PrintPlaceholders);
+        return run("SELECT " + text + " FROM t ORDER BY rowid", e->collectPlaceholders(), &results);
     }
 
 private:
@@ -236,7 +227,8 @@ protected:
                           {QStringLiteral("n"), QString::number(random.bounded(-50, 51))},
                           {QStringLiteral("d"), random.bounded(-400, 401) / 8.0}}; // d is exact in binary
             rows.push_back(row);
-            db.insert(id, row);
+            const QString insert = QStringLiteral("INSERT INTO t (rowid, a, b, s, n, d) VALUES (?,?,?,?,?,?)");
+            ASSERT_EQ(db.run(insert, {id, row["a"], row["b"], row["s"], row["n"], row["d"]}), "");
         }
     }
 
