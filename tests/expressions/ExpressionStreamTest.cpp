@@ -307,13 +307,11 @@ TEST(ExpressionStream, OlderStreamVersionsReadAsQtReadsThem)
             out.setVersion(version);
             out << ExpressionHandle(c(value, true));
 
-            QDataStream qtIn(bytes);
+            // The tag, version and flag before the variant are laid out alike in every version.
+            QDataStream qtIn(bytes.mid(Expected().constant().bytes.size()));
             qtIn.setVersion(version);
-            QByteArray tag;
-            qint32 bodyVersion = 0;
-            bool placeholder = false;
             QVariant expected;
-            qtIn >> tag >> bodyVersion >> placeholder >> expected;
+            qtIn >> expected;
             ASSERT_EQ(qtIn.status(), QDataStream::Ok) << version << value.typeName();
 
             QDataStream in(bytes);
