@@ -17,33 +17,30 @@ using kogen::BaseProperty;
 
 const QString k_outOfRange = QStringLiteral("Value out of range.");
 
-// A property of the named class holding the value, with that class's range
-// validator over [minimum, maximum].
+// A property of class P holding the value, with validator V over [minimum, maximum].
+template<typename P, typename V, typename T>
+boost::shared_ptr<BaseProperty> withRange(const QVariant& value, T minimum, T maximum)
+{
+    const auto property = boost::make_shared<P>(QStringLiteral("v"));
+    EXPECT_TRUE(property->setVariantValue(value));
+    property->setValidator(boost::make_shared<V>(minimum, maximum));
+    return property;
+}
+
+// The same for the class the table names.
 boost::shared_ptr<BaseProperty> ranged(const std::string& kind, const QVariant& value, const QVariant& minimum,
                                        const QVariant& maximum)
 {
     using namespace kogen;
-    boost::shared_ptr<BaseProperty> property;
-    boost::shared_ptr<PropertyValidator> validator;
-    if (kind == "int") {
-        property = boost::make_shared<IntProperty>(QStringLiteral("v"));
-        validator = boost::make_shared<DefaultIntValidator>(minimum.toInt(), maximum.toInt());
-    } else if (kind == "uint") {
-        property = boost::make_shared<UIntProperty>(QStringLiteral("v"));
-        validator = boost::make_shared<DefaultUIntValidator>(minimum.toUInt(), maximum.toUInt());
-    } else if (kind == "u64") {
-        property = boost::make_shared<U64Property>(QStringLiteral("v"));
-        validator = boost::make_shared<DefaultU64Validator>(minimum.toULongLong(), maximum.toULongLong());
-    } else if (kind == "float") {
-        property = boost::make_shared<FloatProperty>(QStringLiteral("v"));
-        validator = boost::make_shared<DefaultFloatValidator>(minimum.toFloat(), maximum.toFloat());
-    } else {
-        property = boost::make_shared<DoubleProperty>(QStringLiteral("v"));
-        validator = boost::make_shared<DefaultDoubleValidator>(minimum.toDouble(), maximum.toDouble());
-    }
-    EXPECT_TRUE(property->setVariantValue(value));
-    property->setValidator(validator);
-    return property;
+    if (kind == "int")
+        return withRange<IntProperty, DefaultIntValidator>(value, minimum.toInt(), maximum.toInt());
+    if (kind == "uint")
+        return withRange<UIntProperty, DefaultUIntValidator>(value, minimum.toUInt(), maximum.toUInt());
+    if (kind == "u64")
+        return withRange<U64Property, DefaultU64Validator>(value, minimum.toULongLong(), maximum.toULongLong());
+    if (kind == "float")
+        return withRange<FloatProperty, DefaultFloatValidator>(value, minimum.toFloat(), maximum.toFloat());
+    return withRange<DoubleProperty, DefaultDoubleValidator>(value, minimum.toDouble(), maximum.toDouble());
 }
 
 TEST(PropertyValidator, RangeValidatorsAcceptTheClosedInterval)
