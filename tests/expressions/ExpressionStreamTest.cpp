@@ -11,9 +11,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QJsonValue>
 #include <QPolygon>
-#include <QPolygonF>
 #include <QTemporaryDir>
 #include <QTimeZone>
 

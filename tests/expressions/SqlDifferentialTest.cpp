@@ -76,21 +76,15 @@ public:
 private:
     static void bind(sqlite3_stmt* statement, int index, const QVariant& value)
     {
-        switch (asSql(value).type()) {
-        case QVariant::LongLong:
-            sqlite3_bind_int64(statement, index, value.toLongLong());
-            break;
-        case QVariant::Double:
-            sqlite3_bind_double(statement, index, value.toDouble());
-            break;
-        case QVariant::Invalid:
+        const QVariant v = asSql(value);
+        if (v.type() == QVariant::LongLong)
+            sqlite3_bind_int64(statement, index, v.toLongLong());
+        else if (v.type() == QVariant::Double)
+            sqlite3_bind_double(statement, index, v.toDouble());
+        else if (!v.isValid())
             sqlite3_bind_null(statement, index);
-            break;
-        default: {
-            const QByteArray text = value.toString().toUtf8();
-            sqlite3_bind_text(statement, index, text.constData(), text.size(), SQLITE_TRANSIENT);
-        }
-        }
+        else
+            sqlite3_bind_text(statement, index, v.toString().toUtf8().constData(), -1, SQLITE_TRANSIENT);
     }
 
     static QVariant column(sqlite3_stmt* statement)
