@@ -418,9 +418,7 @@ TEST(ExpressionStream, HostileCountsAndDepthsAreBounded)
                               << t.syntax << quint8(0);
         const ExpressionHandle e = readBack(regExp.bytes, &status);
         EXPECT_EQ(status, t.refused ? QDataStream::ReadCorruptData : QDataStream::Ok) << t.pattern.toStdString();
-        if (!t.refused) {
-            EXPECT_EQ(e->evaluate().toRegExp().pattern(), t.pattern);
-        }
+        EXPECT_TRUE(t.refused || e->evaluate().toRegExp().pattern() == t.pattern) << t.pattern.toStdString();
     }
 
     // The same list, named as a type after the user type id: Qt's reader
@@ -442,9 +440,7 @@ TEST(ExpressionStream, HostileCountsAndDepthsAreBounded)
         const ExpressionHandle e = readBack(nested.bytes, &status);
         const bool allowed = depth < Expression::maxReadDepth();
         EXPECT_EQ(status, allowed ? QDataStream::Ok : QDataStream::ReadCorruptData) << depth;
-        if (allowed) {
-            EXPECT_EQ(e->evaluate(), QVariant(false));
-        }
+        EXPECT_TRUE(!allowed || e->evaluate() == QVariant(false)) << depth;
     }
 }
 

@@ -228,9 +228,7 @@ template<typename P>
 std::shared_ptr<BaseProperty> holding(const char* name, const QVariant& value = QVariant())
 {
     auto property = std::make_shared<P>(QString::fromLatin1(name));
-    if (value.isValid()) {
-        EXPECT_TRUE(property->setVariantValue(value)) << name;
-    }
+    EXPECT_TRUE(!value.isValid() || property->setVariantValue(value)) << name;
     return property;
 }
 
