@@ -18,18 +18,15 @@ Q_DECLARE_METATYPE(Opaque)
 
 namespace {
 
-constexpr auto I = QVariant::Int;
-constexpr auto U = QVariant::UInt;
-constexpr auto LL = QVariant::LongLong;
-constexpr auto ULL = QVariant::ULongLong;
-constexpr auto D = QVariant::Double;
 constexpr auto X = QVariant::Invalid;
 
 // Every ordered pair of the five numeric types, with values on both sides of
 // the limits that decide whether a constant may narrow the type.
 TEST(TypeToolCoercion, NumericPairsForEveryFlagCombination)
 {
-    const std::map<std::string, QVariant::Type> types = {{"I", I}, {"U", U}, {"LL", LL}, {"ULL", ULL}, {"D", D}, {"X", X}};
+    const std::map<std::string, QVariant::Type> types = {{"I", QVariant::Int},       {"U", QVariant::UInt},
+                                                         {"LL", QVariant::LongLong}, {"ULL", QVariant::ULongLong},
+                                                         {"D", QVariant::Double},    {"X", X}};
     for (const cktest::DataRow& row : cktest::dataRows("properties/numeric-coercion.tsv", 6)) {
         const QVariant left = cktest::variantOf(row[0]);
         const QVariant right = cktest::variantOf(row[1]);
