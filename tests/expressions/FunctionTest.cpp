@@ -78,12 +78,11 @@ TEST(Functions, PatternsThatWouldExplodeGiveNull)
         const ExpressionHandle e = row[0] == "like" ? like(text, pattern) : regexp(text, pattern);
         EXPECT_EQ(e->evaluate(), cktest::variantOf(row[3])) << row.where;
     }
-    const std::vector<std::string>& lines = log.lines;
-    ASSERT_EQ(lines.size(), 4u);
-    EXPECT_NE(lines[0].find("[kogen::FunctionExpression::regexp] Pattern too complex: ((a{100}){100}){100}"),
+    ASSERT_EQ(log.lines.size(), 4u);
+    EXPECT_NE(log.lines[0].find("[kogen::FunctionExpression::regexp] Pattern too complex: ((a{100}){100}){100}"),
               std::string::npos);
-    EXPECT_NE(lines[2].find("[kogen::FunctionExpression::like] Pattern too complex:"), std::string::npos);
-    EXPECT_NE(lines[3].find("[kogen::FunctionExpression::like] Pattern too complex:"), std::string::npos)
+    EXPECT_NE(log.lines[2].find("[kogen::FunctionExpression::like] Pattern too complex:"), std::string::npos);
+    EXPECT_NE(log.lines[3].find("[kogen::FunctionExpression::like] Pattern too complex:"), std::string::npos)
         << "a refused pattern is not cached";
 }
 
@@ -135,12 +134,11 @@ void printAnswer(QTextStream& out, Expression::PrintStyle, const QString&, const
 TEST(Functions, ApplicationsRegisterFunctionsAndPrinters)
 {
     LogCapture log;
-    const std::vector<std::string>& lines = log.lines;
-
     EXPECT_FALSE(F::registerFunction("abs", &answer, nullptr, 0, 0));
     EXPECT_EQ(call("abs", {-1}).evaluate(), QVariant(1)) << "the first routine stays";
-    ASSERT_EQ(lines.size(), 1u);
-    EXPECT_NE(lines[0].find("[kogen::FunctionExpression::registerFunction] Function abs already declared."), std::string::npos);
+    ASSERT_EQ(log.lines.size(), 1u);
+    EXPECT_NE(log.lines[0].find("[kogen::FunctionExpression::registerFunction] Function abs already declared."),
+              std::string::npos);
 
     EXPECT_TRUE(F::registerFunction("test_answer", &answer, &F::printDefault, 0, 0));
     const ExpressionHandle e = FunctionExpression(QStringLiteral("test_answer"), ExpressionList(), false);
@@ -151,8 +149,9 @@ TEST(Functions, ApplicationsRegisterFunctionsAndPrinters)
     EXPECT_EQ(code(e), "test_answer()");
 
     EXPECT_FALSE(F::registerSqlPrintFunction("test_unknown", &printAnswer));
-    ASSERT_EQ(lines.size(), 2u);
-    EXPECT_NE(lines[1].find("[kogen::FunctionExpression::registerSqlPrintFunction] Function test_unknown not declared."),
+    ASSERT_EQ(log.lines.size(), 2u);
+    EXPECT_NE(log.lines[1].find("[kogen::FunctionExpression::registerSqlPrintFunction] "
+                                "Function test_unknown not declared."),
               std::string::npos);
 }
 

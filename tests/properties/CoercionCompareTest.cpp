@@ -180,7 +180,6 @@ TEST(TypeToolInvertString, ReversesTheSortOrderAndUndoesItself)
 TEST(TypeToolOk, ThrowOkAndReturnOkFollowTheLastOperation)
 {
     kogen::TypeTool tool(false, false);
-    EXPECT_TRUE(tool.wasOK());
     EXPECT_TRUE(tool.throwOK());
     const QVariant value(42);
     EXPECT_EQ(&tool.returnOK(value), &value);

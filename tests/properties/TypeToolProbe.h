@@ -37,7 +37,7 @@ inline int signOf(int value)
 // Shows type and value in failure messages.
 inline void PrintTo(const QVariant& value, std::ostream* out)
 {
-    *out << value.typeName() << '(' << value.toString().toStdString() << ')';
+    *out << (value.isValid() ? value.typeName() : "invalid") << '(' << value.toString().toStdString() << ')';
 }
 
 // Same type and same value; invalid matches invalid.
@@ -45,10 +45,6 @@ inline ::testing::AssertionResult sameVariant(const QVariant& actual, const QVar
 {
     if (actual.type() == expected.type() && actual == expected)
         return ::testing::AssertionSuccess();
-    ::testing::AssertionResult failure = ::testing::AssertionFailure();
-    failure << "got " << (actual.isValid() ? actual.typeName() : "invalid") << '('
-            << actual.toString().toStdString() << "), expected "
-            << (expected.isValid() ? expected.typeName() : "invalid") << '('
-            << expected.toString().toStdString() << ')';
-    return failure;
+    return ::testing::AssertionFailure() << "got " << ::testing::PrintToString(actual) << ", expected "
+                                         << ::testing::PrintToString(expected);
 }
