@@ -115,7 +115,7 @@ TEST(Operators, EvaluationOverARecord)
     // A text negates into its inverted sort key, which counts as constant.
     r.with(5, 3, QStringLiteral("abc"));
     bool constant = false;
-    EXPECT_EQ(r.eval(-ExpressionHandle(ValueExpression(*r.s)), &constant), TypeTool::invertString(QStringLiteral("abc")));
+    EXPECT_EQ(r.eval(-*r.s, &constant), TypeTool::invertString(QStringLiteral("abc")));
     EXPECT_TRUE(constant);
     // Equality compares the kind.
     EXPECT_FALSE((*r.a + QVariant(1)).equals(&static_cast<const Expression&>(*r.a - QVariant(1))));

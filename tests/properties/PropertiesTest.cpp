@@ -279,7 +279,7 @@ TEST(Properties, EmbeddedSetReadsAndWritesAsAMap)
     EXPECT_FALSE(stream.setVariantValue(update));
     const kogen::PropertySet after = kogen::PropertySetProperty::getValue(stream, {});
     EXPECT_EQ(kogen::IntProperty::getValue(after[QStringLiteral("fps")], 0), 30);
-    EXPECT_EQ(kogen::IntProperty::getValue(inner[QStringLiteral("fps")], 0), 30) << "the embedded set shares properties";
+    EXPECT_EQ(kogen::IntProperty::getValue(inner[QStringLiteral("fps")], 0), 30) << "shared with the original";
     EXPECT_EQ(after.count(), 2);
     // A refused value does not stop the later keys.
     const QVariantMap refused{{QStringLiteral("codec"), QVariant(QRect())}, {QStringLiteral("fps"), 50}};

@@ -204,9 +204,9 @@ TEST(PropertySet, DumpFramesEveryPropertyWithRules)
     EXPECT_EQ(dumpOf(PropertySet()), k_rule + "\n" + k_rule);
     PropertySet set = sample();
     set.remove(QStringLiteral("width"));
-    EXPECT_EQ(dumpOf(set), k_rule + "\n" + "Property name: enabled\nProperty description: \nProperty value: 1\n"
-                               + k_hyphens + "\n" + "Property name: name\nProperty description: \nProperty value: cam 1\n"
-                               + k_hyphens + "\n" + k_rule);
+    const QString enabled = QStringLiteral("Property name: enabled\nProperty description: \nProperty value: 1\n");
+    const QString name = QStringLiteral("Property name: name\nProperty description: \nProperty value: cam 1\n");
+    EXPECT_EQ(dumpOf(set), k_rule + "\n" + enabled + k_hyphens + "\n" + name + k_hyphens + "\n" + k_rule);
 }
 
 TEST(PropertySet, ValidateRunsInNameOrderAndStopsAtAnException)
