@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QBuffer>
 #include <QDataStream>
 #include <QDate>
 #include <QRegExp>
@@ -12,9 +11,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QJsonValue>
 #include <QPolygon>
-#include <QPolygonF>
 #include <QTemporaryDir>
 #include <QTimeZone>
 
@@ -86,8 +83,6 @@ TEST(ExpressionStream, LayoutsByteByByte)
     };
     for (const auto& row : rows)
         EXPECT_EQ(written(row.e).toHex().toStdString(), row.expected.bytes.toHex().toStdString()) << sql(row.e);
-    EXPECT_EQ(readBack(comparator.bytes)->toString(Expression::PrintSql | Expression::PrintPlaceholders).toStdString(),
-              "a = ?");
 }
 
 TEST(ExpressionStream, EveryReadableClassRoundTrips)
@@ -103,11 +98,12 @@ TEST(ExpressionStream, EveryReadableClassRoundTrips)
     QMultiHash<QString, QVariant> repeatedHash;
     repeatedHash.insert(QStringLiteral("k"), 1);
     repeatedHash.insert(QStringLiteral("k"), 2);
+    const QTimeZone berlin("Europe/Berlin");
+    ASSERT_TRUE(berlin.isValid());
     // Most kinds of constant are read in every stream version further down.
     const std::vector<ExpressionHandle> trees = {
-        c(QStringLiteral("it's"), true),
-        c(QDateTime(QDate(2024, 2, 29), QTime(1, 2, 3, 4), Qt::UTC), true),
-        c(QPolygon(QVector<QPoint>{QPoint(1, 2), QPoint(-3, 4)})),
+        c(QDateTime(QDate(2020, 1, 1), QTime(1, 0), berlin)), // zones by id and by offset: rewritten byte for byte
+        c(QDateTime(QDate(2020, 1, 1), QTime(1, 0), QTimeZone(5400))),
         c(QJsonValue(3.5)),
         c(QJsonObject{{QStringLiteral("a"), QJsonArray{1, QStringLiteral("x")}}}),
         c(QJsonArray{true, QJsonValue()}),
@@ -129,60 +125,56 @@ TEST(ExpressionStream, EveryReadableClassRoundTrips)
         currentDate(),
         coalesce(ExpressionList(a, c(0))),
     };
+    std::vector<ExpressionHandle> backs;
     for (const ExpressionHandle& e : trees) {
         const QByteArray bytes = written(e);
         QDataStream::Status status = QDataStream::Ok;
         qint64 consumed = 0;
-        const ExpressionHandle back = readBack(bytes, &status, &consumed);
+        backs.push_back(readBack(bytes, &status, &consumed));
         EXPECT_EQ(status, QDataStream::Ok) << sql(e);
         EXPECT_EQ(consumed, bytes.size()) << sql(e);
-        EXPECT_TRUE(back.equals(e)) << sql(e);
-        EXPECT_EQ(back->toString(Expression::PrintCode), e->toString(Expression::PrintCode)) << sql(e);
-        EXPECT_EQ(written(back), bytes) << sql(e);
+        EXPECT_EQ(written(backs.back()), bytes) << sql(e);
     }
+    // Every read made its own node: later reads left the earlier ones alone.
+    for (size_t i = 0; i < trees.size(); ++i)
+        EXPECT_TRUE(backs[i].equals(trees[i])) << sql(trees[i]);
+    EXPECT_FALSE(Expression::registerExpressionClass(c(1))) << "a second prototype of a class is refused";
 }
 
 // Kinds outside their enum can only come from a stream. Such a node gives
-// NULL, and its constness still follows the operands it evaluated.
+// NULL, and its constness still follows the operands it evaluated; a unary
+// operator of an unknown kind over a number keeps the 0 that negation and
+// bitwise not start from, and counts as constant. Operands: c a constant,
+// p the property a.
 TEST(ExpressionStream, KindsOutsideTheirRangeEvaluateToNull)
 {
     Record r;
     r.with(5, 3);
-    struct Case { const char* tag; qint32 kind; bool secondIsProperty; bool expectedConstant; };
+    struct Case { const char* tag; qint32 kind; const char* operands; QVariant expected; bool expectedConstant; };
     const Case cases[] = {
-        {"class kogen::Comparator", 6, false, true},
-        {"class kogen::Comparator", -1, true, false},
-        {"class kogen::NumericOperator", 8, false, true},
-        {"class kogen::NumericOperator", 8, true, false},
-        {"class kogen::NumericOperator", -3, true, false},
+        {"class kogen::Comparator", 6, "cc", QVariant(), true},
+        {"class kogen::Comparator", -1, "cp", QVariant(), false},
+        {"class kogen::NumericOperator", 8, "cc", QVariant(), true},
+        {"class kogen::NumericOperator", 8, "cp", QVariant(), false},
+        {"class kogen::NumericOperator", -3, "cp", QVariant(), false},
+        {"class kogen::UnaryOperator", 2, "p", 0, true},
     };
     for (const Case& t : cases) {
         Expected bytes;
-        bytes.tag(t.tag).i32(1).i32(t.kind).i32(1).i32(2);
-        bytes.constant().variant(2);
-        if (t.secondIsProperty)
-            bytes.tag("class kogen::ValueExpression").i32(2).text(QStringLiteral("a")).text(QString());
-        else
-            bytes.constant().variant(1);
+        bytes.tag(t.tag).i32(1).i32(t.kind).i32(1).i32(static_cast<qint32>(qstrlen(t.operands)));
+        for (const char* operand = t.operands; *operand; ++operand) {
+            if (*operand == 'p')
+                bytes.tag("class kogen::ValueExpression").i32(2).text(QStringLiteral("a")).text(QString());
+            else
+                bytes.constant().variant(2);
+        }
         QDataStream::Status status = QDataStream::Ok;
         const ExpressionHandle e = readBack(bytes.bytes, &status);
         ASSERT_EQ(status, QDataStream::Ok) << t.tag << " " << t.kind;
         bool constant = !t.expectedConstant;
-        EXPECT_FALSE(r.eval(e, &constant).isValid()) << t.tag << " " << t.kind;
+        EXPECT_EQ(r.eval(e, &constant), t.expected) << t.tag << " " << t.kind;
         EXPECT_EQ(constant, t.expectedConstant) << t.tag << " " << t.kind;
     }
-
-    // A unary operator of an unknown kind over a number keeps the 0 that
-    // negation and bitwise not start from, and counts as constant.
-    Expected unary;
-    unary.tag("class kogen::UnaryOperator").i32(1).i32(2).i32(1).i32(1);
-    unary.tag("class kogen::ValueExpression").i32(2).text(QStringLiteral("a")).text(QString());
-    QDataStream::Status status = QDataStream::Ok;
-    const ExpressionHandle e = readBack(unary.bytes, &status);
-    ASSERT_EQ(status, QDataStream::Ok);
-    bool constant = false;
-    EXPECT_EQ(r.eval(e, &constant), QVariant(0));
-    EXPECT_TRUE(constant);
 }
 
 TEST(ExpressionStream, UnknownTagsGiveTheEmptyListAndConsumeOnlyTheTag)
@@ -198,11 +190,6 @@ TEST(ExpressionStream, UnknownTagsGiveTheEmptyListAndConsumeOnlyTheTag)
     EXPECT_EQ(back.constData(), ExpressionList::empty().constData());
     EXPECT_EQ(status, QDataStream::Ok);
     EXPECT_EQ(consumed, 4 + 24);
-
-    Expected foreign;
-    foreign.tag("class other::Thing").i32(7);
-    EXPECT_TRUE(readBack(foreign.bytes, &status, &consumed)->isEmpty());
-    EXPECT_EQ(consumed, 4 + 19);
 
     // Long tags: the tag ends at its first zero byte, whatever the count
     // says, and an unknown one is consumed whole (and only it).
@@ -238,19 +225,6 @@ TEST(ExpressionStream, UnknownTagsGiveTheEmptyListAndConsumeOnlyTheTag)
     EXPECT_TRUE(static_cast<const ExpressionList&>(*list).children().value(0)->isEmpty());
 }
 
-TEST(ExpressionStream, RegistryRefusesDuplicatesAndKeepsPrototypesUntouched)
-{
-    EXPECT_FALSE(Expression::registerExpressionClass(c(1)));
-    EXPECT_FALSE(Expression::registerExpressionClass(NotOperator(c(1))));
-    // Reading twice gives independent nodes; the prototype does not change.
-    const QByteArray bytes = written(c(QStringLiteral("first")));
-    const ExpressionHandle one = readBack(bytes);
-    const ExpressionHandle two = readBack(written(c(QStringLiteral("second"))));
-    EXPECT_NE(one.constData(), two.constData());
-    EXPECT_EQ(one->evaluate(), QVariant(QStringLiteral("first")));
-    EXPECT_EQ(two->evaluate(), QVariant(QStringLiteral("second")));
-}
-
 // Every prefix of valid streams: the reader must come back (under the
 // sanitizers: without a fault) and a cut stream must never read as a
 // complete tree. (Corrupted streams are the stream fuzz target's job.)
@@ -278,36 +252,25 @@ TEST(ExpressionStream, TruncatedAndCorruptedStreamsAreSafe)
 // the constant must read as Qt itself reads it.
 TEST(ExpressionStream, ConstantsReadAsQtReadsThem)
 {
-    struct Case { const char* name; QVariant value; };
-    const Case cases[] = {
-        {"QVariantList", QVariantList{1, QStringLiteral("x")}},
-        {"QStringList", QStringList{QStringLiteral("p")}},
-        {"QVariantMap", QVariantMap{{QStringLiteral("k"), 2.5}}},
-        {"QString", QStringLiteral("text")},
-        {"int", 7},
-    };
-    for (const Case& t : cases) {
+    const QVariant values[] = {QVariantList{1, QStringLiteral("x")}, QStringList{QStringLiteral("p")},
+                               QVariantMap{{QStringLiteral("k"), 2.5}}, QStringLiteral("text"), 7};
+    for (const QVariant& value : values) {
         Expected body; // the variant as Qt writes it, minus the type id and null flag
-        body.out.setVersion(QDataStream::Qt_5_15);
-        body.out << t.value;
-        QByteArray bytes;
-        QDataStream out(&bytes, QIODevice::WriteOnly);
-        out << quint32(QMetaType::User) << qint8(0) << QByteArray(t.name);
-        bytes += body.bytes.mid(5);
+        body.out << value;
+        Expected named;
+        named.out << quint32(QMetaType::User) << qint8(0) << QByteArray(value.typeName());
+        const QByteArray bytes = named.bytes + body.bytes.mid(5);
 
         QDataStream qtIn(bytes);
         QVariant expected;
         qtIn >> expected;
-        ASSERT_EQ(qtIn.status(), QDataStream::Ok) << t.name;
-        ASSERT_EQ(expected, t.value) << t.name;
+        ASSERT_TRUE(qtIn.status() == QDataStream::Ok && expected == value) << value.typeName();
 
         Expected stream;
-        stream.constant();
-        const QByteArray full = stream.bytes + bytes;
         QDataStream::Status status = QDataStream::Ok;
-        const ExpressionHandle e = readBack(full, &status);
-        EXPECT_EQ(status, QDataStream::Ok) << t.name;
-        EXPECT_EQ(e->evaluate(), expected) << t.name;
+        const ExpressionHandle e = readBack(stream.constant().bytes + bytes, &status);
+        EXPECT_EQ(status, QDataStream::Ok) << value.typeName();
+        EXPECT_EQ(e->evaluate(), expected) << value.typeName();
     }
 }
 
@@ -317,14 +280,8 @@ TEST(ExpressionStream, ConstantsReadAsQtReadsThem)
 TEST(ExpressionStream, OlderStreamVersionsReadAsQtReadsThem)
 {
     const QVariant values[] = {
-        QVariant(),
-        7,
-        QVariant(QVariant::Int),
-        QStringLiteral("it's"),
-        QByteArray("\x01\x02"),
-        2.5,
-        QVariant(qlonglong(1) << 40),
-        QDate(2024, 2, 29),
+        QVariant(), 7, QVariant(QVariant::Int), QStringLiteral("it's"), QByteArray("\x01\x02"), 2.5,
+        QVariant(qlonglong(1) << 40), QDate(2024, 2, 29),
         QDateTime(QDate(2024, 2, 29), QTime(1, 2, 3, 4), Qt::UTC),
         QRegExp(QStringLiteral("a+b")),
         QUuid(QStringLiteral("{67c8770b-44f1-410a-ab9a-f9b5446f13ee}")),
@@ -346,13 +303,11 @@ TEST(ExpressionStream, OlderStreamVersionsReadAsQtReadsThem)
             out.setVersion(version);
             out << ExpressionHandle(c(value, true));
 
-            QDataStream qtIn(bytes);
+            // The tag, version and flag before the variant are laid out alike in every version.
+            QDataStream qtIn(bytes.mid(Expected().constant().bytes.size()));
             qtIn.setVersion(version);
-            QByteArray tag;
-            qint32 bodyVersion = 0;
-            bool placeholder = false;
             QVariant expected;
-            qtIn >> tag >> bodyVersion >> placeholder >> expected;
+            qtIn >> expected;
             ASSERT_EQ(qtIn.status(), QDataStream::Ok) << version << value.typeName();
 
             QDataStream in(bytes);
@@ -422,18 +377,7 @@ TEST(ExpressionStream, TimeZoneIdsOutsideTheZoneDatabaseAreRefused)
     done = true;
     watcher.join();
     EXPECT_FALSE(opened) << "the reader opened the pipe";
-
-    // Real zones still read.
-    const QDateTime berlin(QDate(2020, 1, 1), QTime(1, 0), QTimeZone("Europe/Berlin"));
-    const QDateTime fixed(QDate(2020, 1, 1), QTime(1, 0), QTimeZone(5400));
-    for (const QDateTime& moment : {berlin, fixed}) {
-        ASSERT_TRUE(moment.timeZone().isValid());
-        QDataStream::Status status = QDataStream::Ok;
-        const ExpressionHandle back = readBack(written(c(moment)), &status);
-        EXPECT_EQ(status, QDataStream::Ok);
-        EXPECT_EQ(back->evaluate().toDateTime(), moment);
-        EXPECT_EQ(back->evaluate().toDateTime().timeZone(), moment.timeZone());
-    }
+    // Real zones still read: see the round trip.
 }
 #endif
 
@@ -472,9 +416,7 @@ TEST(ExpressionStream, HostileCountsAndDepthsAreBounded)
                               << t.syntax << quint8(0);
         const ExpressionHandle e = readBack(regExp.bytes, &status);
         EXPECT_EQ(status, t.refused ? QDataStream::ReadCorruptData : QDataStream::Ok) << t.pattern.toStdString();
-        if (!t.refused) {
-            EXPECT_EQ(e->evaluate().toRegExp().pattern(), t.pattern);
-        }
+        EXPECT_TRUE(t.refused || e->evaluate().toRegExp().pattern() == t.pattern) << t.pattern.toStdString();
     }
 
     // The same list, named as a type after the user type id: Qt's reader
@@ -496,9 +438,7 @@ TEST(ExpressionStream, HostileCountsAndDepthsAreBounded)
         const ExpressionHandle e = readBack(nested.bytes, &status);
         const bool allowed = depth < Expression::maxReadDepth();
         EXPECT_EQ(status, allowed ? QDataStream::Ok : QDataStream::ReadCorruptData) << depth;
-        if (allowed) {
-            EXPECT_EQ(e->evaluate(), QVariant(false));
-        }
+        EXPECT_TRUE(!allowed || e->evaluate() == QVariant(false)) << depth;
     }
 }
 

@@ -112,23 +112,14 @@ TEST_F(FilterParserTest, OtherSpellingsSettleOnThePrintedForm)
 
 TEST_F(FilterParserTest, LiteralsAreBoundInPrintOrder)
 {
-    struct Case { const char* text; const char* bound; QList<QVariant> values; };
-    const Case cases[] = {
-        {"a > 2 AND s IN ('x','y')", "a > ? AND s IN (?,?)", {2, QStringLiteral("x"), QStringLiteral("y")}},
-        {"abs(a-3) < 2", "abs((a-3)) < ?", {2}},
-        {"(s LIKE 'a%' ESCAPE '!') OR a = -7", "(s LIKE 'a%' ESCAPE '!') OR a = ?", {-7}},
-        {"CASE a WHEN 1 THEN 'one' ELSE 'other' END = 'x'", "CASE a WHEN ? THEN ? ELSE 'other' END = ?",
-         {1, QStringLiteral("one"), QStringLiteral("x")}},
-        {"CAST(-6.625 AS int) + 2.5 - 5000000000", "(CAST(-6.625 AS int)+?)-?", {2.5, qlonglong(5000000000)}},
-    };
-    for (const Case& c : cases) {
-        const ExpressionHandle tree = parse(QString::fromUtf8(c.text));
-        EXPECT_EQ(bound(tree), c.bound);
+    for (const cktest::DataRow& row : cktest::dataRows("expressions/filter-bound.tsv", -2)) {
+        const ExpressionHandle tree = parse(QString::fromStdString(row[0]));
+        EXPECT_EQ(bound(tree), row[1]) << row.where;
         const QList<QVariant> values = tree->collectPlaceholders();
-        ASSERT_EQ(values.size(), c.values.size()) << c.text;
+        ASSERT_EQ(values.size() + 2, static_cast<int>(row.fields.size())) << row.where;
         for (int i = 0; i < values.size(); ++i) {
-            EXPECT_EQ(values[i], c.values[i]) << c.text << " value " << i;
-            EXPECT_EQ(values[i].type(), c.values[i].type()) << c.text << " value " << i;
+            const QVariant expected = cktest::variantOf(row[i + 2]);
+            EXPECT_TRUE(values[i] == expected && values[i].type() == expected.type()) << row.where << " value " << i;
         }
     }
     // Functions without SQL printer bind their own value, so they may not
@@ -167,7 +158,6 @@ TEST_F(FilterParserTest, NestingIsBoundedAndLongChainsStayFlat)
         {QStringLiteral("NOT ").repeated(limit) + QStringLiteral("a"), false},
         {QStringLiteral("- ").repeated(limit + 1) + QStringLiteral("a"), false},
         {QStringLiteral("a").repeated(1) + QStringLiteral(" < a").repeated(limit), false},
-        {QStringLiteral("a") + QStringLiteral("+a").repeated(100000), true},
         {QStringLiteral("CASE ").repeated(limit + 1), false},
         {QStringLiteral("abs(").repeated(limit + 1), false},
     };
@@ -175,9 +165,8 @@ TEST_F(FilterParserTest, NestingIsBoundedAndLongChainsStayFlat)
         QString error;
         const ExpressionHandle tree = Expression::parse(c.text, schema, &error);
         EXPECT_EQ(tree.constData() != nullptr, c.ok) << c.text.left(20).toStdString() << ": " << error.toStdString();
-        if (!c.ok) {
-            EXPECT_TRUE(error.startsWith(QStringLiteral("nesting deeper than 256 levels at column"))) << error.toStdString();
-        }
+        EXPECT_TRUE(c.ok || error.startsWith(QStringLiteral("nesting deeper than 256 levels at column")))
+            << error.toStdString();
     }
     const ExpressionHandle sum = parse(QStringLiteral("a") + QStringLiteral("+a").repeated(100000));
     EXPECT_EQ(static_cast<const Operator*>(sum.constData())->children().size(), 100001);

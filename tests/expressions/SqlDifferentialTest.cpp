@@ -3,6 +3,7 @@
 // tree against the same row.
 
 #include "ExpressionTestSupport.h"
+#include "testlib/DataTable.h"
 
 #include <gtest/gtest.h>
 
@@ -10,6 +11,8 @@
 
 #include <QRandomGenerator>
 
+#include <algorithm>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <vector>
@@ -20,29 +23,17 @@ using namespace kogen;
 
 ExpressionHandle c(const QVariant& value) { return ConstExpression(value, false); }
 
-struct Row
-{
-    qint64 id;
-    int a;
-    int b;
-    QString s; // a word
-    QString n; // an integer as text
-    double d;
-};
+// One row of the table t, by column name: ints a and b, a word s, an
+// integer as text n, and a number of eighths d.
+using Row = QVariantMap;
 
 // The in-memory value in the database's terms: booleans are 0 and 1.
 QVariant asSql(const QVariant& value)
 {
-    switch (value.type()) {
-    case QVariant::Bool:
-    case QVariant::Int:
-    case QVariant::UInt:
-    case QVariant::LongLong:
-    case QVariant::ULongLong:
-        return QVariant(value.toLongLong());
-    default:
-        return value;
-    }
+    static const QVariant::Type integers[] = {QVariant::Bool, QVariant::Int, QVariant::UInt, QVariant::LongLong,
+                                              QVariant::ULongLong};
+    const bool integer = std::find(std::begin(integers), std::end(integers), value.type()) != std::end(integers);
+    return integer ? QVariant(value.toLongLong()) : value;
 }
 
 class Database
@@ -51,72 +42,49 @@ public:
     Database()
     {
         sqlite3_open(":memory:", &m_db);
-        exec("CREATE TABLE t (a INTEGER, b INTEGER, s TEXT, n TEXT, d REAL, v)");
+        EXPECT_EQ(run(QStringLiteral("CREATE TABLE t (a INTEGER, b INTEGER, s TEXT, n TEXT, d REAL, v)"), {}), "");
     }
     ~Database() { sqlite3_close(m_db); }
     Database(const Database&) = delete;
     Database& operator=(const Database&) = delete;
 
-    void exec(const char* statement) { ASSERT_EQ(sqlite3_exec(m_db, statement, nullptr, nullptr, nullptr), SQLITE_OK); }
-
-    void insert(const Row& row)
+    // Runs a statement with the values bound in order and collects the first
+    // column of its rows; returns the error text if it does not prepare or run.
+    std::string run(const QString& text, const QList<QVariant>& values, std::vector<QVariant>* results = nullptr)
     {
         sqlite3_stmt* statement = nullptr;
-        sqlite3_prepare_v2(m_db, "INSERT INTO t (rowid, a, b, s, n, d) VALUES (?,?,?,?,?,?)", -1, &statement, nullptr);
-        const QVariant values[] = {row.id, row.a, row.b, row.s, row.n, row.d};
-        for (int i = 0; i < 6; ++i)
-            bind(statement, i + 1, values[i]);
-        EXPECT_EQ(sqlite3_step(statement), SQLITE_DONE);
-        sqlite3_finalize(statement);
-    }
-
-    // Prepares "SELECT <expression> FROM t ORDER BY rowid" with the
-    // collected placeholder values bound in order; returns the error text
-    // if the statement does not prepare or run.
-    std::string query(const ExpressionHandle& e, std::vector<QVariant>& results)
-    {
-        const QString text = e->toString(Expression::PrintSql | Expression::PrintPlaceholders);
-        const QByteArray statementText = ("SELECT " + text + " FROM t ORDER BY rowid").toUtf8();
-        sqlite3_stmt* statement = nullptr;
-        if (sqlite3_prepare_v2(m_db, statementText.constData(), -1, &statement, nullptr) != SQLITE_OK)
+        if (sqlite3_prepare_v2(m_db, text.toUtf8().constData(), -1, &statement, nullptr) != SQLITE_OK)
             return sqlite3_errmsg(m_db);
         std::unique_ptr<sqlite3_stmt, int (*)(sqlite3_stmt*)> guard(statement, sqlite3_finalize);
-        const QList<QVariant> values = e->collectPlaceholders();
         EXPECT_EQ(values.size(), sqlite3_bind_parameter_count(statement)) << text.toStdString();
         for (int i = 0; i < values.size(); ++i)
             bind(statement, i + 1, values[i]);
         int step = SQLITE_ROW;
-        while ((step = sqlite3_step(statement)) == SQLITE_ROW)
-            results.push_back(column(statement));
+        while ((step = sqlite3_step(statement)) == SQLITE_ROW && results)
+            results->push_back(column(statement));
         return step == SQLITE_DONE ? std::string() : std::string(sqlite3_errmsg(m_db));
     }
 
-    QVariant scalar(const ExpressionHandle& e)
+    // "SELECT <expression> FROM t ORDER BY rowid" with the collected
+    // placeholder values bound.
+    std::string query(const ExpressionHandle& e, std::vector<QVariant>& results)
     {
-        std::vector<QVariant> results;
-        const std::string error = query(e, results);
-        EXPECT_EQ(error, "");
-        return results.empty() ? QVariant(QStringLiteral("<no rows>")) : results.front();
+        const QString text = e->toString(Expression::PrintSql | Expression::PrintPlaceholders);
+        return run("SELECT " + text + " FROM t ORDER BY rowid", e->collectPlaceholders(), &results);
     }
 
 private:
     static void bind(sqlite3_stmt* statement, int index, const QVariant& value)
     {
-        switch (asSql(value).type()) {
-        case QVariant::LongLong:
-            sqlite3_bind_int64(statement, index, value.toLongLong());
-            break;
-        case QVariant::Double:
-            sqlite3_bind_double(statement, index, value.toDouble());
-            break;
-        case QVariant::Invalid:
+        const QVariant v = asSql(value);
+        if (v.type() == QVariant::LongLong)
+            sqlite3_bind_int64(statement, index, v.toLongLong());
+        else if (v.type() == QVariant::Double)
+            sqlite3_bind_double(statement, index, v.toDouble());
+        else if (!v.isValid())
             sqlite3_bind_null(statement, index);
-            break;
-        default: {
-            const QByteArray text = value.toString().toUtf8();
-            sqlite3_bind_text(statement, index, text.constData(), text.size(), SQLITE_TRANSIENT);
-        }
-        }
+        else
+            sqlite3_bind_text(statement, index, v.toString().toUtf8().constData(), -1, SQLITE_TRANSIENT);
     }
 
     static QVariant column(sqlite3_stmt* statement)
@@ -135,12 +103,13 @@ private:
 
 // Random trees over the fixture's columns, typed so that every operand has
 // the kind its parent expects (numbers under arithmetic, booleans under
-// AND/OR/NOT): for such trees the printed SQL names one tree only. With
-// sqlOnly, only constructs the database runs (no " mod ", "^", REGEXP).
+// AND/OR/NOT): for such trees the printed SQL names one tree only. Only
+// constructs the database runs (no " mod ", "^", REGEXP; the parser tests
+// read those).
 class TreeGenerator
 {
 public:
-    TreeGenerator(quint32 seed, bool sqlOnly) : m_random(seed), m_sqlOnly(sqlOnly) {}
+    explicit TreeGenerator(quint32 seed) : m_random(seed) {}
 
     ExpressionHandle boolean(int depth)
     {
@@ -161,8 +130,6 @@ public:
             return membership;
         }
         default:
-            if (!m_sqlOnly && pick(2))
-                return regexp(text(depth - 1), QStringLiteral("[a-g].*"));
             return like(text(depth - 1), pick(2) ? QStringLiteral("%a%") : QStringLiteral("_e!%"),
                         QStringLiteral("!"));
         }
@@ -178,9 +145,7 @@ public:
         case 1: return c(pick(13) - 6);
         case 2: return c((pick(2) ? 1 : -1) * (2 * pick(40) + 1) / 8.0); // not a whole number
         case 3: {
-            const NumericOperator::NumOp op = (!m_sqlOnly && pick(4) == 0)
-                                                  ? (pick(2) ? NumericOperator::Modulo : NumericOperator::BitXor)
-                                                  : sqlOps[pick(6)];
+            const NumericOperator::NumOp op = sqlOps[pick(6)];
             return NumericOperator::join(list(depth, [this](int d) { return number(d); }), op);
         }
         case 4: return UnaryOperator(pick(3) ? UnaryOperator::Negate : UnaryOperator::BitNot, number(depth - 1));
@@ -234,7 +199,6 @@ private:
     }
 
     QRandomGenerator m_random;
-    bool m_sqlOnly;
 };
 
 class SqlDifferential : public ::testing::Test
@@ -242,19 +206,19 @@ class SqlDifferential : public ::testing::Test
 protected:
     void SetUp() override
     {
+        record.set.add(new StringProperty(QStringLiteral("n")));
+        record.set.add(new DoubleProperty(QStringLiteral("d")));
         static const QString words[] = {QStringLiteral("alpha"), QStringLiteral("beta"), QStringLiteral("gamma"),
                                         QStringLiteral("it's"), QStringLiteral("Zulu"), QString()};
         QRandomGenerator random(20240506);
         for (qint64 id = 1; id <= 300; ++id) {
-            Row row;
-            row.id = id;
-            row.a = random.bounded(-6, 7);
-            row.b = random.bounded(-6, 7);
-            row.s = words[random.bounded(6)];
-            row.n = QString::number(random.bounded(-50, 51));
-            row.d = random.bounded(-400, 401) / 8.0; // exact in binary
+            const Row row{{QStringLiteral("a"), random.bounded(-6, 7)}, {QStringLiteral("b"), random.bounded(-6, 7)},
+                          {QStringLiteral("s"), words[random.bounded(6)]},
+                          {QStringLiteral("n"), QString::number(random.bounded(-50, 51))},
+                          {QStringLiteral("d"), random.bounded(-400, 401) / 8.0}}; // d is exact in binary
             rows.push_back(row);
-            db.insert(row);
+            const QString insert = QStringLiteral("INSERT INTO t (rowid, a, b, s, n, d) VALUES (?,?,?,?,?,?)");
+            ASSERT_EQ(db.run(insert, {id, row["a"], row["b"], row["s"], row["n"], row["d"]}), "");
         }
     }
 
@@ -267,77 +231,29 @@ protected:
         ASSERT_EQ(error, "") << text;
         ASSERT_EQ(results.size(), rows.size()) << text;
         for (size_t i = 0; i < rows.size(); ++i) {
-            const Row& row = rows[i];
-            setRow(row);
+            record.set.setVariantValues(rows[i]);
             const QVariant memory = asSql(record.eval(e));
-            EXPECT_EQ(memory, results[i]) << text << " on row " << row.id << ": memory "
+            EXPECT_EQ(memory, results[i]) << text << " on row " << i + 1 << ": memory "
                                           << memory.toString().toStdString() << ", database "
                                           << results[i].toString().toStdString();
         }
     }
 
-    void setRow(const Row& row)
-    {
-        record.a->setVariantValue(row.a);
-        record.b->setVariantValue(row.b);
-        record.s->setVariantValue(row.s);
-        n->setVariantValue(row.n);
-        d->setVariantValue(row.d);
-    }
-
     Database db;
     std::vector<Row> rows;
     cktest::Record record;
-    StringProperty* n = new StringProperty(QStringLiteral("n"));
-    DoubleProperty* d = new DoubleProperty(QStringLiteral("d"));
-
-public:
-    SqlDifferential()
-    {
-        record.set.add(n);
-        record.set.add(d);
-    }
 };
 
-// Comparisons and logic, integer arithmetic, membership, switches and casts.
+// Comparisons and logic, integer arithmetic, membership, switches and casts,
+// read from their filter texts.
 TEST_F(SqlDifferential, HandWrittenTreesAgreeRowByRow)
 {
-    const BaseProperty& a = *record.a;
-    const BaseProperty& b = *record.b;
-    const BaseProperty& s = *record.s;
-    const ExpressionHandle av = ValueExpression(a);
-    const ExpressionHandle bv = ValueExpression(b);
-    SwitchCase sw(a);
-    sw.switchCase(c(1), c(QStringLiteral("one")))
-        .switchCase(c(-1), c(QStringLiteral("minus one")))
-        .switchCase(c(2), ValueExpression(s))
-        .defaultCase(c(QStringLiteral("other")));
-    SwitchCase numbers(av + bv);
-    numbers.switchCase(c(0), c(100)).switchCase(ConstExpression(3, true), ConstExpression(300, true)).defaultCase(av);
-    const std::vector<ExpressionHandle> trees = {
-        a == QVariant(0), a != QVariant(2), a < b, a <= QVariant(-1), a > av - bv, a >= b,
-        s == QVariant(QStringLiteral("it's")), s < QVariant(QStringLiteral("beta")), s >= c(QStringLiteral("gamma")),
-        (a > QVariant(0) && b > QVariant(0)) || s == QVariant(QStringLiteral("alpha")),
-        a > QVariant(0) && (b > QVariant(0) || s == QVariant(QStringLiteral("alpha"))) && a != b,
-        !(a == b), !(a < QVariant(0) || !(b < QVariant(0))),
-        a + QVariant(3), a - QVariant(7), a * QVariant(-4), av + bv * c(2) - av, (av - bv) * (av + bv),
-        -av, -(av * bv), av * bv > av + bv, (av - c(1)) * c(3) == bv,
-        // A minus followed by a negative operand: "--" would start a comment.
-        av - c(-5), -(-av), -c(-3), av - -bv, av - c(2) - c(-7) - -(-bv),
-        ElementOf(a) << 1 << 3 << 5,
-        ElementOf(s) << QStringList{QStringLiteral("beta"), QStringLiteral("it's")},
-        ElementOf(av * c(2)) << ExpressionList(QList<QVariant>{2, 4}) << bv,
-        !ExpressionHandle(ElementOf(a) << 0),
-        sw,
-        numbers,
-        toInt(ValueExpression(*n)),
-        toInt(ValueExpression(*n)) + av,
-        toDouble(ValueExpression(*n)),
-        toDouble(av) * c(0.5),
-        toInt(ValueExpression(*d) * c(8)) < av * c(8), // d holds eighths: whole numbers
-    };
-    for (const ExpressionHandle& e : trees)
+    for (const cktest::DataRow& row : cktest::dataRows("expressions/sql-agreement.tsv", 1)) {
+        QString error;
+        const ExpressionHandle e = Expression::parse(QString::fromStdString(row[0]), record.set, &error);
+        ASSERT_TRUE(e.constData()) << row.where << ": " << error.toStdString();
         compare(e);
+    }
 }
 
 // Random trees printed as SQL and parsed back: the parsed tree prints the
@@ -345,38 +261,30 @@ TEST_F(SqlDifferential, HandWrittenTreesAgreeRowByRow)
 // bound values gives the database's results for the original text.
 TEST_F(SqlDifferential, ParsedRandomTreesAgreeWithTheirOriginals)
 {
-    int parsed = 0;
-    for (const bool sqlOnly : {true, false}) {
-        TreeGenerator generator(sqlOnly ? 7001 : 7002, sqlOnly);
-        for (int i = 0; i < 1500; ++i) {
-            const ExpressionHandle original = (i % 3) ? generator.boolean(1 + i % 4) : generator.number(1 + i % 4);
-            const QString text = original->toString(Expression::PrintSql);
-            QString error;
-            const ExpressionHandle tree = Expression::parse(text, record.set, &error);
-            ASSERT_TRUE(tree.constData()) << text.toStdString() << ": " << error.toStdString();
-            ++parsed;
-            ASSERT_EQ(tree->toString(Expression::PrintSql), text);
-            for (size_t r = 0; r < rows.size(); r += 10) {
-                setRow(rows[r]);
-                const QVariant expected = record.eval(original);
-                const QVariant actual = record.eval(tree);
-                ASSERT_TRUE(actual == expected && actual.type() == expected.type())
-                    << text.toStdString() << " row " << r << ": " << expected.toString().toStdString()
-                    << ", parsed " << actual.toString().toStdString() << " (" << actual.typeName() << ")";
-            }
-            if (!sqlOnly)
-                continue;
-            std::vector<QVariant> expected;
-            std::vector<QVariant> actual;
-            ASSERT_EQ(db.query(original, expected), "") << text.toStdString();
-            ASSERT_EQ(db.query(tree, actual), "") << cktest::bound(tree);
-            ASSERT_EQ(actual.size(), expected.size()) << text.toStdString();
-            for (size_t r = 0; r < actual.size(); ++r)
-                ASSERT_EQ(actual[r], expected[r]) << text.toStdString() << " bound as " << cktest::bound(tree)
-                                                  << " row " << r;
+    TreeGenerator generator(7001);
+    for (int i = 0; i < 1500; ++i) {
+        const ExpressionHandle original = (i % 3) ? generator.boolean(1 + i % 4) : generator.number(1 + i % 4);
+        const QString text = original->toString(Expression::PrintSql);
+        QString error;
+        const ExpressionHandle tree = Expression::parse(text, record.set, &error);
+        ASSERT_TRUE(tree.constData()) << text.toStdString() << ": " << error.toStdString();
+        ASSERT_EQ(tree->toString(Expression::PrintSql), text);
+        for (size_t r = 0; r < rows.size(); r += 10) {
+            record.set.setVariantValues(rows[r]);
+            const QVariant expected = record.eval(original);
+            const QVariant actual = record.eval(tree);
+            ASSERT_TRUE(actual == expected && actual.type() == expected.type())
+                << text.toStdString() << " row " << r << ": " << expected.toString().toStdString() << ", parsed "
+                << actual.toString().toStdString() << " (" << actual.typeName() << ")";
         }
+        std::vector<QVariant> expected;
+        std::vector<QVariant> actual;
+        ASSERT_EQ(db.query(original, expected), "") << text.toStdString();
+        ASSERT_EQ(db.query(tree, actual), "") << cktest::bound(tree);
+        ASSERT_EQ(actual.size(), expected.size()) << text.toStdString();
+        for (size_t r = 0; r < actual.size(); ++r)
+            ASSERT_EQ(actual[r], expected[r]) << cktest::bound(tree) << " row " << r;
     }
-    EXPECT_EQ(parsed, 3000);
 }
 
 // Where the in-memory meaning deliberately differs from SQL, both results
@@ -386,7 +294,8 @@ TEST_F(SqlDifferential, ParsedRandomTreesAgreeWithTheirOriginals)
 TEST_F(SqlDifferential, DeliberateDifferencesFromTheDatabase)
 {
     const ExpressionHandle a = ValueExpression(*record.a);
-    record.a->setVariantValue(rows.front().a);
+    const int first = rows.front().value(QStringLiteral("a")).toInt();
+    record.a->setVariantValue(first);
 
     const struct { const char* why; ExpressionHandle e; QVariant memory; qlonglong database; } cases[] = {
         // A failed text-to-int cast: the database reads a leading number,
@@ -398,23 +307,21 @@ TEST_F(SqlDifferential, DeliberateDifferencesFromTheDatabase)
         // Qt rounds a double cast to int, the database truncates.
         {"cast of -2.875", toInt(c(-2.875)), -3, -2},
         // Adding a text to a number concatenates the texts in memory.
-        {"a + '12'", a + c(QStringLiteral("12")), QString::number(rows.front().a) + QStringLiteral("12"),
-         rows.front().a + 12},
+        {"a + '12'", a + c(QStringLiteral("12")), QString::number(first) + QStringLiteral("12"), first + 12},
     };
     for (const auto& row : cases) {
         const QVariant memory = row.e->evaluate(record.set, nullptr);
         EXPECT_TRUE(memory == row.memory && memory.isNull() == row.memory.isNull()) << row.why;
-        EXPECT_EQ(db.scalar(row.e), QVariant(row.database)) << row.why;
+        std::vector<QVariant> results;
+        ASSERT_EQ(db.query(row.e, results), "") << row.why;
+        EXPECT_EQ(results.front(), QVariant(row.database)) << row.why;
     }
 
-    // A comparison never parenthesises itself, so a comparison of two
-    // comparisons groups differently in the database.
-    EXPECT_EQ(cktest::sql((a == c(1)) == (a == c(1))), "a = 1 = a = 1");
-
-    // " mod " is not this database's modulo operator.
-    std::vector<QVariant> results;
-    EXPECT_NE(db.query(a % c(2), results), "");
-    EXPECT_EQ((a % c(2)).evaluate(record.set, nullptr), QVariant(rows.front().a % 2));
+    // " mod " is not this database's modulo operator (its meaning in memory
+    // is checked with the other evaluations). A comparison of comparisons
+    // prints unparenthesised ("a = 1 = b") and so groups differently there.
+    std::vector<QVariant> unused;
+    EXPECT_NE(db.query(a % c(2), unused), "");
 }
 
 } // namespace

@@ -10,7 +10,6 @@
 #include <QStringList>
 #include <QTime>
 
-#include <cmath>
 #include <map>
 
 // A registered value type with no conversions of its own.
@@ -19,18 +18,15 @@ Q_DECLARE_METATYPE(Opaque)
 
 namespace {
 
-constexpr auto I = QVariant::Int;
-constexpr auto U = QVariant::UInt;
-constexpr auto LL = QVariant::LongLong;
-constexpr auto ULL = QVariant::ULongLong;
-constexpr auto D = QVariant::Double;
 constexpr auto X = QVariant::Invalid;
 
 // Every ordered pair of the five numeric types, with values on both sides of
 // the limits that decide whether a constant may narrow the type.
 TEST(TypeToolCoercion, NumericPairsForEveryFlagCombination)
 {
-    const std::map<std::string, QVariant::Type> types = {{"I", I}, {"U", U}, {"LL", LL}, {"ULL", ULL}, {"D", D}, {"X", X}};
+    const std::map<std::string, QVariant::Type> types = {{"I", QVariant::Int},       {"U", QVariant::UInt},
+                                                         {"LL", QVariant::LongLong}, {"ULL", QVariant::ULongLong},
+                                                         {"D", QVariant::Double},    {"X", X}};
     for (const cktest::DataRow& row : cktest::dataRows("properties/numeric-coercion.tsv", 6)) {
         const QVariant left = cktest::variantOf(row[0]);
         const QVariant right = cktest::variantOf(row[1]);
@@ -83,11 +79,8 @@ TEST(TypeToolCompare, MixedKindsGiveTheExpectedSign)
 TEST(TypeToolCompare, ClampsToTheIntRangeAndSortsNanLowest)
 {
     kogen::TypeTool tool(false, false);
-    EXPECT_EQ(tool.compare(std::nan(""), 1.0), kIntMin);
-    EXPECT_EQ(tool.compare(1.0, std::nan("")), kIntMin);
-    EXPECT_EQ(tool.compare(1e300, -1e300), kIntMax);
-    EXPECT_EQ(tool.compare(QDate(2020, 1, 1), QDate(1970, 1, 1)), kIntMax);
-    EXPECT_EQ(tool.compare(-5, 5), -10);
+    for (const cktest::DataRow& row : cktest::dataRows("properties/compare-exact.tsv", 3))
+        EXPECT_EQ(tool.compare(cktest::variantOf(row[0]), cktest::variantOf(row[1])), std::stoi(row[2])) << row.where;
 }
 
 TEST(TypeToolCompare, ListsCompareElementWiseAndShorterFirst)
@@ -115,23 +108,12 @@ TEST(TypeToolCompare, ListsCompareElementWiseAndShorterFirst)
 TEST(TypeToolEquals, ComparesOrElseLooksOnlyAtConvertibility)
 {
     kogen::TypeTool tool(false, false);
-    EXPECT_TRUE(tool.equals(5, 5.0));
-    EXPECT_FALSE(tool.equals(5, 6u));
-    EXPECT_TRUE(tool.equals(QStringLiteral("5"), 5));
-    EXPECT_TRUE(tool.wasOK());
-
-    // Values that neither compare nor read as text: only whether both convert
-    // to a common type counts, so rectangles of any size are equal.
-    EXPECT_TRUE(tool.equals(QRect(0, 0, 1, 1), QRect(0, 0, 9, 9)));
-    EXPECT_TRUE(tool.wasOK());
+    for (const cktest::DataRow& row : cktest::dataRows("properties/equals.tsv", 4)) {
+        EXPECT_EQ(tool.equals(cktest::variantOf(row[0]), cktest::variantOf(row[1])), row[2] == "1") << row.where;
+        EXPECT_EQ(tool.wasOK(), row[3] == "1") << row.where;
+    }
     EXPECT_TRUE(tool.equals(QRectF(0, 0, 1, 1), QRect(0, 0, 9, 9)));
     EXPECT_TRUE(tool.equals(QVariantList{QRect()}, QStringList{QStringLiteral("x")}));
-
-    // Nothing in common: unequal, and ok false.
-    EXPECT_FALSE(tool.equals(QRect(), 3));
-    EXPECT_FALSE(tool.wasOK());
-    EXPECT_FALSE(tool.equals(QVariant(), QVariant()));
-    EXPECT_FALSE(tool.wasOK());
 }
 
 TEST(TypeToolEquals, RegisteredTypesHaveNothingInCommon)
@@ -198,7 +180,6 @@ TEST(TypeToolInvertString, ReversesTheSortOrderAndUndoesItself)
 TEST(TypeToolOk, ThrowOkAndReturnOkFollowTheLastOperation)
 {
     kogen::TypeTool tool(false, false);
-    EXPECT_TRUE(tool.wasOK());
     EXPECT_TRUE(tool.throwOK());
     const QVariant value(42);
     EXPECT_EQ(&tool.returnOK(value), &value);
@@ -211,17 +192,7 @@ TEST(TypeToolOk, ThrowOkAndReturnOkFollowTheLastOperation)
         EXPECT_TRUE(error.text().isEmpty());
         EXPECT_EQ(error.messageQt(), QStringLiteral("can't compare values"));
     }
-    const QVariant& none = tool.returnOK(value);
-    EXPECT_FALSE(none.isValid());
-    // One invalid value serves every tool.
-    kogen::TypeTool other(true, true);
-    other.do_divide(1, 0);
-    EXPECT_EQ(&other.returnOK(value), &none);
-
-    // Tools are plain values: a copy carries the flag.
-    kogen::TypeTool copy(true, true);
-    copy = tool;
-    EXPECT_FALSE(copy.wasOK());
+    EXPECT_FALSE(tool.returnOK(value).isValid());
 }
 
 } // namespace

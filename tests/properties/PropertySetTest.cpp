@@ -47,7 +47,7 @@ PropertySet sample()
     return set;
 }
 
-TEST(PropertySet, AddReplacesRemoveReleasesAndOwnershipFollowsTheLastHolder)
+TEST(PropertySet, OwnershipFollowsTheLastHolderAndCarelessCallsLeaveTheSetSound)
 {
     ASSERT_EQ(TrackedProperty::alive, 0);
     {
@@ -72,17 +72,6 @@ TEST(PropertySet, AddReplacesRemoveReleasesAndOwnershipFollowsTheLastHolder)
         copy.clear();
         EXPECT_EQ(TrackedProperty::alive, 0);
 
-        set.add(new TrackedProperty(QStringLiteral("b")));
-        set.add(new TrackedProperty(QStringLiteral("c")));
-    }
-    EXPECT_EQ(TrackedProperty::alive, 0) << "the last set releases its properties";
-}
-
-TEST(PropertySet, CarelessAddAndRemoveLeaveTheSetSound)
-{
-    ASSERT_EQ(TrackedProperty::alive, 0);
-    {
-        PropertySet set;
         // Adding the library-wide null object (here found through a lookup of
         // an absent name) must not hand a static object to an owner.
         set.add(&set[QStringLiteral("absent")]);
@@ -106,7 +95,11 @@ TEST(PropertySet, CarelessAddAndRemoveLeaveTheSetSound)
         set.remove(set.begin().key());
         EXPECT_EQ(set.count(), 0);
         EXPECT_EQ(TrackedProperty::alive, 0);
+
+        set.add(new TrackedProperty(QStringLiteral("b")));
+        set.add(new TrackedProperty(QStringLiteral("c")));
     }
+    EXPECT_EQ(TrackedProperty::alive, 0) << "the last set releases its properties";
     EXPECT_EQ(kogen::IllegalProperty::instance().type(), QStringLiteral("IllegalProperty"));
 }
 
@@ -118,11 +111,6 @@ TEST(PropertySet, NamesAreOrderedByCodeUnit)
     const QStringList expected{QStringLiteral("A1"), QStringLiteral("B"), QStringLiteral("_"), QStringLiteral("a"),
                                QStringLiteral("b"), QString::fromUtf8("\xc3\xa4")};
     EXPECT_EQ(set.allPropertyNames(), expected);
-    QStringList iterated;
-    for (auto it = set.begin(); it != set.end(); ++it)
-        iterated << it.key();
-    EXPECT_EQ(iterated, expected);
-    EXPECT_EQ(set.variantValues().keys(), expected);
 }
 
 TEST(PropertySet, SetVariantValuesInsertsEmptyEntriesForUnknownNames)
@@ -132,13 +120,10 @@ TEST(PropertySet, SetVariantValuesInsertsEmptyEntriesForUnknownNames)
     // Lookups of absent names (case matters) answer with the null object.
     EXPECT_EQ(set[QStringLiteral("Width")].type(), QStringLiteral("IllegalProperty"));
     EXPECT_EQ(&constSet[QStringLiteral("nope")], &kogen::IllegalProperty::instance());
-    EXPECT_TRUE(set.setVariantValues({}));
-    EXPECT_EQ(set.count(), 3);
 
     EXPECT_FALSE(set.setVariantValues({{QStringLiteral("width"), 800}, {QStringLiteral("zoom"), 2}}));
     EXPECT_EQ(kogen::IntProperty::getValue(set[QStringLiteral("width")], 0), 800);
     EXPECT_EQ(set.count(), 4);
-    EXPECT_TRUE(set.allPropertyNames().contains(QStringLiteral("zoom")));
     EXPECT_EQ(set[QStringLiteral("zoom")].type(), QStringLiteral("IllegalProperty"));
 
     // A refused value makes the result false but the other names are still set.
@@ -170,13 +155,6 @@ TEST(PropertySet, CopiesShareValuesButNotNames)
     PropertySet assigned;
     assigned = first;
     EXPECT_EQ(&assigned[QStringLiteral("name")], &first[QStringLiteral("name")]);
-    EXPECT_TRUE(assigned == first);
-
-    // An embedded set shares its properties the same way.
-    kogen::PropertySetProperty holder(QStringLiteral("holder"));
-    kogen::PropertySetProperty::setValue(holder, first);
-    EXPECT_TRUE(holder.setVariantValue(QVariantMap{{QStringLiteral("width"), 7}}));
-    EXPECT_EQ(kogen::IntProperty::getValue(first[QStringLiteral("width")], 0), 7);
 
     // Replacing an entry through the mutable iterators stays in that copy.
     for (auto it = assigned.begin(); it != assigned.end(); ++it) {
@@ -184,7 +162,7 @@ TEST(PropertySet, CopiesShareValuesButNotNames)
             it.value() = boost::make_shared<kogen::IntProperty>(QStringLiteral("width"));
     }
     EXPECT_EQ(kogen::IntProperty::getValue(assigned[QStringLiteral("width")], -1), 0);
-    EXPECT_EQ(kogen::IntProperty::getValue(first[QStringLiteral("width")], -1), 7);
+    EXPECT_EQ(kogen::IntProperty::getValue(first[QStringLiteral("width")], -1), 1920);
 }
 
 TEST(PropertySet, Equality)
@@ -215,25 +193,20 @@ TEST(PropertySet, Equality)
         {"int and double of equal value", withValues({{a, 1}}), asDouble, true},
         {"an invalid value is never equal", emptyVariant, emptyVariant, false},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
-        EXPECT_EQ(c.left == c.right, c.equal);
-        EXPECT_EQ(c.left != c.right, !c.equal);
-    }
+    for (const Case& c : cases)
+        EXPECT_EQ(c.left == c.right, c.equal) << c.what;
 }
 
+// A set of one property is dumped inside an embedded-set dump in the
+// property tests; here the empty set and two properties in name order.
 TEST(PropertySet, DumpFramesEveryPropertyWithRules)
 {
     EXPECT_EQ(dumpOf(PropertySet()), k_rule + "\n" + k_rule);
-
     PropertySet set = sample();
-    set[QStringLiteral("width")].setDescription(QStringLiteral("pixels"));
-    const QString expected = k_rule + "\n"
-        + "Property name: enabled\nProperty description: \nProperty value: 1\n" + k_hyphens + "\n"
-        + "Property name: name\nProperty description: \nProperty value: cam 1\n" + k_hyphens + "\n"
-        + "Property name: width\nProperty description: pixels\nProperty value: 640\n" + k_hyphens + "\n"
-        + k_rule;
-    EXPECT_EQ(dumpOf(set), expected);
+    set.remove(QStringLiteral("width"));
+    const QString enabled = QStringLiteral("Property name: enabled\nProperty description: \nProperty value: 1\n");
+    const QString name = QStringLiteral("Property name: name\nProperty description: \nProperty value: cam 1\n");
+    EXPECT_EQ(dumpOf(set), k_rule + "\n" + enabled + k_hyphens + "\n" + name + k_hyphens + "\n" + k_rule);
 }
 
 TEST(PropertySet, ValidateRunsInNameOrderAndStopsAtAnException)
@@ -299,15 +272,11 @@ const int k_idBeforeMain = QMetaType::type("kogen::PropertySet");
 
 TEST(PropertySet, TravelsInAVariant)
 {
-    EXPECT_NE(k_idBeforeMain, static_cast<int>(QMetaType::UnknownType)) << "registered when the library loads";
-    EXPECT_EQ(k_idBeforeMain, PropertySet::metaTypeId());
+    // qMetaTypeId registers the type if nothing did: equal only if the library did so when it loaded.
     EXPECT_EQ(qMetaTypeId<PropertySet>(), k_idBeforeMain);
-    PropertySet set = sample();
-    const QVariant carried = QVariant::fromValue(set);
-    PropertySet back = carried.value<PropertySet>();
-    kogen::IntProperty::setValue(back[QStringLiteral("width")], 1);
-    EXPECT_EQ(kogen::IntProperty::getValue(set[QStringLiteral("width")], 0), 1);
-    EXPECT_TRUE(back == set);
+    EXPECT_EQ(k_idBeforeMain, PropertySet::metaTypeId());
+    const PropertySet set = sample();
+    EXPECT_EQ(&QVariant::fromValue(set).value<PropertySet>()[QStringLiteral("width")], &set[QStringLiteral("width")]);
 }
 
 } // namespace

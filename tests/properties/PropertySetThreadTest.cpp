@@ -6,8 +6,6 @@
 
 #include <boost/make_shared.hpp>
 
-#include <QTextStream>
-
 #include <atomic>
 #include <thread>
 #include <vector>
@@ -70,14 +68,6 @@ TEST(PropertySetThreads, CopiesAreIndependentAcrossThreads)
                 if (again.variantValues().value(QStringLiteral("nested")).toMap().value(own) != QVariant(round))
                     ++failures;
 
-                QString text;
-                QTextStream stream(&text);
-                again.dump(stream);
-                stream.flush();
-                if (!text.contains(QStringLiteral("Property name: ") + own))
-                    ++failures;
-                if (mine == source || !(source == source))
-                    ++failures;
                 if (source[own].type() != QLatin1String("IllegalProperty"))
                     ++failures;
                 mine.clear();
@@ -88,7 +78,6 @@ TEST(PropertySetThreads, CopiesAreIndependentAcrossThreads)
         thread.join();
 
     EXPECT_EQ(failures.load(), 0);
-    EXPECT_EQ(base.count(), 20);
     EXPECT_EQ(base.variantValues(), baseValues);
     EXPECT_EQ(shared.use_count(), 21) << "every thread released its references";
 }

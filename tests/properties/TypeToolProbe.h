@@ -17,9 +17,7 @@ public:
     using TypeTool::TypeTool;
     using TypeTool::coerceNumericTypes;
     using TypeTool::coerceOtherTypes;
-    using TypeTool::compareList;
     using TypeTool::dateAdd;
-    using TypeTool::dateSeconds;
 };
 
 // The four combinations of the constant flags, in the order (left, right):
@@ -39,13 +37,7 @@ inline int signOf(int value)
 // Shows type and value in failure messages.
 inline void PrintTo(const QVariant& value, std::ostream* out)
 {
-    *out << value.typeName() << '(' << value.toString().toStdString() << ')';
-}
-
-// "type value" for traces.
-inline std::string describe(const QVariant& value)
-{
-    return std::string(value.isValid() ? value.typeName() : "invalid") + ' ' + value.toString().toStdString();
+    *out << (value.isValid() ? value.typeName() : "invalid") << '(' << value.toString().toStdString() << ')';
 }
 
 // Same type and same value; invalid matches invalid.
@@ -53,10 +45,6 @@ inline ::testing::AssertionResult sameVariant(const QVariant& actual, const QVar
 {
     if (actual.type() == expected.type() && actual == expected)
         return ::testing::AssertionSuccess();
-    ::testing::AssertionResult failure = ::testing::AssertionFailure();
-    failure << "got " << (actual.isValid() ? actual.typeName() : "invalid") << '('
-            << actual.toString().toStdString() << "), expected "
-            << (expected.isValid() ? expected.typeName() : "invalid") << '('
-            << expected.toString().toStdString() << ')';
-    return failure;
+    return ::testing::AssertionFailure() << "got " << ::testing::PrintToString(actual) << ", expected "
+                                         << ::testing::PrintToString(expected);
 }
