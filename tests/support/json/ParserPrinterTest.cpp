@@ -57,7 +57,6 @@ TEST(JsonPrinter, PrettyFormIsFixedTextWithConfigurableIndent)
     value.set("c", json::List());
     EXPECT_EQ(JsonPrinter::toString(value),
               "{\n    \"a\": 1,\n    \"b\": [\n        true,\n        {}\n    ],\n    \"c\": []\n}");
-    EXPECT_EQ(JsonPrinter::toString(value, "\t"), "{\n\t\"a\": 1,\n\t\"b\": [\n\t\ttrue,\n\t\t{}\n\t],\n\t\"c\": []\n}");
     EXPECT_EQ(JsonPrinter::toString(value, ""), R"({"a":1,"b":[true,{}],"c":[]})");
     EXPECT_EQ(JsonPrinter::toString(Variant("x")), "\"x\"");
     EXPECT_EQ(JsonPrinter::toString(Variant()), "null");
@@ -92,30 +91,19 @@ TEST(JsonPrinter, NumbersAndStrings)
 // prints again as the same text.
 TEST(JsonPrinter, BrokenUtf8BecomesReplacementCharacters)
 {
-    const std::string r = "\xEF\xBF\xBD";
-    const struct { std::string text; std::string printed; } rows[] = {
-        {"caf\xc3\xa9 \xf0\x9f\x98\x80 \xe2\x82\xac \xf4\x8f\xbf\xbf", "caf\xc3\xa9 \xf0\x9f\x98\x80 \xe2\x82\xac \xf4\x8f\xbf\xbf"},
-        {"Jos\xe9", "Jos" + r}, {"\xff\xfe", r + r}, {"end\xc3", "end" + r}, {"\xe2\x82", r},
-        {"\xe2\x82x\xe2\x82\xac", r + "x\xe2\x82\xac"},
-        {"\xc0\x80", r + r},                     // overlong
-        {"\xe0\x80\xaf", r + r + r},             // overlong
-        {"\xed\xa0\x80", r + r + r},             // a surrogate
-        {"\xf4\x90\x80\x80", r + r + r + r},     // above U+10FFFF
-        {"\xf0\x9f\x98", r}, {"\x80\"\xbf", r + "\\\"" + r},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.text);
-        const std::string printed = JsonPrinter::toString(Variant(row.text));
-        EXPECT_EQ(printed, "\"" + row.printed + "\"");
+    for (const cktest::DataRow& row : cktest::dataRows("support/json/utf8-printing.tsv", 2)) {
+        SCOPED_TRACE(row.where);
+        const std::string& raw = row[0];
+        EXPECT_EQ(JsonPrinter::toString(Variant(raw)), "\"" + row[1] + "\"");
         // The parser follows the same rules: it takes exactly the texts the
         // printer leaves as they are.
-        if (row.text.find('"') == std::string::npos) {
+        if (raw.find('"') == std::string::npos) {
             std::string rawError;
-            parseText("\"" + row.text + "\"", &rawError);
-            EXPECT_EQ(rawError.empty(), row.text == row.printed) << rawError;
+            parseText("\"" + raw + "\"", &rawError);
+            EXPECT_EQ(rawError.empty(), raw == row[1]) << rawError;
         }
         Variant object;
-        object.set(row.text, row.text);
+        object.set(raw, raw);
         for (const char* indent : {"", "\t"}) {
             const std::string text = JsonPrinter::toString(object, indent);
             std::string error;
@@ -163,10 +151,6 @@ TEST(JsonParser, PrintedValuesReadBackExactlyWhateverThePieces)
             ASSERT_TRUE(parser.parse(&c, 1));
         EXPECT_EQ(parser.parseComplete(), value);
     }
-    const Variant parsed = parseText(JsonPrinter::toString(value));
-    EXPECT_EQ(parsed.value("min").toInt64(), std::numeric_limits<std::int64_t>::min());
-    EXPECT_EQ(parsed.value("max").toUInt64(), std::numeric_limits<std::uint64_t>::max());
-    EXPECT_EQ(parsed.keys(), value.keys());
 }
 
 // Members keep the order of the text; a repeated key keeps its first place
@@ -195,24 +179,16 @@ TEST(JsonParser, AcceptsJsonGrammarAndKeepsMemberOrder)
 
 TEST(JsonParser, ReportsSyntaxErrorsWithLineAndColumn)
 {
-    const struct { const char* text; int line; int column; } rows[] = {
-        {"{\"a\": 1,\n  \"b\" 2}", 2, 7}, {"[1, 2,]", 1, 7}, {"[01]", 1, 3}, {"{a: 1}", 1, 2},
-        {"tru", 1, 4}, {"trux", 1, 4}, {"\"abc", 1, 5}, {"\"tab\there\"", 1, 5}, {"\"\\x\"", 1, 3},
-        {"\"\\u12g4\"", 1, 6}, {"\"\\ud800x\"", 1, 8}, {"\"\\udc00\"", 1, 7}, {"\"\xc3\xa9\xff\"", 1, 3},
-        {"\"\xe0\x80\x80\"", 1, 2}, {"1 2", 1, 3}, {"{}}", 1, 3}, {"-", 1, 2}, {"1.", 1, 3}, {"1e+", 1, 4},
-        {"[\n\n  1,\n  }", 4, 3}, {"\xc3\xa9", 1, 1},
-        {"[1e400]", 1, 8}, // beyond double: refused, at the end
-    };
-    for (const auto& row : rows) {
+    for (const cktest::DataRow& row : cktest::dataRows("support/json/syntax-errors.tsv", 3)) {
         JsonParser parser;
-        parser.parse(row.text);
+        parser.parse(row[0]);
         const Variant value = parser.parseComplete();
-        EXPECT_TRUE(parser.hasError()) << row.text;
-        EXPECT_EQ(parser.errorLine(), row.line) << row.text << ": " << parser.lastError();
-        EXPECT_EQ(parser.errorColumn(), row.column) << row.text << ": " << parser.lastError();
-        EXPECT_EQ(parser.lastError().rfind("line " + std::to_string(row.line) + ", column ", 0), 0u);
+        EXPECT_TRUE(parser.hasError()) << row.where;
+        EXPECT_EQ(std::to_string(parser.errorLine()), row[1]) << row.where << ": " << parser.lastError();
+        EXPECT_EQ(std::to_string(parser.errorColumn()), row[2]) << row.where << ": " << parser.lastError();
+        EXPECT_EQ(parser.lastError().rfind("line " + row[1] + ", column ", 0), 0u) << row.where;
         // The offending text comes back as a string.
-        EXPECT_EQ(value, Variant(row.text)) << row.text;
+        EXPECT_EQ(value, Variant(row[0])) << row.where;
     }
 }
 
