@@ -79,7 +79,8 @@ qint64 expectedStreamSize(qint64 payload)
 
 TEST(AesStreamDevice, RoundTripsAroundChunkBoundaries)
 {
-    const secure_string key("a key of any length");
+    const std::string keyText = "a key of any length";
+    const secure_string key(keyText.data(), keyText.size());
     const int sizes[] = {0, 1, 65535, 65536, 65537, 2 * 65536, 3 * 1024 * 1024 + 4321};
     for (int size : sizes) {
         SCOPED_TRACE(size);
@@ -88,6 +89,9 @@ TEST(AesStreamDevice, RoundTripsAroundChunkBoundaries)
             const QByteArray stream = encrypt(payload, key, piece);
             EXPECT_EQ(stream.size(), expectedStreamSize(size));
             EXPECT_EQ(stream.at(0), 1);
+            // A reader of the documented format written on libcrypto alone.
+            QByteArray plain;
+            EXPECT_TRUE(cktest::referenceDecrypt(stream, keyText, plain) && plain == payload);
             const Decrypted back = decrypt(stream, key, piece == 1000 ? 99999 : 4096);
             ASSERT_TRUE(back.ok) << back.error.toStdString();
             EXPECT_TRUE(back.data == payload);
@@ -105,7 +109,8 @@ TEST(AesStreamDevice, RoundTripsAroundChunkBoundaries)
 
 TEST(AesStreamDevice, RejectsChangedCutAndForeignStreams)
 {
-    const secure_string key("correct key");
+    const std::string keyText = "correct key";
+    const secure_string key(keyText.data(), keyText.size());
     const QByteArray payload = randomBytes(3 * k_chunk + 500, 7);
     const QByteArray stream = encrypt(payload, key);
     ASSERT_EQ(stream.size(), 17 + 4 * k_sealed - k_chunk + 500);
@@ -125,6 +130,8 @@ TEST(AesStreamDevice, RejectsChangedCutAndForeignStreams)
         const int intactChunks = pos < 17 ? 0 : (pos - 17) / k_sealed;
         EXPECT_LE(result.data.size(), intactChunks * k_chunk) << pos;
         EXPECT_TRUE(result.data == payload.left(result.data.size()));
+        QByteArray plain;
+        EXPECT_FALSE(cktest::referenceDecrypt(damaged, keyText, plain)) << pos;
     }
 
     const Decrypted wrongKey = decrypt(stream, secure_string("correct kez"));
@@ -184,24 +191,6 @@ TEST(AesStreamDevice, OpenModesAndReadAll)
         EXPECT_FALSE(reader.hasError());
         reader.close();
         EXPECT_FALSE(source.isOpen());
-    }
-}
-
-TEST(AesStreamDevice, FollowsTheDocumentedFormat)
-{
-    const std::string key = "format check key";
-    for (int size : {0, 1, 65536, 65537, 300000}) {
-        SCOPED_TRACE(size);
-        const QByteArray payload = randomBytes(size, static_cast<quint32>(size) * 3 + 5);
-        const QByteArray stream = encrypt(payload, secure_string(key.data(), key.size()), 5000);
-        QByteArray plain;
-        ASSERT_TRUE(cktest::referenceDecrypt(stream, key, plain));
-        EXPECT_TRUE(plain == payload);
-
-        QByteArray damaged = stream;
-        damaged[damaged.size() - 1] = static_cast<char>(damaged[damaged.size() - 1] ^ 1);
-        EXPECT_FALSE(cktest::referenceDecrypt(damaged, key, plain));
-        EXPECT_FALSE(cktest::referenceDecrypt(stream, key + "!", plain));
     }
 }
 
