@@ -24,15 +24,7 @@ TEST(MessageDigest, KnownVectors)
         md.update(row[1]);
         EXPECT_EQ(md.hexDigest(), row[2]) << row.where;
         EXPECT_EQ(hex(MessageDigest::digest(algorithm, row[1].data(), row[1].size())), row[2]) << row.where;
-        EXPECT_EQ(md.digest().size(), static_cast<std::size_t>(MessageDigest::digestSize(algorithm)));
     }
-
-    MessageDigest million(MessageDigest::SHA256);
-    const std::string tenA(10, 'a');
-    for (int i = 0; i < 100000; ++i)
-        million.update(tenA);
-    EXPECT_EQ(million.count(), 1000000u);
-    EXPECT_EQ(million.hexDigest(), "cdc76e5c9914fb9281a1c7e284d73e67f1809a48a497200e046d39ccc7112cd0");
 }
 
 TEST(MessageDigest, AgreesWithQtOnPiecewiseInput)
