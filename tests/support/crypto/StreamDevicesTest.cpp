@@ -39,13 +39,11 @@ TEST(DigestingIODevice, DigestsAndCountsWhatPasses)
     QBuffer buffer(&target);
     DigestingIODevice writer(&buffer, MessageDigest::SHA256);
     ASSERT_TRUE(writer.open(QIODevice::WriteOnly));
-    EXPECT_TRUE(buffer.isOpen());
     for (int pos = 0; pos < payload.size(); pos += 3333)
         writer.write(payload.mid(pos, 3333));
     EXPECT_EQ(writer.count(), 100000u);
     EXPECT_EQ(writer.pos(), 100000);
     EXPECT_EQ(writer.digest(), sha256(payload));
-    EXPECT_EQ(&writer.messageDigest(), static_cast<MessageDigest*>(&writer));
     writer.close();
     EXPECT_FALSE(buffer.isOpen());
     EXPECT_TRUE(target == payload);
