@@ -44,43 +44,20 @@ void expectNamedSchemas(const std::string& test, const std::string& base)
     EXPECT_GT(rows, 0) << "no rows for " << test;
 }
 
-const char* const k_types = R"({
-  "$id": "https://schemas.example.invalid/types.json",
-  "definitions": {
-    "point": {"$id": "#point", "type": "object",
-              "properties": {"x": {"type": "integer"}, "y": {"type": "integer"}},
-              "required": ["x", "y"]},
-    "stamp": {"type": "string", "format": "date-time"}
-  }
-})";
-
-const char* const k_settings = R"({
-  "type": "object",
-  "properties": {
-    "names": {"type": "array", "items": {"type": "string"}},
-    "ports": {"type": "array", "items": {"type": "integer"}},
-    "cams": {"type": "array", "items": {"$ref": "#/definitions/cam"}},
-    "day": {"type": "string", "format": "date"},
-    "at": {"type": "string", "format": "time"},
-    "id": {"type": "string", "format": "uuid"},
-    "blob": {"type": "string", "contentEncoding": "base64"},
-    "origin": {"$ref": "types.json#point"},
-    "changed": {"$ref": "types.json#/definitions/stamp"},
-    "a~b/c": {"type": "boolean"}
-  },
-  "additionalProperties": {"type": "number"},
-  "definitions": {
-    "cam": {"type": "object", "properties": {"name": {"type": "string"}}, "required": ["name"]}
-  }
-})";
+// A schema document under tests/data/support/json.
+json::Variant parseFile(const char* name)
+{
+    const QString path = QStringLiteral(COMMONKIT_TEST_DATA "/support/json/") + QLatin1String(name);
+    return parse(cktest::readFile(path).toStdString());
+}
 
 class SchemaTest : public ::testing::Test
 {
 protected:
     void SetUp() override
     {
-        Schema::registerSchema("https://schemas.example.invalid/types.json", parse(k_types));
-        Schema::registerSchema("https://schemas.example.invalid/settings.json", parse(k_settings));
+        Schema::registerSchema("https://schemas.example.invalid/types.json", parseFile("types.schema.json"));
+        Schema::registerSchema("https://schemas.example.invalid/settings.json", parseFile("settings.schema.json"));
     }
 };
 
