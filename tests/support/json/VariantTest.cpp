@@ -1,5 +1,8 @@
 // json::Variant, Object, List, VariantIterator and Path.
 
+#include "testlib/DataTable.h"
+#include "testlib/TestFiles.h"
+#include <CommonKit/support/json/JsonParser.h>
 #include <CommonKit/support/json/JsonPrinter.h>
 #include <CommonKit/support/json/Path.h>
 #include <CommonKit/support/json/Variant.h>
@@ -8,7 +11,6 @@
 
 #include <cstdint>
 #include <limits>
-#include <utility>
 #include <vector>
 
 namespace {
@@ -202,31 +204,21 @@ TEST(JsonPath, WithoutAutoIndexDecimalSegmentsMakeObjects)
     EXPECT_EQ(json::Path("x/y/z").parent().toString(), "x/y");
 }
 
-// The examples of RFC 6901, section 5; expected: the value found (compact
-// JSON), empty for no JSON pointer.
+// The examples of RFC 6901, section 5.
 TEST(JsonPath, JsonPointersFollowTheRfcExamples)
 {
-    Variant document = json::Object();
-    for (const auto& member : std::vector<std::pair<const char*, Variant>>{
-             {"", 0}, {"a/b", 1}, {"c%d", 2}, {"e^f", 3}, {"g|h", 4}, {"i\\j", 5}, {"k\"l", 6}, {" ", 7}, {"m~n", 8}})
-        document.set(member.first, member.second);
-    Variant foo;
-    foo.append("bar");
-    foo.append("baz");
-    document.set("foo", foo);
-    const struct { const char* pointer; const char* expected; } rows[] = {
-        {"/foo", R"(["bar","baz"])"}, {"/foo/0", R"("bar")"}, {"/", "0"}, {"/a~1b", "1"}, {"/c%d", "2"},
-        {"/e^f", "3"}, {"/g|h", "4"}, {"/i\\j", "5"}, {"/k\"l", "6"}, {"/ ", "7"}, {"/m~0n", "8"},
-        {"foo", ""}, {"/~2", ""}, {"/m~", ""},
-    };
-    for (const auto& row : rows) {
+    json::JsonParser parser;
+    const QByteArray text = cktest::readFile(QStringLiteral(COMMONKIT_TEST_DATA "/support/json/rfc6901-document.json"));
+    ASSERT_TRUE(parser.parse(text.toStdString())) << parser.lastError();
+    const Variant document = parser.parseComplete();
+    for (const cktest::DataRow& row : cktest::dataRows("support/json/rfc6901-pointers.tsv", 2)) {
         json::Path path;
-        ASSERT_EQ(json::Path::fromJsonPointer(row.pointer, &path), *row.expected != 0) << row.pointer;
-        if (!*row.expected)
+        ASSERT_EQ(json::Path::fromJsonPointer(row[0], &path), !row[1].empty()) << row.where;
+        if (row[1].empty())
             continue;
-        EXPECT_EQ(path.value(document).toJson(), row.expected) << row.pointer;
-        EXPECT_EQ(path.toJsonPointer(), row.pointer);
-        EXPECT_EQ(path.trail(document).size(), path.size() + 1) << row.pointer;
+        EXPECT_EQ(path.value(document).toJson(), row[1]) << row.where;
+        EXPECT_EQ(path.toJsonPointer(), row[0]);
+        EXPECT_EQ(path.trail(document).size(), path.size() + 1) << row.where;
     }
     json::Path root;
     EXPECT_TRUE(json::Path::fromJsonPointer("", &root));
