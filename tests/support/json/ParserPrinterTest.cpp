@@ -26,25 +26,9 @@ Variant parseText(const std::string& text, std::string* error = nullptr)
     return value;
 }
 
-Variant sample()
-{
-    Variant value;
-    value.set("name", "caf\xc3\xa9 \"quoted\"\n\t\\ \x01");
-    value.set("min", std::numeric_limits<std::int64_t>::min());
-    value.set("max", std::numeric_limits<std::uint64_t>::max());
-    value.set("real", 0.1);
-    value.set("flag", false);
-    value.set("none", Variant());
-    json::List list;
-    list.append(1);
-    list.append(json::Object());
-    list.append(json::List());
-    Variant inner;
-    inner.set("deep", -2.5e-300);
-    list.append(inner);
-    value.set("list", list);
-    return value;
-}
+// Every kind of value, escapes and the extreme integers included.
+const char* const k_sample = R"({"name": "caf\u00e9 \"quoted\"\n\t\\ \u0001", "min": -9223372036854775808,
+    "max": 18446744073709551615, "real": 0.1, "flag": false, "none": null, "list": [1, {}, [], {"deep": -2.5e-300}]})";
 
 TEST(JsonPrinter, PrettyFormIsFixedTextWithConfigurableIndent)
 {
@@ -135,7 +119,8 @@ TEST(JsonPrinter, HandsLongOutputToTheCallbackInPieces)
 
 TEST(JsonParser, PrintedValuesReadBackExactlyWhateverThePieces)
 {
-    const Variant value = sample();
+    const Variant value = parseText(k_sample);
+    ASSERT_EQ(value.value("max").toUInt64(), std::numeric_limits<std::uint64_t>::max());
     for (const std::string& indent : {std::string("    "), std::string("\t"), std::string()}) {
         const std::string text = JsonPrinter::toString(value, indent);
         EXPECT_EQ(parseText(text), value) << text;
