@@ -158,34 +158,27 @@ TEST(ZlibDevice, DamagedAndTruncatedStreamsFailCleanly)
     }
 
     QBuffer buffer;
-    ZlibDevice invalidLevel(&buffer, 10);
-    EXPECT_FALSE(invalidLevel.open(QIODevice::WriteOnly));
     ZlibDevice both(&buffer);
     EXPECT_FALSE(both.open(QIODevice::ReadWrite));
 }
 
+// The devices' errors go through tr() (whether both catalogues hold every
+// text is checked with the translations).
 TEST(ZlibDevice, DeviceErrorsAreTranslated)
 {
-    struct Case { const char* language; const char* zlib; const char* cipher; };
-    const Case cases[] = {
-        {"de", "Ungültige Kompressionsstufe 12.", "Der verschlüsselte Datenstrom endet vor seinem letzten Block."},
-        {"fr", "Niveau de compression 12 non valide.", "Le flux chiffré se termine avant son dernier bloc."},
-    };
-    for (const Case& c : cases) {
-        ASSERT_TRUE(ko::installTranslations(QLocale(QString::fromLatin1(c.language))));
-        QBuffer buffer;
-        ZlibDevice zlib(&buffer, 12);
-        EXPECT_FALSE(zlib.open(QIODevice::WriteOnly));
-        EXPECT_EQ(zlib.errorString(), QString::fromUtf8(c.zlib));
+    ASSERT_TRUE(ko::installTranslations(QLocale(QLocale::German)));
+    QBuffer buffer;
+    ZlibDevice zlib(&buffer, 12);
+    EXPECT_FALSE(zlib.open(QIODevice::WriteOnly));
+    EXPECT_EQ(zlib.errorString(), QString::fromUtf8("Ungültige Kompressionsstufe 12."));
 
-        QByteArray cut("\x01short");
-        QBuffer source(&cut);
-        ko::crypto::IODevice cipher(&source, ko::crypto::secure_string("k"));
-        ASSERT_TRUE(cipher.open(QIODevice::ReadOnly));
-        char byte;
-        EXPECT_EQ(cipher.read(&byte, 1), -1);
-        EXPECT_EQ(cipher.errorString(), QString::fromUtf8(c.cipher));
-    }
+    QByteArray cut("\x01short");
+    QBuffer source(&cut);
+    ko::crypto::IODevice cipher(&source, ko::crypto::secure_string("k"));
+    ASSERT_TRUE(cipher.open(QIODevice::ReadOnly));
+    char byte;
+    EXPECT_EQ(cipher.read(&byte, 1), -1);
+    EXPECT_EQ(cipher.errorString(), QString::fromUtf8("Der verschlüsselte Datenstrom endet vor seinem letzten Block."));
     ko::removeTranslations();
 }
 
