@@ -94,10 +94,6 @@ TEST(ZlibDevice, RoundTripsAndInteroperatesAtEveryLevel)
         for (const QByteArray& input : inputs) {
             SCOPED_TRACE(testing::Message() << "level " << level << ", " << input.size() << " bytes");
             const QByteArray compressed = compressWithDevice(input, level);
-            ASSERT_GE(compressed.size(), 6) << "header and check value at least";
-            EXPECT_EQ(static_cast<unsigned char>(compressed[0]) & 0x0f, 8) << "deflate method in the header";
-            EXPECT_EQ(((static_cast<unsigned char>(compressed[0]) << 8) | static_cast<unsigned char>(compressed[1])) % 31, 0);
-
             const Inflated back = decompressWithDevice(compressed);
             ASSERT_TRUE(back.ok) << back.error.toStdString();
             EXPECT_TRUE(back.data == input);
