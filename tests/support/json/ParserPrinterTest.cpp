@@ -32,13 +32,7 @@ const char* const k_sample = R"({"name": "caf\u00e9 \"quoted\"\n\t\\ \u0001", "m
 
 TEST(JsonPrinter, PrettyFormIsFixedTextWithConfigurableIndent)
 {
-    Variant value;
-    value.set("a", 1);
-    json::List list;
-    list.append(true);
-    list.append(json::Object());
-    value.set("b", list);
-    value.set("c", json::List());
+    const Variant value = parseText(R"({"a": 1, "b": [true, {}], "c": []})");
     EXPECT_EQ(JsonPrinter::toString(value),
               "{\n    \"a\": 1,\n    \"b\": [\n        true,\n        {}\n    ],\n    \"c\": []\n}");
     EXPECT_EQ(JsonPrinter::toString(value, ""), R"({"a":1,"b":[true,{}],"c":[]})");
