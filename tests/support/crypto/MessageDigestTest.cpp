@@ -54,19 +54,13 @@ TEST(MessageDigest, AgreesWithQtOnPiecewiseInput)
 
 TEST(MessageDigest, NamesValuesAndSizes)
 {
-    struct Case { MessageDigest::Algorithm algorithm; int value; const char* name; int size; };
-    const Case cases[] = {
-        {MessageDigest::MD5, 1, "MD5", 16},       {MessageDigest::SHA1, 2, "SHA1", 20},
-        {MessageDigest::SHA224, 11, "SHA224", 28}, {MessageDigest::SHA256, 12, "SHA256", 32},
-        {MessageDigest::SHA384, 13, "SHA384", 48}, {MessageDigest::SHA512, 14, "SHA512", 64},
-    };
-    for (const Case& c : cases) {
-        EXPECT_EQ(static_cast<int>(c.algorithm), c.value);
-        EXPECT_EQ(MessageDigest::algorithmName(c.algorithm), c.name);
-        EXPECT_EQ(MessageDigest::algorithmFromName(c.name), c.algorithm);
-        EXPECT_EQ(MessageDigest::algorithmFromName(QByteArray(c.name).toLower().toStdString()), c.algorithm);
-        EXPECT_EQ(MessageDigest::digestSize(c.algorithm), c.size);
-        EXPECT_EQ(MessageDigest::algorithmForDigestSize(static_cast<std::size_t>(c.size)), c.algorithm);
+    for (const cktest::DataRow& row : cktest::dataRows("crypto/digest-algorithms.tsv", 3)) {
+        const auto algorithm = static_cast<MessageDigest::Algorithm>(std::stoi(row[1]));
+        EXPECT_EQ(MessageDigest::algorithmName(algorithm), row[0]);
+        EXPECT_EQ(MessageDigest::algorithmFromName(row[0]), algorithm);
+        EXPECT_EQ(MessageDigest::algorithmFromName(QString::fromStdString(row[0]).toLower().toStdString()), algorithm);
+        EXPECT_EQ(MessageDigest::digestSize(algorithm), std::stoi(row[2]));
+        EXPECT_EQ(MessageDigest::algorithmForDigestSize(std::stoul(row[2])), algorithm);
     }
     EXPECT_EQ(MessageDigest::algorithmFromName("Sha256"), MessageDigest::SHA256);
     for (const char* unknown : {"", "SHA-256", "SHA2566", "sha", "RIPEMD160"})
