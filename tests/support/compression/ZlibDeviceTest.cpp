@@ -126,7 +126,6 @@ TEST(ZlibDevice, DamagedAndTruncatedStreamsFailCleanly)
     result = decompressWithDevice(badCheck);
     EXPECT_FALSE(result.ok) << "a wrong Adler-32 value";
     EXPECT_EQ(result.error.toStdString(), "The compressed stream is damaged: incorrect data check");
-    EXPECT_TRUE(result.data.size() <= input.size());
 
     for (int cut : {0, 1, 2, 100, compressed.size() / 2, compressed.size() - 4, compressed.size() - 1}) {
         result = decompressWithDevice(compressed.left(cut));
