@@ -66,10 +66,6 @@ TEST(DigestingIODevice, DigestsAndCountsWhatPasses)
     EXPECT_EQ(reader.count(), 100000u);
     EXPECT_EQ(reader.digest(), MessageDigest::digest(MessageDigest::SHA1, payload.constData(), 100000));
 
-    // Bytes fed directly continue the same running digest.
-    reader.update("tail");
-    EXPECT_EQ(reader.digest(), MessageDigest::digest(MessageDigest::SHA1, (payload + "tail").constData(), 100004));
-
     DigestingIODevice unknown(&source, MessageDigest::Unknown);
     EXPECT_FALSE(unknown.open(QIODevice::ReadOnly));
 }
