@@ -1,6 +1,7 @@
 // json::JsonParser and json::JsonPrinter.
 
 #include "testlib/DataTable.h"
+#include "testlib/JsonScalar.h"
 #include <CommonKit/support/json/JsonParser.h>
 #include <CommonKit/support/json/JsonPrinter.h>
 #include <CommonKit/support/json/Variant.h>
@@ -42,24 +43,12 @@ TEST(JsonPrinter, PrettyFormIsFixedTextWithConfigurableIndent)
 
 TEST(JsonPrinter, NumbersAndStrings)
 {
-    struct Row { Variant value; int precision; const char* text; };
-    const Row rows[] = {
-        {Variant(0.1), 0, "0.1"}, {Variant(1.0 / 3.0), 0, "0.3333333333333333"},
-        {Variant(1.0 / 3.0), 15, "0.333333333333333"}, {Variant(2.0 / 3.0), 3, "0.667"},
-        {Variant(100.0), 0, "100.0"}, {Variant(123456.0), 3, "1.23e+05"}, {Variant(1e20), 0, "1e+20"},
-        {Variant(-0.0), 0, "-0.0"}, {Variant(std::nan("")), 0, "null"},
-        {Variant(std::numeric_limits<double>::infinity()), 0, "null"},
-        {Variant(std::numeric_limits<std::int64_t>::min()), 3, "-9223372036854775808"},
-        {Variant(std::numeric_limits<std::uint64_t>::max()), 3, "18446744073709551615"},
-        {Variant("tab\there \"q\" back\\slash \x1f \x7f caf\xc3\xa9 /"), 0,
-         "\"tab\\there \\\"q\\\" back\\\\slash \\u001f \x7f caf\xc3\xa9 /\""},
-        {Variant("\b\f\r\n"), 0, "\"\\b\\f\\r\\n\""},
-    };
-    for (const Row& row : rows) {
-        EXPECT_EQ(JsonPrinter::toString(row.value, "    ", row.precision), row.text);
-        if (!row.value.isReal() || std::isfinite(row.value.toDouble())) {
+    for (const cktest::DataRow& row : cktest::dataRows("support/json/printed-scalars.tsv", 3)) {
+        const Variant value = cktest::jsonScalar(row[0]);
+        EXPECT_EQ(JsonPrinter::toString(value, "    ", std::stoi(row[1])), row[2]) << row.where;
+        if (!value.isReal() || std::isfinite(value.toDouble())) {
             // What is printed reads back as the same type.
-            EXPECT_EQ(parseText(row.text).type(), row.value.type()) << row.text;
+            EXPECT_EQ(parseText(row[2]).type(), value.type()) << row.where;
         }
     }
 }
