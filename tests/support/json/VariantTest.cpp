@@ -1,6 +1,7 @@
 // json::Variant, Object, List, VariantIterator and Path.
 
 #include "testlib/DataTable.h"
+#include "testlib/JsonScalar.h"
 #include "testlib/TestFiles.h"
 #include <CommonKit/support/json/JsonParser.h>
 #include <CommonKit/support/json/JsonPrinter.h>
@@ -19,43 +20,23 @@ using json::Variant;
 
 TEST(JsonVariant, ScalarsKeepTypeAndConvertOnlyWhereTheValueFits)
 {
-    const std::uint64_t uint64Max = std::numeric_limits<std::uint64_t>::max();
-    const std::int64_t int64Min = std::numeric_limits<std::int64_t>::min();
-    struct Row
-    {
-        Variant value;
-        Variant::Type type;
-        bool int64Ok;
-        std::int64_t int64;
-        bool uint64Ok;
-        std::uint64_t uint64;
-        bool doubleOk;
-    };
-    const Row rows[] = {
-        {Variant(), Variant::Type::Null, false, 0, false, 0, false},
-        {Variant(true), Variant::Type::Boolean, false, 0, false, 0, false},
-        {Variant(-5), Variant::Type::Integer, true, -5, false, 0, true},
-        {Variant(int64Min), Variant::Type::Integer, true, int64Min, false, 0, true},
-        {Variant(uint64Max), Variant::Type::Integer, false, 0, true, uint64Max, true},
-        {Variant(7u), Variant::Type::Integer, true, 7, true, 7, true},
-        {Variant(2.0), Variant::Type::Real, true, 2, true, 2, true},
-        {Variant(2.5), Variant::Type::Real, false, 0, false, 0, true},
-        {Variant(-1e300), Variant::Type::Real, false, 0, false, 0, true},
-        {Variant("12"), Variant::Type::String, false, 0, false, 0, false},
-    };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.value.toJson());
-        EXPECT_EQ(row.value.type(), row.type);
-        bool ok = false;
-        EXPECT_EQ(row.value.toInt64(-99, &ok), row.int64Ok ? row.int64 : -99);
-        EXPECT_EQ(ok, row.int64Ok);
-        EXPECT_EQ(row.value.toUInt64(99, &ok), row.uint64Ok ? row.uint64 : 99u);
-        EXPECT_EQ(ok, row.uint64Ok);
-        row.value.toDouble(0.0, &ok);
-        EXPECT_EQ(ok, row.doubleOk);
-        EXPECT_FALSE(row.value.isComposite());
-        EXPECT_EQ(row.value.size(), 0u);
+    // The names of Variant::Type, in its order.
+    const char* const types[] = {"Null", "Boolean", "Integer", "Real", "String", "Object", "List"};
+    for (const cktest::DataRow& row : cktest::dataRows("support/json/scalar-conversions.tsv", 5)) {
+        const Variant value = cktest::jsonScalar(row[0]);
+        SCOPED_TRACE(row.where);
+        EXPECT_STREQ(types[static_cast<int>(value.type())], row[1].c_str());
+        bool ok[3] = {};
+        const std::string int64 = std::to_string(value.toInt64(-99, &ok[0]));
+        const std::string uint64 = std::to_string(value.toUInt64(99, &ok[1]));
+        value.toDouble(0.0, &ok[2]);
+        EXPECT_EQ(int64 + (ok[0] ? " 1" : " 0"), row[2]);
+        EXPECT_EQ(uint64 + (ok[1] ? " 1" : " 0"), row[3]);
+        EXPECT_EQ(ok[2] ? "1" : "0", row[4]);
+        EXPECT_FALSE(value.isComposite());
+        EXPECT_EQ(value.size(), 0u);
     }
+    const std::uint64_t uint64Max = std::numeric_limits<std::uint64_t>::max();
     EXPECT_TRUE(Variant(uint64Max).isUnsigned());
     EXPECT_FALSE(Variant(7u).isUnsigned());
     EXPECT_EQ(Variant(1).toString("fallback"), "fallback");
