@@ -156,9 +156,9 @@ TEST_F(SchemaTest, ResolvesReferencesAgainstTheirBaseUri)
               "https://schemas.example.invalid/types.json#point");
 }
 
-// Numbers compared by value, pointers decoded once (the comments of the table
-// tell more).
-TEST_F(SchemaTest, ChecksNumbersAndPointersAsTheTableSays)
+// Numbers compared by value, patterns, formats and pointers decoded once (the
+// comments of the table tell more).
+TEST_F(SchemaTest, ValidatesAsTheTableSays)
 {
     for (const cktest::DataRow& row : cktest::dataRows("support/json/schema-values.tsv", 3))
         expectValidation(Schema::fromVariant(parse(row[0])), {row.where.c_str(), row[1], row[2] == "1"});
@@ -174,14 +174,11 @@ TEST_F(SchemaTest, PatternsAndFormatsCopeWithLongStrings)
         {R"({"pattern": "^[a-z]+$"})", '"' + longWord + '"', true},
         {R"({"pattern": "^[a-z]+$"})", '"' + longWord + "1\"", false},
         {R"({"pattern": "^(a|aa)+$"})", '"' + std::string(80, 'a') + "b\"", false},
-        {R"({"pattern": "^(a)\\1$"})", R"("aa")", true}, {R"({"pattern": "^(a)\\1$"})", R"("ab")", false},
         {R"({"format": "date"})", '"' + longDigits + "-05-06\"", true},
         {R"({"format": "date"})", '"' + longDigits + "-02-30\"", false},
-        {R"({"format": "date"})", R"("2024-5-06")", false},
         {R"({"format": "time"})", "\"07:08:09." + longDigits + "Z\"", true},
         {R"({"format": "time"})", "\"07:08:09." + longDigits + "\"", false},
         {R"({"format": "date-time"})", "\"2024-05-06T07:08:09." + longDigits + "+02:00\"", true},
-        {R"({"format": "date-time"})", R"("2024-04-31T07:08:09Z")", false},
         {R"({"patternProperties": {"^a+$": {"type": "integer"}}})", "{\"" + longWord + "\": 1}", true},
         {R"({"patternProperties": {"^a+$": {"type": "integer"}}})", "{\"" + longWord + "\": \"1\"}", false},
         {R"({"propertyNames": {"pattern": "^a+$"}})", "{\"" + longWord + "\": 1}", true},
