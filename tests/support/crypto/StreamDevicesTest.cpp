@@ -104,8 +104,6 @@ TEST(ClippedIODevice, LimitsReadsFromTheStartingPosition)
     ASSERT_TRUE(clipped.seek(0));
     EXPECT_TRUE(clipped.atEnd());
     EXPECT_EQ(clipped.readAll().size(), 0);
-    clipped.close();
-    EXPECT_FALSE(buffer.isOpen());
 
     ClippedIODevice writer(&buffer);
     EXPECT_FALSE(writer.open(QIODevice::WriteOnly));
