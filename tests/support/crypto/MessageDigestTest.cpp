@@ -46,7 +46,6 @@ TEST(MessageDigest, AgreesWithQtOnPiecewiseInput)
             md.update(data.constData() + pos, static_cast<std::size_t>(piece));
             pos += piece;
         }
-        EXPECT_EQ(md.count(), static_cast<std::uint64_t>(data.size()));
         EXPECT_EQ(hex(md.digest()), QCryptographicHash::hash(data, pair.qt).toHex().toStdString())
             << MessageDigest::algorithmName(pair.ours);
     }
