@@ -188,6 +188,8 @@ TEST(AesStreamDevice, OpenModesAndReadAll)
         EXPECT_TRUE(reader.readAll() == payload);
         EXPECT_TRUE(reader.atEnd());
         EXPECT_FALSE(reader.hasError());
+        reader.close();
+        EXPECT_FALSE(source.isOpen()) << "closing the reader closes the wrapped device";
     }
 }
 
