@@ -4,7 +4,9 @@
 
 namespace {
 
-TEST(Exception, CarriesMessagesAndCause)
+// what() gives the message as UTF-8, and the cause travels along. (The
+// fields of the typed exceptions are checked where the properties throw them.)
+TEST(Exception, CarriesUtf8MessageAndCause)
 {
     std::exception_ptr cause;
     try {
@@ -12,36 +14,14 @@ TEST(Exception, CarriesMessagesAndCause)
     } catch (...) {
         cause = std::current_exception();
     }
-    const QString umlaut = QString::fromUtf8("Gr\xc3\xb6\xc3\x9f" "e");
+    const ko::UnexpectedTypeException error(QStringLiteral("speed"), QStringLiteral("QString"), QStringLiteral("int"),
+                                            QString::fromUtf8("Gr\xc3\xb6\xc3\x9f" "e"), cause);
+    EXPECT_STREQ(error.what(), "Gr\xc3\xb6\xc3\x9f" "e");
+    ASSERT_TRUE(error.cause());
     try {
-        throw ko::UnexpectedTypeException(QStringLiteral("speed"), QStringLiteral("QString"),
-                                          QStringLiteral("int"), umlaut, cause);
-    } catch (const ko::ExceptionQt& error) {
-        EXPECT_EQ(error.messageQt(), umlaut);
-        EXPECT_STREQ(error.what(), "Gr\xc3\xb6\xc3\x9f" "e");
-        const auto* typed = dynamic_cast<const ko::UnexpectedTypeException*>(&error);
-        ASSERT_NE(typed, nullptr);
-        EXPECT_EQ(typed->name(), QStringLiteral("speed"));
-        EXPECT_EQ(typed->actualType(), QStringLiteral("QString"));
-        EXPECT_EQ(typed->expectedType(), QStringLiteral("int"));
-        ASSERT_TRUE(error.cause());
-        try {
-            std::rethrow_exception(error.cause());
-        } catch (const ko::Exception& inner) {
-            EXPECT_EQ(inner.message(), "disk full");
-            EXPECT_FALSE(inner.cause());
-        }
-    }
-}
-
-TEST(Exception, IllegalArgumentIsAnExceptionQt)
-{
-    try {
-        throw ko::IllegalArgumentException(QStringLiteral("-3"), QStringLiteral("negative size"));
-    } catch (const ko::Exception& error) {
-        const auto& illegal = dynamic_cast<const ko::IllegalArgumentException&>(error);
-        EXPECT_EQ(illegal.text(), QStringLiteral("-3"));
-        EXPECT_EQ(illegal.messageQt(), QStringLiteral("negative size"));
+        std::rethrow_exception(error.cause());
+    } catch (const ko::Exception& inner) {
+        EXPECT_EQ(inner.message(), "disk full");
     }
 }
 

@@ -1,3 +1,4 @@
+#include "testlib/LogCapture.h"
 #include <CommonKit/support/core/Log.h>
 
 #include <gtest/gtest.h>
@@ -11,31 +12,9 @@
 
 namespace {
 
-// Captures the log's lines for the duration of a test.
-class CapturedLog
-{
-public:
-    CapturedLog() : m_previousThreshold(ko::Log::instance().threshold())
-    {
-        m_previous = ko::Log::instance().setSink(
-            [this](int, const std::string& line) { lines.push_back(line); });
-    }
-    ~CapturedLog()
-    {
-        ko::Log::instance().setSink(m_previous);
-        ko::Log::instance().setThreshold(m_previousThreshold);
-    }
-    std::vector<std::string> lines;
-
-private:
-    ko::Log::Sink m_previous;
-    int m_previousThreshold;
-};
-
 TEST(Log, LineHasUtcPrefixLevelLetterTagAndText)
 {
-    CapturedLog log;
-    ko::Log::instance().setThreshold(ko::Log::Information);
+    cktest::LogCapture log(ko::Log::Information);
     ko::Log::log(ko::Log::Information, "ko::FeatureMatrix::load", "first");
     ko::Log::log(ko::Log::Warning, "tag", "second");
     ko::Log::log(ko::Log::Error, "tag", "third");
@@ -52,7 +31,7 @@ TEST(Log, LineHasUtcPrefixLevelLetterTagAndText)
 
 TEST(Log, ThresholdFiltersLowerLevels)
 {
-    CapturedLog log;
+    cktest::LogCapture log;
     struct Case { int threshold; int level; bool written; };
     const Case cases[] = {
         {2, 1, false}, {2, 2, true}, {2, 3, true}, {3, 2, false}, {3, 3, true}, {1, 1, true}, {4, 3, false},
@@ -68,8 +47,7 @@ TEST(Log, ThresholdFiltersLowerLevels)
 
 TEST(Log, LogLineStreamsValuesAndQString)
 {
-    CapturedLog log;
-    ko::Log::instance().setThreshold(ko::Log::Warning);
+    cktest::LogCapture log(ko::Log::Warning);
     ko::LogLine(ko::Log::Warning, "jsonVariant") << "numeric overflow at: " << QString::fromUtf8("1e999 \xc3\xa4") << ' ' << 42;
     ko::LogLine(ko::Log::Information, "hidden") << "not written";
     ASSERT_EQ(log.lines.size(), 1u);
@@ -78,8 +56,7 @@ TEST(Log, LogLineStreamsValuesAndQString)
 
 TEST(Log, LinesFromManyThreadsStayWhole)
 {
-    CapturedLog log;
-    ko::Log::instance().setThreshold(ko::Log::Warning);
+    cktest::LogCapture log(ko::Log::Warning);
     std::vector<std::thread> threads;
     for (int t = 0; t < 4; ++t)
         threads.emplace_back([t] {

@@ -24,15 +24,7 @@ TEST(MessageDigest, KnownVectors)
         md.update(row[1]);
         EXPECT_EQ(md.hexDigest(), row[2]) << row.where;
         EXPECT_EQ(hex(MessageDigest::digest(algorithm, row[1].data(), row[1].size())), row[2]) << row.where;
-        EXPECT_EQ(md.digest().size(), static_cast<std::size_t>(MessageDigest::digestSize(algorithm)));
     }
-
-    MessageDigest million(MessageDigest::SHA256);
-    const std::string tenA(10, 'a');
-    for (int i = 0; i < 100000; ++i)
-        million.update(tenA);
-    EXPECT_EQ(million.count(), 1000000u);
-    EXPECT_EQ(million.hexDigest(), "cdc76e5c9914fb9281a1c7e284d73e67f1809a48a497200e046d39ccc7112cd0");
 }
 
 TEST(MessageDigest, AgreesWithQtOnPiecewiseInput)
@@ -54,7 +46,6 @@ TEST(MessageDigest, AgreesWithQtOnPiecewiseInput)
             md.update(data.constData() + pos, static_cast<std::size_t>(piece));
             pos += piece;
         }
-        EXPECT_EQ(md.count(), static_cast<std::uint64_t>(data.size()));
         EXPECT_EQ(hex(md.digest()), QCryptographicHash::hash(data, pair.qt).toHex().toStdString())
             << MessageDigest::algorithmName(pair.ours);
     }
@@ -62,19 +53,13 @@ TEST(MessageDigest, AgreesWithQtOnPiecewiseInput)
 
 TEST(MessageDigest, NamesValuesAndSizes)
 {
-    struct Case { MessageDigest::Algorithm algorithm; int value; const char* name; int size; };
-    const Case cases[] = {
-        {MessageDigest::MD5, 1, "MD5", 16},       {MessageDigest::SHA1, 2, "SHA1", 20},
-        {MessageDigest::SHA224, 11, "SHA224", 28}, {MessageDigest::SHA256, 12, "SHA256", 32},
-        {MessageDigest::SHA384, 13, "SHA384", 48}, {MessageDigest::SHA512, 14, "SHA512", 64},
-    };
-    for (const Case& c : cases) {
-        EXPECT_EQ(static_cast<int>(c.algorithm), c.value);
-        EXPECT_EQ(MessageDigest::algorithmName(c.algorithm), c.name);
-        EXPECT_EQ(MessageDigest::algorithmFromName(c.name), c.algorithm);
-        EXPECT_EQ(MessageDigest::algorithmFromName(QByteArray(c.name).toLower().toStdString()), c.algorithm);
-        EXPECT_EQ(MessageDigest::digestSize(c.algorithm), c.size);
-        EXPECT_EQ(MessageDigest::algorithmForDigestSize(static_cast<std::size_t>(c.size)), c.algorithm);
+    for (const cktest::DataRow& row : cktest::dataRows("crypto/digest-algorithms.tsv", 3)) {
+        const auto algorithm = static_cast<MessageDigest::Algorithm>(std::stoi(row[1]));
+        EXPECT_EQ(MessageDigest::algorithmName(algorithm), row[0]);
+        EXPECT_EQ(MessageDigest::algorithmFromName(row[0]), algorithm);
+        EXPECT_EQ(MessageDigest::algorithmFromName(QString::fromStdString(row[0]).toLower().toStdString()), algorithm);
+        EXPECT_EQ(MessageDigest::digestSize(algorithm), std::stoi(row[2]));
+        EXPECT_EQ(MessageDigest::algorithmForDigestSize(std::stoul(row[2])), algorithm);
     }
     EXPECT_EQ(MessageDigest::algorithmFromName("Sha256"), MessageDigest::SHA256);
     for (const char* unknown : {"", "SHA-256", "SHA2566", "sha", "RIPEMD160"})

@@ -39,13 +39,11 @@ TEST(DigestingIODevice, DigestsAndCountsWhatPasses)
     QBuffer buffer(&target);
     DigestingIODevice writer(&buffer, MessageDigest::SHA256);
     ASSERT_TRUE(writer.open(QIODevice::WriteOnly));
-    EXPECT_TRUE(buffer.isOpen());
     for (int pos = 0; pos < payload.size(); pos += 3333)
         writer.write(payload.mid(pos, 3333));
     EXPECT_EQ(writer.count(), 100000u);
     EXPECT_EQ(writer.pos(), 100000);
     EXPECT_EQ(writer.digest(), sha256(payload));
-    EXPECT_EQ(&writer.messageDigest(), static_cast<MessageDigest*>(&writer));
     writer.close();
     EXPECT_FALSE(buffer.isOpen());
     EXPECT_TRUE(target == payload);
@@ -67,10 +65,6 @@ TEST(DigestingIODevice, DigestsAndCountsWhatPasses)
     EXPECT_TRUE(reader.atEnd());
     EXPECT_EQ(reader.count(), 100000u);
     EXPECT_EQ(reader.digest(), MessageDigest::digest(MessageDigest::SHA1, payload.constData(), 100000));
-
-    // Bytes fed directly continue the same running digest.
-    reader.update("tail");
-    EXPECT_EQ(reader.digest(), MessageDigest::digest(MessageDigest::SHA1, (payload + "tail").constData(), 100004));
 
     DigestingIODevice unknown(&source, MessageDigest::Unknown);
     EXPECT_FALSE(unknown.open(QIODevice::ReadOnly));
@@ -110,8 +104,6 @@ TEST(ClippedIODevice, LimitsReadsFromTheStartingPosition)
     ASSERT_TRUE(clipped.seek(0));
     EXPECT_TRUE(clipped.atEnd());
     EXPECT_EQ(clipped.readAll().size(), 0);
-    clipped.close();
-    EXPECT_FALSE(buffer.isOpen());
 
     ClippedIODevice writer(&buffer);
     EXPECT_FALSE(writer.open(QIODevice::WriteOnly));

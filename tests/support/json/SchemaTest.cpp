@@ -44,43 +44,20 @@ void expectNamedSchemas(const std::string& test, const std::string& base)
     EXPECT_GT(rows, 0) << "no rows for " << test;
 }
 
-const char* const k_types = R"({
-  "$id": "https://schemas.example.invalid/types.json",
-  "definitions": {
-    "point": {"$id": "#point", "type": "object",
-              "properties": {"x": {"type": "integer"}, "y": {"type": "integer"}},
-              "required": ["x", "y"]},
-    "stamp": {"type": "string", "format": "date-time"}
-  }
-})";
-
-const char* const k_settings = R"({
-  "type": "object",
-  "properties": {
-    "names": {"type": "array", "items": {"type": "string"}},
-    "ports": {"type": "array", "items": {"type": "integer"}},
-    "cams": {"type": "array", "items": {"$ref": "#/definitions/cam"}},
-    "day": {"type": "string", "format": "date"},
-    "at": {"type": "string", "format": "time"},
-    "id": {"type": "string", "format": "uuid"},
-    "blob": {"type": "string", "contentEncoding": "base64"},
-    "origin": {"$ref": "types.json#point"},
-    "changed": {"$ref": "types.json#/definitions/stamp"},
-    "a~b/c": {"type": "boolean"}
-  },
-  "additionalProperties": {"type": "number"},
-  "definitions": {
-    "cam": {"type": "object", "properties": {"name": {"type": "string"}}, "required": ["name"]}
-  }
-})";
+// A schema document under tests/data/support/json.
+json::Variant parseFile(const char* name)
+{
+    const QString path = QStringLiteral(COMMONKIT_TEST_DATA "/support/json/") + QLatin1String(name);
+    return parse(cktest::readFile(path).toStdString());
+}
 
 class SchemaTest : public ::testing::Test
 {
 protected:
     void SetUp() override
     {
-        Schema::registerSchema("https://schemas.example.invalid/types.json", parse(k_types));
-        Schema::registerSchema("https://schemas.example.invalid/settings.json", parse(k_settings));
+        Schema::registerSchema("https://schemas.example.invalid/types.json", parseFile("types.schema.json"));
+        Schema::registerSchema("https://schemas.example.invalid/settings.json", parseFile("settings.schema.json"));
     }
 };
 
@@ -89,23 +66,17 @@ TEST_F(SchemaTest, AnswersTheConvertersQuestions)
     const Schema::Ptr root = Schema::resolve("https://schemas.example.invalid/settings.json");
     ASSERT_TRUE(root);
     EXPECT_EQ(root->type(), "object");
-    // The questions, by letter: string list, flat list, date, time,
-    // date-time, UUID, binary; each row names those whose answer is yes.
+    // The questions, by the letters settings-questions.tsv names them with.
     const std::pair<char, bool (Schema::*)() const> questions[] = {
         {'S', &Schema::isStringList}, {'F', &Schema::isFlatList}, {'D', &Schema::isDate}, {'T', &Schema::isTime},
         {'M', &Schema::isDateTime},   {'U', &Schema::isUuid},     {'B', &Schema::isBinary}};
-    const struct { const char* key; std::string yes; const char* type; } rows[] = {
-        {"names", "SF", "array"}, {"ports", "F", "array"},    {"cams", "", "array"},        {"day", "D", "string"},
-        {"at", "T", "string"},    {"id", "U", "string"},      {"blob", "B", "string"},      {"changed", "M", "string"},
-        {"origin", "", "object"}, {"a~b/c", "", "boolean"},   {"unlisted", "", "number"},
-    };
-    for (const auto& row : rows) {
-        const Schema::Ptr member = root->member(row.key);
-        ASSERT_TRUE(member) << row.key;
+    for (const cktest::DataRow& row : cktest::dataRows("support/json/settings-questions.tsv", 3)) {
+        const Schema::Ptr member = root->member(row[0]);
+        ASSERT_TRUE(member) << row.where;
         for (const auto& question : questions)
-            EXPECT_EQ(((*member).*question.second)(), row.yes.find(question.first) != std::string::npos)
-                << row.key << " " << question.first;
-        EXPECT_EQ(member->type(), row.type) << row.key;
+            EXPECT_EQ(((*member).*question.second)(), row[1].find(question.first) != std::string::npos)
+                << row.where << " " << question.first;
+        EXPECT_EQ(member->type(), row[2]) << row.where;
     }
     // References are followed to their targets, across documents.
     const Schema::Ptr origin = root->member("origin");
@@ -145,14 +116,8 @@ TEST_F(SchemaTest, ValidatesWithReferencesAndFormats)
 // each copy that is dropped instead).
 TEST_F(SchemaTest, ValidatesThroughChainsOfReferencesAtTheTop)
 {
-    Schema::registerSchema("https://schemas.example.invalid/chain.json",
-                           parse(R"({"$ref": "#/definitions/a",
-                                    "definitions": {"a": {"$ref": "#/definitions/b"},
-                                                    "b": {"$ref": "types.json#/definitions/c"},
-                                                    "list": {"type": "array", "items": {"$ref": "#/definitions/a"}}}})"));
-    Schema::registerSchema("https://schemas.example.invalid/types.json",
-                           parse(R"({"definitions": {"c": {"$ref": "#/definitions/d"},
-                                                     "d": {"type": "integer", "maximum": 9}}})"));
+    Schema::registerSchema("https://schemas.example.invalid/chain.json", parseFile("chain.schema.json"));
+    Schema::registerSchema("https://schemas.example.invalid/types.json", parseFile("chain-types.schema.json"));
     expectNamedSchemas("chain", "https://schemas.example.invalid/");
 }
 
@@ -179,31 +144,10 @@ TEST_F(SchemaTest, ValidatesDocumentsWhoseNamesHaveNoSlashes)
     }
 }
 
-// A pointer is percent-decoded once only; one to no member is refused.
-TEST_F(SchemaTest, ReferencesReachTheNodeTheResolverFinds)
-{
-    const char* const definitions = R"("definitions": {"a%25b": {"type": "integer"}, "%7E": {"type": "boolean"}})";
-    const Row rows[] = {
-        {"#/definitions/a%2525b", "1", true}, {"#/definitions/%257E", "true", true}, {"#/definitions/%257E", "1", false},
-        // A pointer to no member (this one once overflowed the stack) is refused.
-        {"#/", "true", false},
-    };
-    for (const Row& row : rows)
-        expectValidation(
-            Schema::fromVariant(parse(std::string(R"({"$ref": ")") + row.schema + R"(", )" + definitions + "}")), row);
-}
-
-// "$ref"s resolve against the base URI an "$id" above sets, into the
-// registered documents.
+// The converter's questions resolve a "$ref" against the base URI an "$id"
+// above sets, into the registered documents.
 TEST_F(SchemaTest, ResolvesReferencesAgainstTheirBaseUri)
 {
-    const char* const text =
-        R"({"$id": "https://schemas.example.invalid/sub/a.json", "allOf": [{"$ref": "../types.json#point"}]})";
-    const Schema::Ptr schema = Schema::fromVariant(parse(text));
-    expectValidation(schema, {text, R"({"x": 1, "y": 2})", true});
-    expectValidation(schema, {text, R"({"x": 1})", false});
-
-    // The converter's questions follow the same resolution.
     const Schema::Ptr nested = Schema::fromVariant(parse(R"({"$id": "https://schemas.example.invalid/sub/",
                                                              "properties": {"p": {"$ref": "../types.json#point"}}})"));
     ASSERT_TRUE(nested && nested->member("p"));
@@ -212,11 +156,11 @@ TEST_F(SchemaTest, ResolvesReferencesAgainstTheirBaseUri)
               "https://schemas.example.invalid/types.json#point");
 }
 
-// Numbers are compared by value, whole reals as integers; number keywords
-// ignore other values.
-TEST_F(SchemaTest, ChecksNumbersByValue)
+// Numbers compared by value, patterns, formats and pointers decoded once (the
+// comments of the table tell more).
+TEST_F(SchemaTest, ValidatesAsTheTableSays)
 {
-    for (const cktest::DataRow& row : cktest::dataRows("support/json/numbers.tsv", 3))
+    for (const cktest::DataRow& row : cktest::dataRows("support/json/schema-values.tsv", 3))
         expectValidation(Schema::fromVariant(parse(row[0])), {row.where.c_str(), row[1], row[2] == "1"});
 }
 
@@ -230,14 +174,11 @@ TEST_F(SchemaTest, PatternsAndFormatsCopeWithLongStrings)
         {R"({"pattern": "^[a-z]+$"})", '"' + longWord + '"', true},
         {R"({"pattern": "^[a-z]+$"})", '"' + longWord + "1\"", false},
         {R"({"pattern": "^(a|aa)+$"})", '"' + std::string(80, 'a') + "b\"", false},
-        {R"({"pattern": "^(a)\\1$"})", R"("aa")", true}, {R"({"pattern": "^(a)\\1$"})", R"("ab")", false},
         {R"({"format": "date"})", '"' + longDigits + "-05-06\"", true},
         {R"({"format": "date"})", '"' + longDigits + "-02-30\"", false},
-        {R"({"format": "date"})", R"("2024-5-06")", false},
         {R"({"format": "time"})", "\"07:08:09." + longDigits + "Z\"", true},
         {R"({"format": "time"})", "\"07:08:09." + longDigits + "\"", false},
         {R"({"format": "date-time"})", "\"2024-05-06T07:08:09." + longDigits + "+02:00\"", true},
-        {R"({"format": "date-time"})", R"("2024-04-31T07:08:09Z")", false},
         {R"({"patternProperties": {"^a+$": {"type": "integer"}}})", "{\"" + longWord + "\": 1}", true},
         {R"({"patternProperties": {"^a+$": {"type": "integer"}}})", "{\"" + longWord + "\": \"1\"}", false},
         {R"({"propertyNames": {"pattern": "^a+$"}})", "{\"" + longWord + "\": 1}", true},
@@ -248,31 +189,22 @@ TEST_F(SchemaTest, PatternsAndFormatsCopeWithLongStrings)
         expectValidation(Schema::fromVariant(parse(row.schema)), row);
 }
 
+// A divisor of zero or below is no schema: validation says so instead of
+// dividing by it (the first two once stopped the process).
 TEST_F(SchemaTest, MultipleOfNeedsAPositiveDivisor)
 {
-    const struct
-    {
-        const char* schema;
-        const char* value;
-        bool valid;
-        bool rejected; // the schema itself is refused
-    } rows[] = {
-        {R"({"multipleOf": 3})", "-9223372036854775806", true, false},
-        {R"({"multipleOf": 3})", "-9223372036854775807", false, false},
-        // A divisor of zero or below is no schema: validation says so instead
-        // of dividing by it (the first two once stopped the process).
-        {R"({"multipleOf": 0})", "5", false, true}, {R"({"multipleOf": -1})", "-9223372036854775808", false, true},
-        {R"({"anyOf": [{"type": "string"}, {"multipleOf": 0}]})", "2", false, true},
-        {R"({"multipleOf": 0.0})", "2.5", false, true}, {R"({"multipleOf": -2})", "4", false, true},
+    const std::pair<const char*, const char*> rows[] = {
+        {R"({"multipleOf": 0})", "5"}, {R"({"multipleOf": -1})", "-9223372036854775808"},
+        {R"({"anyOf": [{"type": "string"}, {"multipleOf": 0}]})", "2"},
+        {R"({"multipleOf": 0.0})", "2.5"}, {R"({"multipleOf": -2})", "4"},
     };
     for (const auto& row : rows) {
-        const Schema::Ptr schema = Schema::fromVariant(parse(row.schema));
-        ASSERT_TRUE(schema) << row.schema;
+        const Schema::Ptr schema = Schema::fromVariant(parse(row.first));
+        ASSERT_TRUE(schema) << row.first;
         std::string error;
-        EXPECT_EQ(schema->validate(parse(row.value), &error), row.valid) << row.schema << " " << row.value << "\n" << error;
-        EXPECT_EQ(error.find("\"multipleOf\" must be greater than 0") != std::string::npos, row.rejected)
-            << row.schema << ": " << error;
-        EXPECT_EQ(schema->errorString().startsWith(QLatin1String("The schema urn:")), row.rejected);
+        EXPECT_FALSE(schema->validate(parse(row.second), &error)) << row.first;
+        EXPECT_NE(error.find("\"multipleOf\" must be greater than 0"), std::string::npos) << row.first << ": " << error;
+        EXPECT_TRUE(schema->errorString().startsWith(QLatin1String("The schema urn:"))) << row.first;
     }
 }
 
