@@ -115,26 +115,6 @@ protected:
     ko::Settings settings;
 };
 
-TEST_F(FeatureMatrixStore, SaveWritesTheCountsAndThePackedText)
-{
-    for (const cktest::DataRow& row : cktest::dataRows("rights/saved-texts.tsv", 4)) {
-        auto matrix = makeMatrix(std::stoi(row[0]), std::stoi(row[1]));
-        for (const QString& cell : QString::fromStdString(row[2]).split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
-            const QStringList at = cell.split(QLatin1Char(','));
-            matrix->setAllowed(at.value(0).toInt(), at.value(1).toInt(), false);
-        }
-        store.clear();
-        settings.beginGroup(QStringLiteral("Outer"));
-        matrix->save(&settings);
-        settings.endGroup();
-        EXPECT_EQ(store.allKeys().size(), 3) << row.where;
-        EXPECT_EQ(store.value(QStringLiteral("Outer/FeatureMatrix/Rows")), QVariant(std::stoi(row[0]))) << row.where;
-        EXPECT_EQ(store.value(QStringLiteral("Outer/FeatureMatrix/Columns")), QVariant(std::stoi(row[1]))) << row.where;
-        const QVariant text = store.value(QStringLiteral("Outer/FeatureMatrix/Matrix"));
-        EXPECT_EQ(text, QVariant(QByteArray::fromStdString(row[3]))) << row.where;
-    }
-}
-
 TEST_F(FeatureMatrixStore, LoadStopsAtTheFirstMissingWord)
 {
     for (const cktest::DataRow& row : cktest::dataRows("rights/partial-loads.tsv", 4)) {
