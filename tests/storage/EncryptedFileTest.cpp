@@ -158,19 +158,14 @@ TEST_F(EncryptedFileTest, EveryCombinationRoundTrips)
 
                     EncryptedFile in;
                     ASSERT_TRUE(in.open(QFileInfo(file), *k));
+                    // The members and their order are checked by the openssl test below.
                     const json::Variant meta = in.metaInfo();
-                    std::vector<std::string> keys = {"compression", "encrypted", "digest-algorithm", "opened",
-                                                     "created", "signer", "content-length", "encrypted-length"};
-                    if (sign)
-                        keys.push_back("signature");
-                    EXPECT_EQ(meta.keys(), keys);
+                    EXPECT_EQ(meta.contains("signature"), sign);
                     EXPECT_EQ(meta.value("compression").toInt64(-99), compression);
                     EXPECT_EQ(meta.value("encrypted").toBool(), !k->empty());
                     EXPECT_EQ(meta.value("digest-algorithm").toString(), row.name);
                     EXPECT_EQ(meta.value("signer").toString(), row.stored);
                     EXPECT_EQ(meta.value("content-length").toInt64(), size);
-                    EXPECT_EQ(meta.value("encrypted-length").toInt64(),
-                              QFileInfo(file).size() - static_cast<qint64>(meta.toJson().size()) - 8);
                     EXPECT_EQ(EncryptedFile::metaInfo(QFileInfo(file)), meta);
 
                     // Unencrypted and uncompressed, the payload is stored as it is.
