@@ -159,7 +159,7 @@ TEST_F(JsonSettings, PrintedFormIsIndentedWithFifteenDigitsAndNoFinalNewline)
               cktest::readFile(QStringLiteral(COMMONKIT_TEST_DATA "/json/printed-form.json")).toStdString());
 }
 
-TEST_F(JsonSettings, EdgeCasesOfReadingAndWriting)
+TEST_F(JsonSettings, EdgeCasesAndFailuresOfReadingAndWriting)
 {
     // Nothing to read is no settings, not an error (QSettings itself never
     // passes an empty file on).
@@ -191,15 +191,13 @@ TEST_F(JsonSettings, EdgeCasesOfReadingAndWriting)
         EXPECT_EQ(registerJsonQSettingsFormat(QStringLiteral("cktest"), QUrl(QString::fromLatin1(k_schemaUrl))), m_format);
     EXPECT_TRUE(jsonFileSchema(QFileInfo(QStringLiteral("/x/y.cktest"))));
     EXPECT_FALSE(jsonFileSchema(QStringLiteral("unregistered")));
-}
 
-TEST_F(JsonSettings, UnparsableTextFailsAndInvalidSettingsOnlyWarn)
-{
+    // Unparsable text fails; settings the schema finds invalid only warn.
     LogCapture log;
     QBuffer broken;
     broken.setData("{\"a\": [1, 2");
     broken.open(QIODevice::ReadOnly);
-    QMap<QString, QVariant> map;
+    map.clear();
     EXPECT_FALSE(readJsonQSettings(broken, map, nullptr));
     EXPECT_TRUE(map.isEmpty());
     EXPECT_TRUE(log.contains("[readJsonQSettings] Error: parsing failed, {\"a\": [1, 2"));
