@@ -169,9 +169,8 @@ TEST(Crypt, GeneratedSalts)
     COMMONKIT_DEPRECATED_END
     const QString first = Crypt::crypt(QStringLiteral("secret"));
     EXPECT_EQ(first.left(2), saltOfSeed(0x4b6f7361u)); // the salt of every stored hash made this way
-    EXPECT_EQ(Crypt::crypt(QStringLiteral("secret")), first);
-    EXPECT_EQ(Crypt::crypt(QStringLiteral("another")), ours(first.left(2), QStringLiteral("another")));
     EXPECT_EQ(first, ours(first.left(2), QStringLiteral("secret")));
+    EXPECT_EQ(Crypt::crypt(QStringLiteral("another")), ours(first.left(2), QStringLiteral("another")));
 
     // The time seed of crypt_sll(key): the salt of one of the seconds the
     // call may have seen.
