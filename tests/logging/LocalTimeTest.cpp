@@ -12,7 +12,6 @@
 #include <gtest/gtest.h>
 
 #include <QDateTime>
-#include <QLocale>
 #include <QProcess>
 
 #include <ctime>
