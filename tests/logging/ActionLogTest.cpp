@@ -126,7 +126,6 @@ TEST_F(ActionLogFile, SizeSplitStartsAFreshFileNamedAfterTheApplication)
     const auto current = fileEntries(path);
     ASSERT_EQ(current.size(), 1);
     EXPECT_EQ(current[0].value(QStringLiteral("Text")), QStringLiteral("entry %1").arg(logged - 1));
-    EXPECT_EQ(log.count(), 1);
 
     // A second split within the same second finds the name taken: the entry
     // stays in the current file.
