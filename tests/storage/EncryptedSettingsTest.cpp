@@ -205,7 +205,24 @@ TEST_F(EncryptedSettingsTest, UnreadableFilesFail)
     }
 }
 
-TEST_F(EncryptedSettingsTest, WorkersLeaveTheDeviceOpenAndTakeTheKeyAsGiven)
+// A buffer that takes at most `limit` bytes, as a full disk would.
+class FullBuffer : public QBuffer
+{
+public:
+    explicit FullBuffer(qint64 limit) : m_limit(limit) {}
+
+protected:
+    qint64 writeData(const char* data, qint64 size) override
+    {
+        const qint64 room = std::min(size, m_limit - pos());
+        return room <= 0 ? -1 : QBuffer::writeData(data, room);
+    }
+
+private:
+    qint64 m_limit;
+};
+
+TEST_F(EncryptedSettingsTest, WorkersLeaveTheDeviceOpenTakeTheKeyAsGivenAndNoticeLostWrites)
 {
     QByteArray stream;
     QBuffer buffer(&stream);
@@ -224,29 +241,9 @@ TEST_F(EncryptedSettingsTest, WorkersLeaveTheDeviceOpenAndTakeTheKeyAsGiven)
     EncryptedSettings::setEncryptionKey(secure_string("k"));
     EXPECT_TRUE(EncryptedSettings::readIni(buffer, back).empty());
     EXPECT_EQ(back, sampleSettings());
-}
 
-// A buffer that takes at most `limit` bytes, as a full disk would.
-class FullBuffer : public QBuffer
-{
-public:
-    explicit FullBuffer(qint64 limit) : m_limit(limit) {}
-
-protected:
-    qint64 writeData(const char* data, qint64 size) override
-    {
-        const qint64 room = std::min(size, m_limit - pos());
-        return room <= 0 ? -1 : QBuffer::writeData(data, room);
-    }
-
-private:
-    qint64 m_limit;
-};
-
-TEST_F(EncryptedSettingsTest, LostWritesGiveNoDigestAndEmptyMapsKeepTheLastOne)
-{
-    // With a key, 17 bytes hold just the stream header: the one chunk is
-    // written only when the cipher is closed.
+    // Lost writes give no digest. With a key, 17 bytes hold just the stream
+    // header: the one chunk is written only when the cipher is closed.
     const json::Variant document = parseJson(R"({"a": "b"})");
     const struct { const char* key; qint64 limit; } cases[] = {{"", 0}, {"", 20}, {"k", 0}, {"k", 10}, {"k", 17}, {"k", 60}};
     for (const auto& c : cases) {
@@ -263,9 +260,9 @@ TEST_F(EncryptedSettingsTest, LostWritesGiveNoDigestAndEmptyMapsKeepTheLastOne)
         SCOPED_TRACE(held);
         EncryptedSettings::g_file_digest = held;
         QByteArray bytes;
-        QBuffer buffer(&bytes);
-        ASSERT_TRUE(buffer.open(QIODevice::WriteOnly));
-        EXPECT_EQ(EncryptedSettings::writeJsonFunc(buffer, SettingsMap()), *held != '\0');
+        QBuffer target(&bytes);
+        ASSERT_TRUE(target.open(QIODevice::WriteOnly));
+        EXPECT_EQ(EncryptedSettings::writeJsonFunc(target, SettingsMap()), *held != '\0');
         EXPECT_TRUE(bytes.isEmpty());
         EXPECT_EQ(EncryptedSettings::getFileDigest(), secure_string(held));
     }
