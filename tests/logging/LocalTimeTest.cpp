@@ -72,12 +72,9 @@ TEST(LogDateTime, WritesAndReadsBackWhatQtDoes)
                                    QDateTime(QDate(2026, 1, 5), QTime(7, 0), Qt::OffsetFromUTC, 3600),
                                    QDateTime(), QDateTime(QDate(10000, 1, 1), QTime(0, 0))})
         EXPECT_EQ(ourText(value), qtText(value));
-}
 
-// Texts the formatter would not write: each must read as Qt's parser reads it
-// (a valid time or an invalid one).
-TEST(LogDateTime, UnusualTextsReadAsQtReadsThem)
-{
+    // Texts the formatter would not write: each must read as Qt's parser
+    // reads it (a valid time or an invalid one).
     const QString canonical = qtText(QDateTime(QDate(2026, 1, 5), QTime(7, 8, 9)));
     const QString morning = qtText(QDateTime(QDate(2026, 1, 5), QTime(9, 8, 9)));
     QStringList texts = {
