@@ -16,10 +16,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QPolygon>
 #include <QRegularExpression>
-#include <QUrl>
-#include <QUuid>
 #include <QVersionNumber>
 
 
@@ -60,23 +57,19 @@ TEST(JsonBridge, ScalarsConvertByTheDataTable)
     }
 }
 
+// A value that is no number, text or known type gives 0 and one warning.
 TEST(JsonBridge, QtValuesConvertByTheTable)
 {
-    const QUuid uuid(QStringLiteral("{0f1e2d3c-4b5a-6978-8796-a5b4c3d2e1f0}"));
+    LogCapture log;
+    int target = 0;
     struct Row { QVariant value; const char* json; };
     const Row rows[] = {
         {QVariant::fromValue<short>(-3), "-3"},
         {QVariant::fromValue<char>('a'), "97"},
         {QVariant::fromValue<uchar>(200), "200"},
         {QVariant::fromValue<ushort>(65535), "65535"},
-        {QChar(u'z'), "\"z\""},
-        {QUrl(QStringLiteral("https://a.example/b?c=d")), "\"https://a.example/b?c=d\""},
-        {uuid, "\"{0f1e2d3c-4b5a-6978-8796-a5b4c3d2e1f0}\""},
         {QPointF(0.5, 2), R"({"x":0.5,"y":2.0})"},
-        {QSize(640, 480), R"({"width":640,"height":480})"},
         {QSizeF(1.5, 2.5), R"({"width":1.5,"height":2.5})"},
-        {QRect(1, 2, 30, 40), R"({"left":1,"top":2,"width":30,"height":40})"},
-        {QPolygon(QVector<QPoint>{QPoint(1, 2), QPoint(3, 4)}), R"([{"x":1,"y":2},{"x":3,"y":4}])"},
         {QVariantList{1, QStringLiteral("x"), QVariantList{true}}, R"([1,"x",[true]])"},
         {QVariantMap{{QStringLiteral("b"), 1}, {QStringLiteral("a"), QVariantMap{{QStringLiteral("c"), QVariant()}}}},
          R"({"a":{"c":null},"b":1})"},
@@ -94,11 +87,14 @@ TEST(JsonBridge, QtValuesConvertByTheTable)
         {QColor(1, 2, 3), "\"#010203\""},                       // a Qt type without meta types: its text
         {QVariant::fromValue(QVersionNumber(1, 2)), "\"\""},     // which is often empty
         {nested(QStringLiteral("inner")), "\"inner\""},
+        {QVariant::fromValue(static_cast<void*>(&target)), "0"},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.json);
         EXPECT_EQ(jsonVariant(row.value, false).toJson(), row.json);
     }
+    ASSERT_EQ(log.lines.size(), 1u);
+    EXPECT_TRUE(log.contains("[jsonVariant] numeric overflow at: ")) << log.text();
 }
 
 TEST(JsonBridge, JsonValuesConvertByTheTable)
@@ -148,15 +144,6 @@ TEST(JsonBridge, TypesJsonCannotExpressTravelAsTheirQtStreamImage)
         broken.set("#qdata", data);
         EXPECT_FALSE(qVariant(broken).isValid());
     }
-}
-
-TEST(JsonBridge, NumericFailureGivesZeroAndAWarning)
-{
-    LogCapture log;
-    int target = 0;
-    EXPECT_EQ(jsonVariant(QVariant::fromValue(static_cast<void*>(&target)), true).toJson(), "0");
-    ASSERT_EQ(log.lines.size(), 1u);
-    EXPECT_TRUE(log.contains("[jsonVariant] numeric overflow at: ")) << log.text();
 }
 
 TEST(JsonBridge, FlatMapKeysThatCannotBePlacedAreSkippedWithAWarning)

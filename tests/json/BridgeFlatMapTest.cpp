@@ -13,8 +13,6 @@
 #include <QDateTime>
 #include <QJsonDocument>
 #include <QRect>
-#include <QRectF>
-#include <QSize>
 #include <QSizeF>
 #include <QRegularExpression>
 #include <QUuid>
@@ -30,8 +28,9 @@ json::Variant parsed(const std::string& text)
 
 // One document with every kind of member, nested in objects and in lists of
 // objects (with gaps): flattened with its schema (in tests/data/json) and
-// rebuilt, it comes back as it was, and the schema keeps each typed member
-// one entry of its Qt type.
+// rebuilt, it comes back as it was, and the schema keeps typed members one
+// entry. (Dates, times, points, sizes and rectangles at the top level go the
+// same way in the settings format's test, against QJsonDocument.)
 TEST(JsonBridgeFlatMap, FlatteningAndRebuildingAreInverse)
 {
     const auto schema = json::Schema::fromVariant(
@@ -41,12 +40,6 @@ TEST(JsonBridgeFlatMap, FlatteningAndRebuildingAreInverse)
         "ports": [3, -9], "mixed": [1, "12", true, 0.5, "#qdata"], "none": [], "cams": [
         {"since": "2024-02-29", "e": "size", "sub": [{"day": "1900-01-01", "f": "line\nbreak"}, null, {"g": 1}]},
         null, {"sub": [], "area": {"left": 1, "top": -2, "width": 3, "height": 4}}]})");
-    const QVariant typed[] = {QDate(2100, 12, 28), QTime(23, 59, 1, 5), QDateTime(QDate(2001, 2, 3), QTime(4, 5, 6, 7)),
-                              QUuid(1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11), QPoint(-500, 3), QPointF(0.25, -1.0 / 3),
-                              QSize(640, 0), QSizeF(1e20, 0.125), QRect(-1, 2, 3, 900), QRectF(0.5, 1, 2.25, 3)};
-    const char* const typedNames[] = {"day", "at", "when", "id", "pos", "posf", "size", "sizef", "rect", "rectf"};
-    for (int i = 0; i < 10; ++i)
-        value.set(typedNames[i], jsonVariant(typed[i], false));
     QBitArray bits(11);
     bits.setBit(3);
     const QVariant tagged[] = {QColor(1, 2, 3, 4), bits, QRegularExpression(QStringLiteral("x{2}"))};
@@ -70,8 +63,6 @@ TEST(JsonBridgeFlatMap, FlatteningAndRebuildingAreInverse)
 
     // Without the schema these would have come back as strings, maps or
     // indexed keys; tagged objects stay whole by their tag.
-    for (int i = 0; i < 10; ++i)
-        EXPECT_EQ(flat.value(QString::fromLatin1(typedNames[i])), typed[i]) << typedNames[i];
     for (const QVariant& v : tagged)
         EXPECT_EQ(flat.value(QStringLiteral("tag-") + QString::fromLatin1(v.typeName())), v) << v.typeName();
     EXPECT_EQ(flat.value(QStringLiteral("names")), QStringList({QString(), QStringLiteral("x")}));

@@ -109,7 +109,7 @@ struct ActionLogSettings : ::testing::Test
     }
 };
 
-TEST_F(ActionLogSettings, SaveWritesTheGroupAndLoadReadsItBack)
+TEST_F(ActionLogSettings, SaveWritesTheGroupLoadReadsItBackOrRestoresTheDefaults)
 {
     struct Row { QString custom; QString storedPath; };
     const std::vector<Row> rows = {
@@ -147,12 +147,9 @@ TEST_F(ActionLogSettings, SaveWritesTheGroupAndLoadReadsItBack)
         EXPECT_EQ(loaded.customFileInfo().absoluteFilePath(), row.custom);
         EXPECT_FALSE(loaded.defaultActive());
     }
-}
 
-// The default file lies under the user's log directory; loading empty
-// settings restores the defaults and goes back to it.
-TEST_F(ActionLogSettings, LoadDefaultsAndBackToTheDefaultFile)
-{
+    // The default file lies under the user's log directory; loading empty
+    // settings restores the defaults and goes back to it.
     const QString app = QCoreApplication::applicationName();
     EXPECT_EQ(ko::ActionLog::defaultFileInfo().absoluteFilePath().toStdString(),
               QDir::cleanPath(dir.path() + QLatin1Char('/') + QCoreApplication::organizationName() + QLatin1Char('/')

@@ -25,14 +25,11 @@ using ko::ExportActionLog;
 TEST(ExportActionLog, TablesClampToTheirLastRow)
 {
     for (const cktest::DataRow& row : cktest::dataRows("logging/export-tables.tsv", 4)) {
-        const int index = std::stoi(row[1]);
+        const auto& formatRow = ExportActionLog::formatsData(std::stoi(row[1]));
+        const auto& stateRow = ExportActionLog::stateData(std::stoi(row[1]));
         const bool format = row[0] == "format";
-        const auto& formatRow = ExportActionLog::formatsData(index);
-        const auto& stateRow = ExportActionLog::stateData(index);
-        const char* name = format ? formatRow.name : stateRow.name;
-        const int value = format ? int(formatRow.value) : stateRow.value;
-        EXPECT_EQ(name, row[2]) << row.where;
-        EXPECT_EQ(value, std::stoi(row[3])) << row.where;
+        EXPECT_EQ(format ? formatRow.name : stateRow.name, row[2]) << row.where;
+        EXPECT_EQ(format ? int(formatRow.value) : stateRow.value, std::stoi(row[3])) << row.where;
     }
 }
 

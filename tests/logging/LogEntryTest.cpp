@@ -87,8 +87,6 @@ TEST(LogEntry, DescriptionFillsTheTemplateOrListsTheValues)
     }
 
     // No value beyond the user: the template as it is.
-    cktest::UnregisteredEntry bare;
-    EXPECT_TRUE(bare.description().isEmpty());
     struct Bare : cktest::UnregisteredEntry
     {
         QString format() const override { return QStringLiteral("Nothing %1"); }
@@ -126,7 +124,6 @@ TEST(LogEntry, DescriptionStaysBoundedWhenValuesAreMadeOfPlaceholders)
     for (const auto& row : rows) {
         ko::ParseXMLLogEntry entry(row.source, row.file, 4, 5);
         const QString described = entry.description();
-        EXPECT_EQ(described.size(), row.described.size()) << row.source.left(20).toStdString();
         EXPECT_TRUE(described == row.described) << row.source.left(20).toStdString();
     }
 }
@@ -162,7 +159,8 @@ TEST(LogEntry, CloneCopiesEveryValueAndEqualityIgnoresTheKindsOwnValues)
     EXPECT_FALSE(first == note) << "different type and category";
 }
 
-// Records the calls a writer gets; throws on the attribute named throwOn.
+// Records the calls a writer gets; throws on the attribute named throwOn. (That
+// every value is passed in order, set or not, the prose writer's test shows.)
 class RecordingWriter : public ko::ILogWriter
 {
 public:
@@ -183,14 +181,9 @@ public:
     }
 };
 
-TEST(LogEntry, WriteToVisitsEveryValueAndAlwaysEndsTheElement)
+TEST(LogEntry, WriteToAlwaysEndsTheElement)
 {
     TextEntry entry;
-    RecordingWriter writer;
-    entry.writeTo(writer);
-    EXPECT_EQ(writer.calls, QStringList({"start TstE", "Time", "User", "Text", "Numb", "When", "end TstE"}))
-        << "unset values are the writer's business, all of them are passed";
-
     RecordingWriter failing;
     failing.throwOn = QStringLiteral("Numb");
     EXPECT_THROW(entry.writeTo(failing), std::runtime_error);
@@ -224,7 +217,6 @@ TEST(LogCategory, TableHasThirtySevenRowsInOrder)
     for (const char* unknown : {"Nope", "aces", "", "\x01\x02\x03\x04"}) {
         const ko::LogCategory category(categoryOf(unknown));
         EXPECT_EQ(category.id, ko::CategoryNone) << unknown;
-        EXPECT_EQ(ko::FourChars(category.id).toString(), QStringLiteral("    "));
         EXPECT_EQ(category.name, QStringLiteral("None"));
     }
 }

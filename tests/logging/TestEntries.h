@@ -11,7 +11,6 @@
 #include <QDateTime>
 #include <QString>
 
-#include <memory>
 #include <vector>
 
 namespace cktest {

@@ -64,7 +64,8 @@ protected:
 
 // Awkward values stay on the one line of a live file, and come back the same
 // through QDomDocument (independent of the library) and through the reader,
-// which reads the file closed as a live log is finalised.
+// which reads the file closed as a live log is finalised. An error entry at
+// the end reads back as one too.
 TEST_F(XMLLogReaderTest, AwkwardValuesStayOneLineAndSurviveAWriteAndARead)
 {
     const QString texts[] = {
@@ -80,6 +81,8 @@ TEST_F(XMLLogReaderTest, AwkwardValuesStayOneLineAndSurviveAWriteAndARead)
         written.back()->when.value = QDateTime(QDate(2023, 12, 31), QTime(23, 59, 59));
         pointers.push_back(written.back().get());
     }
+    const ko::ParseXMLLogEntry error(texts[0], QStringLiteral("/var/log/a.kol"), 3, 14);
+    pointers.push_back(&error);
     const QByteArray live = writeDocument(pointers, false);
     EXPECT_FALSE(live.contains('\n')) << "line breaks in values are escaped";
     QDomDocument document;
@@ -88,8 +91,8 @@ TEST_F(XMLLogReaderTest, AwkwardValuesStayOneLineAndSurviveAWriteAndARead)
     const ReadResult result = readBytes(live + "\n</Entries>\n");
     EXPECT_FALSE(result.fault);
     EXPECT_EQ(result.error, QXmlStreamReader::NoError);
-    ASSERT_EQ(elements.size(), static_cast<int>(written.size()));
-    ASSERT_EQ(result.entries.size(), written.size());
+    ASSERT_EQ(elements.size(), static_cast<int>(pointers.size()));
+    ASSERT_EQ(result.entries.size(), pointers.size());
     for (size_t i = 0; i < written.size(); ++i) {
         EXPECT_EQ(elements.at(static_cast<int>(i)).toElement().attribute(QStringLiteral("Text")), texts[i]) << i;
         const auto* entry = dynamic_cast<const TextEntry*>(result.entries[i].get());
@@ -100,6 +103,13 @@ TEST_F(XMLLogReaderTest, AwkwardValuesStayOneLineAndSurviveAWriteAndARead)
         EXPECT_EQ(entry->time(), cktest::afterRoundTrip(written[i]->time())) << i;
         EXPECT_EQ(entry->when.value, cktest::afterRoundTrip(written[i]->when.value)) << i;
     }
+    const auto& read = dynamic_cast<const ko::ParseXMLLogEntry&>(*result.entries.back());
+    EXPECT_EQ(read.errorText(), texts[0]);
+    EXPECT_EQ(read.fileName(), QStringLiteral("/var/log/a.kol"));
+    EXPECT_EQ(read.line(), 3);
+    EXPECT_EQ(read.column(), 14);
+    EXPECT_EQ(read.values().at(2)->name(), QStringLiteral("source"));
+    EXPECT_EQ(read.values().at(5)->name(), QStringLiteral("colunm"));
 }
 
 TEST_F(XMLLogReaderTest, ALiveFileCutAnywhereInItsLastEntryReadsTheEntriesBefore)
@@ -144,17 +154,6 @@ TEST_F(XMLLogReaderTest, MalformedTextGivesOneErrorEntryWithLineAndColumn)
     }
 }
 
-TEST_F(XMLLogReaderTest, UnknownKindsAreSkippedAndReadingGoesOn)
-{
-    const QByteArray text =
-        "<?xml version=\"1.0\"?><Entries><Entry ID=\"Nope\" Text=\"lost\"/><Entry/><Other ID=\"TstE\"/>"
-        "<Entry ID=\"TstE\" Text=\"kept\"/></Entries>";
-    const ReadResult result = readBytes(text);
-    EXPECT_EQ(result.nulls, 2) << "the unknown kind and the element without ID";
-    ASSERT_EQ(result.entries.size(), 1u);
-    EXPECT_EQ(dynamic_cast<const TextEntry&>(*result.entries[0]).text.value, QStringLiteral("kept"));
-}
-
 // A time before the ID is lost (the entry keeps its own); an unknown
 // attribute ends the element; otherwise the order does not matter.
 TEST_F(XMLLogReaderTest, AttributeOrderDecidesWhatIsKept)
@@ -174,23 +173,17 @@ TEST_F(XMLLogReaderTest, AttributeOrderDecidesWhatIsKept)
     }
 }
 
-TEST_F(XMLLogReaderTest, ErrorEntriesThemselvesReadBack)
+TEST_F(XMLLogReaderTest, UnknownKindsEmptyFilesAndMissingInput)
 {
-    ko::ParseXMLLogEntry error(QStringLiteral("Unexpected '<'."), QStringLiteral("/var/log/a.kol"), 3, 14);
-    const ReadResult result = readBytes(writeDocument({&error}, true));
+    // Unknown kinds are skipped and reading goes on.
+    const QByteArray text =
+        "<?xml version=\"1.0\"?><Entries><Entry ID=\"Nope\" Text=\"lost\"/><Entry/><Other ID=\"TstE\"/>"
+        "<Entry ID=\"TstE\" Text=\"kept\"/></Entries>";
+    const ReadResult result = readBytes(text);
+    EXPECT_EQ(result.nulls, 2) << "the unknown kind and the element without ID";
     ASSERT_EQ(result.entries.size(), 1u);
-    EXPECT_FALSE(result.fault);
-    const auto& read = dynamic_cast<const ko::ParseXMLLogEntry&>(*result.entries[0]);
-    EXPECT_EQ(read.errorText(), QStringLiteral("Unexpected '<'."));
-    EXPECT_EQ(read.fileName(), QStringLiteral("/var/log/a.kol"));
-    EXPECT_EQ(read.line(), 3);
-    EXPECT_EQ(read.column(), 14);
-    EXPECT_EQ(read.values().at(2)->name(), QStringLiteral("source"));
-    EXPECT_EQ(read.values().at(5)->name(), QStringLiteral("colunm"));
-}
+    EXPECT_EQ(dynamic_cast<const TextEntry&>(*result.entries[0]).text.value, QStringLiteral("kept"));
 
-TEST_F(XMLLogReaderTest, EmptyFilesAndMissingInput)
-{
     const ReadResult empty = readBytes(QByteArray());
     EXPECT_TRUE(empty.entries.empty());
     EXPECT_FALSE(empty.fault);

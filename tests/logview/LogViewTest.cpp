@@ -1,6 +1,6 @@
 // The live action log model and its filter model: Qt's model tester while
 // another thread logs (with rollovers, which remove rows), and the filter
-// model against `commonkit log show --where` on the same file.
+// model against the rows each filter must show, worked out by hand.
 
 #include <CommonKit/logging/ActionLog.h>
 #include <CommonKit/logging/ActionLogContextSwitchEntry.h>
@@ -8,15 +8,11 @@
 #include <CommonKit/logview/ActionLogModel.h>
 #include <CommonKit/resources/Translations.h>
 #include "testlib/DataTable.h"
-#include "testlib/ToolRunner.h"
 
 #include <gtest/gtest.h>
 
 #include <QAbstractItemModelTester>
 #include <QCoreApplication>
-#include <QDir>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 
@@ -78,18 +74,15 @@ TEST(ActionLogModel, StaysConsistentWhileAnotherThreadLogsAndRollsOver)
     QStringList expected = inLog.filter(QRegularExpression(QStringLiteral("^[03]$")));
     EXPECT_EQ(newFiles(filtered), expected);
     EXPECT_LT(log.count(), 605); // rollovers removed rows on the way
-}
 
-TEST(ActionLogModel, HeadersAreTranslated)
-{
-    ko::ActionLogModel model(nullptr);
+    // The headers are translated.
     EXPECT_EQ(model.columnCount(), 5);
     ASSERT_TRUE(ko::installTranslations(QLocale(QLocale::German)));
     EXPECT_EQ(model.headerData(4, Qt::Horizontal).toString(), QStringLiteral("Beschreibung"));
     ko::removeTranslations();
 }
 
-TEST(ActionLogFilterModel, ShowsWhatTheToolPrintsForTheSameFilter)
+TEST(ActionLogFilterModel, ShowsTheRowsTheFilterSelects)
 {
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("same.kol"));
@@ -104,17 +97,12 @@ TEST(ActionLogFilterModel, ShowsWhatTheToolPrintsForTheSameFilter)
     ko::ActionLogModel model(&log);
     ko::ActionLogFilterModel filtered;
     filtered.setSourceModel(&model);
-    for (const cktest::DataRow& row : cktest::dataRows("logview/filters.tsv", 1)) {
+    for (const cktest::DataRow& row : cktest::dataRows("logview/filters.tsv", 2)) {
         SCOPED_TRACE(row.where);
-        const QString filter = QString::fromStdString(row[0]);
         QString error;
-        ASSERT_TRUE(filtered.setFilterText(filter, &error)) << error.toStdString() << filter.toStdString();
-        const cktest::ToolRun run = cktest::runTool({"log", "show", path, "--where", filter, "--format", "json"});
-        ASSERT_EQ(run.exitCode, 0) << run.err.toStdString();
-        QStringList printed;
-        for (const QString& line : run.out.split(QLatin1Char('\n'), Qt::SkipEmptyParts))
-            printed << QJsonDocument::fromJson(line.toUtf8()).object().value("values").toObject().value("Nlif").toString();
-        EXPECT_EQ(newFiles(filtered), printed);
+        ASSERT_TRUE(filtered.setFilterText(QString::fromStdString(row[0]), &error)) << error.toStdString();
+        const QString expected = row[1] == "-" ? QString() : QString::fromStdString(row[1]);
+        EXPECT_EQ(newFiles(filtered), expected.split(QLatin1Char(','), Qt::SkipEmptyParts));
     }
     QString error;
     EXPECT_FALSE(filtered.setFilterText(QStringLiteral("nosuchfield = 1"), &error));

@@ -20,7 +20,7 @@ using rightstest::makeMatrix;
 
 using Cell = std::pair<int, int>;
 
-TEST(FeatureMatrix, OwnsGroupsAndFeaturesAndReplacesEntriesById)
+TEST(FeatureMatrix, OwnsGroupsAndFeaturesReplacesEntriesByIdAndAllowsByAnyGroup)
 {
     cktest::LogCapture log(ko::Log::Warning);
     ko::FeatureMatrix matrix(5, 4);
@@ -54,23 +54,21 @@ TEST(FeatureMatrix, OwnsGroupsAndFeaturesAndReplacesEntriesById)
     EXPECT_EQ(assigned.features().keys(), QList<int>{10});
     EXPECT_EQ(assigned.features().value(10)->description(), QStringLiteral("Seek"));
     EXPECT_NE(assigned.features().value(10), seek);
-}
 
-TEST(FeatureMatrix, FeatureIsAllowedWhenAnyOfItsGroupsIs)
-{
-    // Feature 7 is in groups 0 and 2, feature 8 only in group 1.
-    auto matrix = makeMatrix(3, 3);
-    matrix->addFeatureToGroup(new ko::Feature(7), 0);
-    matrix->addFeatureToGroup(new ko::Feature(7), 2);
-    matrix->addFeatureToGroup(new ko::Feature(8), 1);
-    matrix->setAllowed(0, 1, false);
-    matrix->setAllowed(1, 2, false);
+    // A feature is allowed when any of its groups is. Feature 7 is in groups
+    // 0 and 2, feature 8 only in group 1.
+    auto grid = makeMatrix(3, 3);
+    grid->addFeatureToGroup(new ko::Feature(7), 0);
+    grid->addFeatureToGroup(new ko::Feature(7), 2);
+    grid->addFeatureToGroup(new ko::Feature(8), 1);
+    grid->setAllowed(0, 1, false);
+    grid->setAllowed(1, 2, false);
     struct Case { int feature; int column; bool allowed; };
     const Case cases[] = {{7, 0, true}, {7, 1, true}, {8, 1, true}, {8, 2, false}, {9, 0, false}};
     for (const Case& c : cases)
-        EXPECT_EQ(matrix->isFeatureAllowed(c.feature, c.column), c.allowed) << c.feature << "/" << c.column;
-    matrix->setAllowed(2, 1, false);
-    EXPECT_FALSE(matrix->isFeatureAllowed(7, 1));
+        EXPECT_EQ(grid->isFeatureAllowed(c.feature, c.column), c.allowed) << c.feature << "/" << c.column;
+    grid->setAllowed(2, 1, false);
+    EXPECT_FALSE(grid->isFeatureAllowed(7, 1));
 }
 
 TEST(FeatureMatrix, CellsStartAllowedAndOnlyChangesMakeItDirty)
@@ -114,26 +112,6 @@ protected:
     QSettings store;
     ko::Settings settings;
 };
-
-TEST_F(FeatureMatrixStore, SaveWritesTheCountsAndThePackedText)
-{
-    for (const cktest::DataRow& row : cktest::dataRows("rights/saved-texts.tsv", 4)) {
-        auto matrix = makeMatrix(std::stoi(row[0]), std::stoi(row[1]));
-        for (const QString& cell : QString::fromStdString(row[2]).split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
-            const QStringList at = cell.split(QLatin1Char(','));
-            matrix->setAllowed(at.value(0).toInt(), at.value(1).toInt(), false);
-        }
-        store.clear();
-        settings.beginGroup(QStringLiteral("Outer"));
-        matrix->save(&settings);
-        settings.endGroup();
-        EXPECT_EQ(store.allKeys().size(), 3) << row.where;
-        EXPECT_EQ(store.value(QStringLiteral("Outer/FeatureMatrix/Rows")), QVariant(std::stoi(row[0]))) << row.where;
-        EXPECT_EQ(store.value(QStringLiteral("Outer/FeatureMatrix/Columns")), QVariant(std::stoi(row[1]))) << row.where;
-        const QVariant text = store.value(QStringLiteral("Outer/FeatureMatrix/Matrix"));
-        EXPECT_EQ(text, QVariant(QByteArray::fromStdString(row[3]))) << row.where;
-    }
-}
 
 TEST_F(FeatureMatrixStore, LoadStopsAtTheFirstMissingWord)
 {

@@ -48,16 +48,11 @@ TEST(BlowFish, BytesAndTextMatchOnePassOfTheCipherAcrossChunkBoundaries)
         const QByteArray plain = randomBytes(size, static_cast<unsigned int>(size));
         const std::unique_ptr<QByteArray> encoded(BlowFish::blowFishEncode(plain));
         ASSERT_TRUE(encoded) << size;
-        EXPECT_EQ(encoded->size(), size);
         EXPECT_EQ(*encoded, reference(plain, BF_ENCRYPT)) << size;
-        EXPECT_NE(*encoded, plain) << size;
-
-        const std::unique_ptr<QByteArray> decoded(BlowFish::blowFishDecode(*encoded));
+        // Decoding arbitrary bytes is the cipher's decryption.
+        const std::unique_ptr<QByteArray> decoded(BlowFish::blowFishDecode(plain));
         ASSERT_TRUE(decoded) << size;
-        EXPECT_EQ(*decoded, plain) << size;
-        // Decoding arbitrary bytes is the cipher's decryption too.
-        const std::unique_ptr<QByteArray> decodedPlain(BlowFish::blowFishDecode(plain));
-        EXPECT_EQ(*decodedPlain, reference(plain, BF_DECRYPT)) << size;
+        EXPECT_EQ(*decoded, reference(plain, BF_DECRYPT)) << size;
         // Text travels as UTF-8.
         const QString text = QString::fromLatin1(plain) + QStringLiteral("f\u00fcr \u20ac");
         const std::unique_ptr<QByteArray> encodedText(BlowFish::blowFishEncodeString(text));

@@ -98,7 +98,6 @@ TEST(Crypt, AgreesWithTheSystemCryptForEverySaltAndThousandsOfPasswords)
             for (int i = 0; i < 2; ++i) {
                 const std::string password = randomPassword(generator);
                 const std::string expected = systemCrypt(password, salt);
-                ASSERT_EQ(expected.size(), 13u) << "salt " << salt;
                 EXPECT_EQ(oursBytes(password, salt), expected) << "salt " << salt << " password " << password;
                 const QString viaQt = ours(QString::fromLatin1(salt.c_str()),
                                            QString::fromLatin1(password.data(), static_cast<int>(password.size())));
@@ -169,16 +168,14 @@ TEST(Crypt, GeneratedSalts)
     COMMONKIT_DEPRECATED_END
     const QString first = Crypt::crypt(QStringLiteral("secret"));
     EXPECT_EQ(first.left(2), saltOfSeed(0x4b6f7361u)); // the salt of every stored hash made this way
-    EXPECT_EQ(Crypt::crypt(QStringLiteral("secret")), first);
-    EXPECT_EQ(Crypt::crypt(QStringLiteral("another")), ours(first.left(2), QStringLiteral("another")));
     EXPECT_EQ(first, ours(first.left(2), QStringLiteral("secret")));
+    EXPECT_EQ(Crypt::crypt(QStringLiteral("another")), ours(first.left(2), QStringLiteral("another")));
 
     // The time seed of crypt_sll(key): the salt of one of the seconds the
     // call may have seen.
     const std::time_t before = std::time(nullptr);
     const std::string hash = Crypt::crypt_sll("secret");
     const std::time_t after = std::time(nullptr);
-    ASSERT_EQ(hash.size(), 13u);
     EXPECT_TRUE(saltsOfSeconds(before, after).contains(QString::fromStdString(hash.substr(0, 2)))) << hash;
     EXPECT_EQ(hash, oursBytes("secret", hash.substr(0, 2)));
 }
@@ -245,10 +242,9 @@ TEST(Crypt, CameraUserAccessLine)
     EXPECT_EQ(fields.at(0), user);
     EXPECT_EQ(fields.at(1), QStringLiteral("admin"));
     const QString hash = fields.at(2);
-    ASSERT_EQ(hash.size(), 13);
     EXPECT_TRUE(saltsOfSeconds(before, after).contains(hash.left(2))) << hash.toStdString();
-    EXPECT_EQ(hash, Crypt::crypt(hash.left(2), password));
-    EXPECT_EQ(fields.at(3), Crypt::createSessionKey(user, password, QStringLiteral("cam")));
+    EXPECT_EQ(hash.toStdString(), systemCrypt(password.toLatin1().toStdString(), hash.left(2).toStdString()));
+    EXPECT_EQ(fields.at(3), QCryptographicHash::hash("Zo\xeb:cam:s\xe9" "cret!", QCryptographicHash::Md5).toHex());
 }
 
 } // namespace

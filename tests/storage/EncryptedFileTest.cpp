@@ -158,19 +158,14 @@ TEST_F(EncryptedFileTest, EveryCombinationRoundTrips)
 
                     EncryptedFile in;
                     ASSERT_TRUE(in.open(QFileInfo(file), *k));
+                    // The members and their order are checked by the openssl test below;
+                    // whether a signature is there, by verify().
                     const json::Variant meta = in.metaInfo();
-                    std::vector<std::string> keys = {"compression", "encrypted", "digest-algorithm", "opened",
-                                                     "created", "signer", "content-length", "encrypted-length"};
-                    if (sign)
-                        keys.push_back("signature");
-                    EXPECT_EQ(meta.keys(), keys);
                     EXPECT_EQ(meta.value("compression").toInt64(-99), compression);
                     EXPECT_EQ(meta.value("encrypted").toBool(), !k->empty());
                     EXPECT_EQ(meta.value("digest-algorithm").toString(), row.name);
                     EXPECT_EQ(meta.value("signer").toString(), row.stored);
                     EXPECT_EQ(meta.value("content-length").toInt64(), size);
-                    EXPECT_EQ(meta.value("encrypted-length").toInt64(),
-                              QFileInfo(file).size() - static_cast<qint64>(meta.toJson().size()) - 8);
                     EXPECT_EQ(EncryptedFile::metaInfo(QFileInfo(file)), meta);
 
                     // Unencrypted and uncompressed, the payload is stored as it is.
@@ -189,16 +184,6 @@ TEST_F(EncryptedFileTest, EveryCombinationRoundTrips)
                         if (!sign) {
                             EXPECT_EQ(in.errorString(), QStringLiteral("%1 carries no signature.").arg(file));
                         }
-                    }
-                    if (sign) {
-                        EncryptedFile again;
-                        ASSERT_TRUE(again.open(QFileInfo(file), *k));
-                        EXPECT_FALSE(again.verify(*s_other));
-                        EXPECT_TRUE(again.errorString().startsWith(QStringLiteral(
-                            "The signature of %1 is not valid: The signature does not match the digest").arg(file)));
-                        EXPECT_FALSE(again.verify(RSAKeyPair()));
-                        EXPECT_EQ(again.errorString(), QStringLiteral("There is no public key to check the "
-                                                                      "signature of %1 with.").arg(file));
                     }
                 }
             }
@@ -227,6 +212,15 @@ TEST_F(EncryptedFileTest, TrailerAndSignatureCheckOutWithoutTheLibrary)
     QDateTime stamp = QDateTime::fromString(opened, QStringLiteral("yyyy-MM-dd'T'HH:mm:ss"));
     stamp.setTimeSpec(Qt::UTC);
     EXPECT_TRUE(before <= stamp && stamp <= QDateTime::currentDateTimeUtc().addSecs(1)) << qPrintable(opened);
+    // Another key, or none, does not verify it.
+    EncryptedFile again;
+    ASSERT_TRUE(again.open(QFileInfo(file), secure_string("k")));
+    EXPECT_FALSE(again.verify(*s_other));
+    EXPECT_TRUE(again.errorString().startsWith(
+        QStringLiteral("The signature of %1 is not valid: The signature does not match the digest").arg(file)));
+    EXPECT_FALSE(again.verify(RSAKeyPair()));
+    EXPECT_EQ(again.errorString(),
+              QStringLiteral("There is no public key to check the signature of %1 with.").arg(file));
 
     const QString openssl = QStandardPaths::findExecutable("openssl");
     if (openssl.isEmpty())
@@ -260,8 +254,10 @@ TEST_F(EncryptedFileTest, TrailerAndSignatureCheckOutWithoutTheLibrary)
 }
 
 // A byte flipped anywhere makes opening fail, reading fail or differ, or the
-// signature fail; it never goes unnoticed.
-TEST_F(EncryptedFileTest, FlippedBytesAreNoticed)
+// signature fail; it never goes unnoticed. Bytes slipped in between the payload
+// and the trailer may leave the plain bytes as they were (a compressed payload
+// ends by itself), but reading and verifying each notice them.
+TEST_F(EncryptedFileTest, FlippedAndAddedBytesAreNoticed)
 {
     const QByteArray payload = payloadOfSize(3000);
     for (const Storage& setup : k_setups) {
@@ -291,33 +287,17 @@ TEST_F(EncryptedFileTest, FlippedBytesAreNoticed)
                                      << " compression " << setup.compression << " key " << !setup.key.empty();
             }
         }
-    }
-}
-
-// Bytes slipped in between the payload and the trailer leave the plain
-// bytes as they were in some setups (a compressed payload ends by itself),
-// but reading and verifying still notice them.
-TEST_F(EncryptedFileTest, BytesAddedAfterThePayloadAreNoticed)
-{
-    const QByteArray payload = payloadOfSize(100000);
-    for (const Storage& setup : k_setups) {
-        SCOPED_TRACE(setup.compression);
-        const QString file = path("extended");
-        ASSERT_TRUE(seal(file, payload, setup.key, setup.compression, *s_signing));
-        const QByteArray bytes = readFile(file);
-        const int end = payloadEnd(file);
         for (const QByteArray& extra : {QByteArray("x"), bytes.left(end)}) {
+            SCOPED_TRACE(::testing::Message() << extra.size() << " bytes added, compression " << setup.compression);
+            const QString file = path("extended");
             writeFile(file, bytes.left(end) + extra + bytes.mid(end));
-            EncryptedFile in;
-            ASSERT_TRUE(in.open(QFileInfo(file), setup.key));
+            EncryptedFile in, again;
+            ASSERT_TRUE(in.open(QFileInfo(file), setup.key) && again.open(QFileInfo(file), setup.key));
             QByteArray data;
-            EXPECT_FALSE(readAllOf(in, &data) && data == payload) << extra.size() << " bytes added";
-            EncryptedFile again;
-            ASSERT_TRUE(again.open(QFileInfo(file), setup.key));
-            EXPECT_FALSE(again.verify(*s_checking)) << extra.size() << " bytes added";
+            EXPECT_FALSE(readAllOf(in, &data) && data == payload);
+            EXPECT_FALSE(again.verify(*s_checking));
             if (setup.key.empty() && setup.compression == 0) {
-                EXPECT_EQ(again.errorString().toStdString(),
-                          QStringLiteral("The payload of %1 is longer than recorded.").arg(file).toStdString());
+                EXPECT_EQ(again.errorString(), QStringLiteral("The payload of %1 is longer than recorded.").arg(file));
             }
         }
     }
