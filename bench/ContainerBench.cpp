@@ -22,6 +22,8 @@
 #include <QJsonDocument>
 #include <QTemporaryDir>
 
+#include <nlohmann/json.hpp>
+
 #include <openssl/evp.h>
 #include <openssl/rsa.h>
 #include <zlib.h>
@@ -300,6 +302,17 @@ void BM_QJsonDocumentParse(benchmark::State& state)
     state.SetBytesProcessed(state.iterations() * static_cast<int64_t>(input.size()));
 }
 BENCHMARK(BM_QJsonDocumentParse)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
+
+// The tree library's own parser into the ordered tree that json::Variant
+// holds: what building that tree costs without our syntax check.
+void BM_NlohmannParse(benchmark::State& state)
+{
+    const std::string& text = parseInput(state);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(nlohmann::ordered_json::parse(text));
+    state.SetBytesProcessed(state.iterations() * static_cast<int64_t>(text.size()));
+}
+BENCHMARK(BM_NlohmannParse)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 
 void BM_JsonPrinter(benchmark::State& state)
 {

@@ -54,7 +54,7 @@ run() {
 
 run logging 'BM_(ReadEntries|ActionLogReadLog|RawXmlScan|ActionLogAppend|QFileAppendPeer)$'
 run expressions 'BM_Filter(OverPropertySets|SqlitePeer)$'
-run container 'BM_(JsonParser|QJsonDocumentParse|JsonPrinter|QJsonDocumentPrint)'
+run container 'BM_(JsonParser|NlohmannParse|QJsonDocumentParse|JsonPrinter|QJsonDocumentPrint)'
 # One pass each: a row moves hundreds of megabytes, enough to time.
 run container-files 'BM_Container(WriteRead|Peer)' 1
 run crypto 'BM_(AesStreamDevice(Write|Read)/[0-9]+|RawEvpGcm(Seal|Open))$'

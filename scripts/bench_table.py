@@ -37,6 +37,8 @@ ROWS = [
      "settings-like document, 4000 objects, about 1 MB", 0.8),
     ("JSON parse: `json::JsonParser` vs `QJsonDocument::fromJson`", "BM_JsonParser/1", "BM_QJsonDocumentParse/1",
      "one object of 50,000 members, about 1 MB", 0.8),
+    ("JSON parse, for comparison: `nlohmann::ordered_json::parse` (the tree `json::Variant` holds) vs "
+     "`QJsonDocument::fromJson`", "BM_NlohmannParse/0", "BM_QJsonDocumentParse/0", "settings-like document, 4000 objects, about 1 MB", None),
     ("JSON print: `json::JsonPrinter` vs `QJsonDocument::toJson`", "BM_JsonPrinter", "BM_QJsonDocumentPrint",
      "the settings-like document, indented", 0.8),
     ("Container, stored", "BM_ContainerWriteRead/0/0/0/iterations:1", "BM_ContainerPeer/0/0/0/iterations:1",
