@@ -541,10 +541,8 @@ ExpressionHandle ExpressionList::operator[](int index) const { return children()
 
 int ExpressionList::size() const { return children().size(); }
 
-const Expression& Operator::child(int index) const
+const Expression& Operator::emptyChild()
 {
-    if (index >= 0 && index < m_children.size())
-        return *m_children.at(index);
     // The node outlives the returned handle: empty() keeps it in a static.
     return *ExpressionList::empty();
 }

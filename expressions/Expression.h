@@ -368,12 +368,18 @@ protected:
     QList<ExpressionHandle>& mutableChildren() { return m_children; }
     /// The child at index, or the empty ExpressionList when there is none
     /// (what children().value(index) holds, without copying a handle).
-    const Expression& child(int index) const;
+    const Expression& child(int index) const
+    {
+        return index >= 0 && index < m_children.size() ? *m_children.at(index) : emptyChild();
+    }
 
     void write(QDataStream& out) const override;
     void read(QDataStream& in) override;
 
 private:
+    // The empty ExpressionList that child() returns for a missing index.
+    static const Expression& emptyChild();
+
     QList<ExpressionHandle> m_children;
 };
 

@@ -4,6 +4,7 @@
 #include <CommonKit/properties/PropertySet.h>
 #include <CommonKit/properties/TypeTool.h>
 #include <CommonKit/support/core/QtDeprecated.h>
+#include "properties/VariantPeek_p.h"
 
 #include <QDataStream>
 #include <QDateTime>
@@ -17,6 +18,17 @@ ExpressionHandle valueOf(const BaseProperty& property) { return ValueExpression(
 ExpressionHandle placeholder(const QVariant& value) { return ConstExpression(value, true); }
 
 bool convertsToBool(const QVariant& value) { return value.canConvert(QMetaType::Bool); }
+
+// The truth of a value that is or converts to a bool; false if it does not.
+bool asBool(const QVariant& value, bool* truth)
+{
+    if (holdsBool(value, truth))
+        return true;
+    if (!convertsToBool(value))
+        return false;
+    *truth = value.toBool();
+    return true;
+}
 
 // Prints the operand that follows a minus sign (of a subtraction or a
 // negation). SQL reads "--" as the start of a comment, so an operand whose
@@ -181,8 +193,8 @@ QVariant BooleanOperator::evaluate(const PropertySet& set, bool* isConstant) con
         bool childConstant = false;
         const QVariant value = child->evaluate(set, &childConstant);
         constant = constant && childConstant;
-        if (value.userType() == QMetaType::Bool || convertsToBool(value)) {
-            const bool truth = value.toBool();
+        bool truth = false;
+        if (asBool(value, &truth)) {
             if (m_op == And && !truth) {
                 result = false;
                 break;
@@ -240,8 +252,9 @@ NotOperator::~NotOperator() = default;
 QVariant NotOperator::evaluate(const PropertySet& set, bool* isConstant) const
 {
     const QVariant value = child(0).evaluate(set, isConstant);
-    if (convertsToBool(value))
-        return !value.toBool();
+    bool truth = false;
+    if (asBool(value, &truth))
+        return !truth;
     return QVariant();
 }
 

@@ -1,6 +1,7 @@
 #include <CommonKit/properties/TypeTool.h>
 
 #include "properties/TypeToolConversions_p.h"
+#include "properties/VariantPeek_p.h"
 #include <CommonKit/support/core/Exception.h>
 
 #include <cmath>
@@ -314,15 +315,15 @@ QVariant::Type TypeTool::coerceOtherTypes(const QVariant& a, const QVariant& b) 
 int TypeTool::compare(const QVariant& a, const QVariant& b)
 {
     m_ok = true;
-    const QVariant::Type ta = a.type();
-    const QVariant::Type tb = b.type();
-
     // The common cases, without going through QVariant's conversions: the
     // results are those of the general rules below.
+    int intA = 0;
+    int intB = 0;
+    if (holdsInt(a, &intA) && holdsInt(b, &intB))
+        return clampToInt(qint64(intA) - qint64(intB));
+    const QVariant::Type ta = a.type();
+    const QVariant::Type tb = b.type();
     if (ta == tb) {
-        if (ta == QVariant::Int)
-            return clampToInt(qint64(*static_cast<const int*>(a.constData()))
-                              - qint64(*static_cast<const int*>(b.constData())));
         if (ta == QVariant::String)
             return QString::compare(*static_cast<const QString*>(a.constData()),
                                     *static_cast<const QString*>(b.constData()), Qt::CaseSensitive);
