@@ -7,6 +7,7 @@
 #include <CommonKit/support/json/Variant.h>
 
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 #include <cmath>
 #include <limits>
@@ -143,6 +144,24 @@ TEST(JsonParser, AcceptsJsonGrammarAndKeepsMemberOrder)
     EXPECT_EQ(keys.front(), "k" + std::to_string(count - 1));
     EXPECT_EQ(keys.back(), "k0");
     EXPECT_EQ(parsed.value("k7").toInt64(), -7);
+}
+
+// Our tree, printed, reads back in the tree library as the tree it builds
+// from the same text: numbers at the edges of their types, escapes, nesting.
+TEST(JsonParser, ValuesAgreeWithTheTreeLibrarysParser)
+{
+    std::vector<std::string> texts = {k_sample, std::string(500, '[') + std::string(500, ']'),
+        R"([-0, 0.1, 4.9e-324, 1e-400, -1e-400, 2.2250738585072011e-308, 1.7976931348623157e308, 0.000e99999,
+            -9223372036854775809, 18446744073709551616, 1e2, 12.5E-1, 100000000000000000000000000000000000000000e-30,
+            "\"\\\/\b\f\n\r\t\u0000\u00E9\uD834\uDD1E\uffff", "mixed caf\u00e9 \u2603 â tail"])"};
+    for (const cktest::DataRow& row : cktest::dataRows("support/json/grammar.tsv", 2))
+        texts.push_back(row[0]);
+    for (const std::string& text : texts) {
+        std::string error;
+        const std::string printed = parseText(text, &error).toJson();
+        EXPECT_EQ(error, "") << text;
+        EXPECT_EQ(nlohmann::ordered_json::parse(printed), nlohmann::ordered_json::parse(text)) << text;
+    }
 }
 
 TEST(JsonParser, ReportsSyntaxErrorsWithLineAndColumn)
