@@ -1,5 +1,7 @@
 // libFuzzer target: arbitrary text through the JSON parser, whole and in two
-// pieces; whatever parses must print and parse back to the same value.
+// pieces; whatever parses must print and parse back to the same value, and
+// agree with the tree library's own parser: the same verdict (but for
+// nesting beyond our limit), and for accepted text the same tree.
 
 #include <CommonKit/support/json/JsonParser.h>
 #include <CommonKit/support/json/JsonPrinter.h>
@@ -7,6 +9,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
+#include <string>
+
+#include <nlohmann/json.hpp>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
@@ -23,8 +28,19 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const json::Variant again = pieces.parseComplete();
     if (whole.hasError() != pieces.hasError() || whole.lastError() != pieces.lastError())
         std::abort();
-    if (whole.hasError())
+    const std::string input(text, size);
+    const nlohmann::ordered_json reference = nlohmann::ordered_json::parse(input, nullptr, false);
+    // The tree library skips a byte order mark, which we refuse.
+    const bool byteOrderMark = input.rfind("\xEF\xBB\xBF", 0) == 0;
+    if (whole.hasError()) {
+        if (!reference.is_discarded() && !byteOrderMark && whole.lastError().find("nesting deeper") == std::string::npos)
+            std::abort();
         return 0;
+    }
+    if (reference.is_discarded() && !value.isNull())
+        std::abort();
+    if (!value.isNull() && nlohmann::ordered_json::parse(json::JsonPrinter::toString(value, "")) != reference)
+        std::abort();
     if (!(value == again))
         std::abort();
     for (const char* indent : {"", "\t"}) {

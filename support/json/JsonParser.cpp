@@ -1,5 +1,6 @@
 #include <CommonKit/support/json/JsonParser.h>
 
+#include "support/json/Blanks_p.h"
 #include "support/json/NodeBuilder_p.h"
 #include "support/json/Utf8_p.h"
 #include "support/json/VariantAccess_p.h"
@@ -368,45 +369,51 @@ struct JsonParser::Private
         }
     }
 
-    // How many bytes from data on step() would accept without changing any
-    // state but the column: the plain ASCII inside a string, the digits
-    // inside a number, the blanks between tokens (not line ends, which count
+    // Skips the bytes from p on that step() would accept without changing
+    // any state but the position: the plain ASCII inside a string, the
+    // digits inside a number, the white space between tokens (counting
     // lines). Skipping them in a tight loop is most of the checker's speed.
-    std::size_t plainRun(const unsigned char* data, std::size_t length) const
+    const unsigned char* skipPlain(const unsigned char* p, const unsigned char* end)
     {
-        std::size_t n = 0;
+        const unsigned char* start = p;
         switch (state) {
         case State::String:
             if (escape != Escape::None || utf8Remaining > 0 || wantLowSurrogate)
-                return 0;
-            while (n < length && data[n] >= 0x20 && data[n] < 0x80 && data[n] != '"' && data[n] != '\\')
-                ++n;
-            return n;
+                return p;
+            while (p < end && *p >= 0x20 && *p < 0x80 && *p != '"' && *p != '\\')
+                ++p;
+            break;
         case State::Number:
             if (number != Number::Int && number != Number::Frac && number != Number::ExpDigits)
-                return 0;
-            while (n < length && isDigit(data[n]))
-                ++n;
-            return n;
+                return p;
+            while (p < end && isDigit(*p))
+                ++p;
+            break;
         case State::Literal:
-            return 0;
+            return p;
         default:
-            while (n < length && (data[n] == ' ' || data[n] == '\t' || data[n] == '\r'))
-                ++n;
-            return n;
+            for (;;) {
+                p = skipBlankRun(p, end);
+                if (p == end || !isSpace(*p))
+                    break;
+                if (*p++ == '\n') {
+                    ++line;
+                    column = 0;
+                    start = p;
+                }
+            }
+            break;
         }
+        column += static_cast<int>(p - start);
+        return p;
     }
 
     bool feed(const char* data, std::size_t length)
     {
-        const auto* bytes = reinterpret_cast<const unsigned char*>(data);
-        for (std::size_t i = 0; i < length; ++i) {
-            const std::size_t run = plainRun(bytes + i, length - i);
-            column += static_cast<int>(run);
-            i += run;
-            if (i == length)
-                break;
-            const auto c = bytes[i];
+        const auto* p = reinterpret_cast<const unsigned char*>(data);
+        const auto* end = p + length;
+        while ((p = skipPlain(p, end)) < end) {
+            const auto c = *p++;
             if ((c & 0xC0) != 0x80)
                 ++column;
             if (!step(c))

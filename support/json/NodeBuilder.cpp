@@ -1,4 +1,5 @@
 #include "support/json/NodeBuilder_p.h"
+#include "support/json/Blanks_p.h"
 
 #include <charconv>
 #include <cmath>
@@ -25,24 +26,35 @@ class Assembler
 public:
     explicit Assembler(Node* root) : m_root(root) {}
 
-    bool inObject() const { return m_open.back().node->is_object(); }
-    bool nested() const { return !m_open.empty(); }
+    bool inObject() const { return m_open[m_depth - 1].node->is_object(); }
+    bool nested() const { return m_depth > 0; }
     std::string& key() { return m_key; }
 
     void place(Node&& value) { placed(std::move(value)); }
 
-    void open(Node&& container) { m_open.push_back(Open{placed(std::move(container)), {}, {}}); }
+    // The containers being filled are kept, with the room their member lists
+    // grew, when they close: the next container at that depth reuses it.
+    void open(Node&& container)
+    {
+        Node* node = placed(std::move(container));
+        if (m_depth == m_open.size())
+            m_open.emplace_back();
+        Open& opened = m_open[m_depth++];
+        opened.node = node;
+        opened.members.clear();
+        if (!opened.index.empty())
+            opened.index = {};
+    }
 
     void close()
     {
-        Open& done = m_open.back();
+        Open& done = m_open[--m_depth];
         if (done.node->is_object()) {
             auto& object = done.node->get_ref<Node::object_t&>();
             object.reserve(done.members.size());
             for (auto& member : done.members)
                 object.emplace_back(std::move(member.first), std::move(member.second));
         }
-        m_open.pop_back();
     }
 
 private:
@@ -52,7 +64,7 @@ private:
 
     struct Open
     {
-        Node* node;
+        Node* node = nullptr;
         Members members;                                     // objects: the members read so far
         std::unordered_map<std::string, std::size_t> index; // larger objects: key to position
 
@@ -74,11 +86,11 @@ private:
     // A repeated key keeps its first place and takes the last value.
     Node* placed(Node&& value)
     {
-        if (m_open.empty()) {
+        if (m_depth == 0) {
             *m_root = std::move(value);
             return m_root;
         }
-        Open& parent = m_open.back();
+        Open& parent = m_open[m_depth - 1];
         if (parent.node->is_array()) {
             auto& elements = parent.node->get_ref<Node::array_t&>();
             elements.push_back(std::move(value));
@@ -102,7 +114,8 @@ private:
     }
 
     Node* m_root;
-    std::vector<Open> m_open;
+    std::vector<Open> m_open; // the first m_depth are open, outermost first
+    std::size_t m_depth = 0;
     std::string m_key;
 };
 
@@ -180,8 +193,12 @@ public:
 private:
     void skipSpace()
     {
-        while (m_p < m_end && isSpace(*m_p))
+        for (;;) {
+            m_p = skipBlankRun(m_p, m_end);
+            if (m_p == m_end || !isSpace(*m_p))
+                return;
             ++m_p;
+        }
     }
 
     // Reads "name" and the colon after it into the tree's key.
