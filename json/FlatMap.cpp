@@ -9,6 +9,7 @@
 #include <QUuid>
 
 #include <algorithm>
+#include <charconv>
 #include <utility>
 #include <vector>
 
@@ -23,6 +24,39 @@ const int k_maxDepth = 512;
 QString joined(const QString& prefix, char separator, const QString& key)
 {
     return prefix.isEmpty() ? key : prefix + QLatin1Char(separator) + key;
+}
+
+// Appends a member name (UTF-8) to a key path; most names are ASCII, which
+// needs no decoding and no temporary string.
+void appendName(QString& path, const std::string& name)
+{
+    const auto size = static_cast<int>(name.size());
+    if (std::all_of(name.begin(), name.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; }))
+        path += QLatin1String(name.data(), size);
+    else
+        path += QString::fromUtf8(name.data(), size);
+}
+
+// Appends a list position, counted from 1, to a key path.
+void appendPosition(QString& path, std::size_t index)
+{
+    char digits[24];
+    const std::to_chars_result end = std::to_chars(digits, digits + sizeof digits, index + 1);
+    path += QLatin1String(digits, static_cast<int>(end.ptr - digits));
+}
+
+// QString's own order (UTF-16 code units, then the shorter first), compared
+// in line: sorting the flat keys is thousands of these.
+bool keyLess(const QString& a, const QString& b)
+{
+    const int common = std::min(a.size(), b.size());
+    const QChar* left = a.constData();
+    const QChar* right = b.constData();
+    for (int i = 0; i < common; ++i) {
+        if (left[i] != right[i])
+            return left[i].unicode() < right[i].unicode();
+    }
+    return a.size() < b.size();
 }
 
 // The Qt value of a string the schema calls a date, time, date-time or
@@ -71,34 +105,38 @@ QVariant applicationData(const json::Variant& value, const SchemaPtr& schema)
 // replaces an earlier one.
 using Entries = std::vector<std::pair<QString, QVariant>>;
 
-void flatten(Entries& out, const json::Variant& value, const SchemaPtr& schema, char separator,
-             const QString& prefix, int depth)
+// Appends the flat entries of value, whose key is path; path is the key
+// buffer of the whole walk, restored before returning. Each entry gets a
+// copy of its key of its own, so that the buffer keeps its room.
+void flatten(Entries& out, const json::Variant& value, const SchemaPtr& schema, char separator, QString& path,
+             int depth)
 {
+    const auto entry = [&](QVariant&& flat) { out.emplace_back(QString(path.constData(), path.size()), std::move(flat)); };
     if (value.isNull()) {
-        out.emplace_back(prefix, QVariant());
+        entry(QVariant());
         return;
     }
     if (schema && value.isList()) {
         if (schema->isStringList()) {
-            out.emplace_back(prefix, qStringList(json::List(value)));
+            entry(qStringList(json::List(value)));
             return;
         }
         if (schema->isFlatList()) {
-            out.emplace_back(prefix, qVariantList(json::List(value)));
+            entry(qVariantList(json::List(value)));
             return;
         }
     }
     if (schema && value.isString()) {
-        const QVariant formatted = formattedText(value, schema);
+        QVariant formatted = formattedText(value, schema);
         if (formatted.isValid()) {
-            out.emplace_back(prefix, formatted);
+            entry(std::move(formatted));
             return;
         }
     }
     if (schema && value.isObject()) {
-        const QVariant data = applicationData(value, schema);
+        QVariant data = applicationData(value, schema);
         if (data.isValid()) {
-            out.emplace_back(prefix, data);
+            entry(std::move(data));
             return;
         }
     }
@@ -106,23 +144,30 @@ void flatten(Entries& out, const json::Variant& value, const SchemaPtr& schema, 
     if (value.isComposite() && !value.contains("#qdata") && depth < k_maxDepth) {
         const bool list = value.isList();
         const SchemaPtr items = schema && list ? schema->items() : SchemaPtr();
+        const int mark = path.size();
         for (json::VariantIterator it(value); !it.atEnd(); it.next()) {
-            const QString key = list ? QString::number(it.index() + 1) : QString::fromStdString(it.key());
             // The empty key stands for the value itself: a nameless member at
             // the top has no key of its own, and taking the empty one would
             // make the rebuilt document that member instead of the object.
-            if (key.isEmpty() && prefix.isEmpty()) {
+            if (!list && it.key().empty() && mark == 0) {
                 ko::LogLine(ko::Log::Warning, "qVariantMapFlat") << "a member without a name at the top has no key; skipped";
                 continue;
             }
+            if (mark > 0)
+                path += QLatin1Char(separator);
+            if (list)
+                appendPosition(path, it.index());
+            else
+                appendName(path, it.key());
             const SchemaPtr part = list ? items : schema ? schema->member(it.key()) : SchemaPtr();
-            flatten(out, it.value(), part, separator, joined(prefix, separator, key), depth + 1);
+            flatten(out, it.value(), part, separator, path, depth + 1);
+            path.truncate(mark);
         }
         if (list)
-            out.emplace_back(joined(prefix, separator, QStringLiteral("size")), static_cast<int>(value.size()));
+            out.emplace_back(joined(path, separator, QStringLiteral("size")), static_cast<int>(value.size()));
         return;
     }
-    out.emplace_back(prefix, qVariant(value));
+    entry(qVariant(value));
 }
 
 // The sub-schema at path: list indices lead to "items", other segments to
@@ -198,7 +243,8 @@ void qVariantMapFlat(QMap<QString, QVariant>& map, const json::Variant& value, c
 {
     registerQDataTypes();
     Entries entries;
-    flatten(entries, value, value.schema(), separator, prefix, 0);
+    QString path = prefix;
+    flatten(entries, value, value.schema(), separator, path, 0);
     if (!map.isEmpty()) {
         for (auto& entry : entries)
             map[entry.first] = std::move(entry.second);
@@ -207,9 +253,9 @@ void qVariantMapFlat(QMap<QString, QVariant>& map, const json::Variant& value, c
     // Into an empty map in key order, each entry placed at the end without a
     // search; of equal keys the last one found stays.
     std::stable_sort(entries.begin(), entries.end(),
-                     [](const auto& a, const auto& b) { return a.first < b.first; });
+                     [](const auto& a, const auto& b) { return keyLess(a.first, b.first); });
     for (std::size_t i = 0; i < entries.size(); ++i) {
-        if (i + 1 < entries.size() && !(entries[i].first < entries[i + 1].first))
+        if (i + 1 < entries.size() && !keyLess(entries[i].first, entries[i + 1].first))
             continue;
         map.insert(map.constEnd(), entries[i].first, entries[i].second);
     }

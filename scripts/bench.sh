@@ -54,12 +54,12 @@ run() {
 
 run logging 'BM_(ReadEntries|ActionLogReadLog|RawXmlScan|ActionLogAppend|QFileAppendPeer)$'
 run expressions 'BM_Filter(OverPropertySets|SqlitePeer)$'
-run container 'BM_(JsonParser|NlohmannParse|QJsonDocumentParse|JsonPrinter|QJsonDocumentPrint)'
+run container 'BM_(JsonParser/[01]|NlohmannParse/0|QJsonDocumentParse/[01]|JsonPrinter|QJsonDocumentPrint)$'
 # One pass each: a row moves hundreds of megabytes, enough to time.
 run container-files 'BM_Container(WriteRead|Peer)' 1
 run crypto 'BM_(AesStreamDevice(Write|Read)/[0-9]+|RawEvpGcm(Seal|Open))$'
 run hashing 'BM_(CryptR|SystemCryptPeer|BlowFishBulk|BlowFishBulkPeer)$'
-run jsonsettings 'BM_(Write|Read)(Json|Ini)Settings$'
+run jsonsettings 'BM_(Write|Read)(Json|Ini|Nothing)Settings$'
 echo "running memory rows (fresh processes)"
 "$DIR/bench/memory_bench" --out "$OUT/memory.data" --log-mb "$LOG_MB" \
   --container-mb "$CONTAINER_MB,1024"

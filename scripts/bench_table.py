@@ -66,6 +66,12 @@ ROWS = [
      "10,000 keys in 50 groups and an array, set and `sync()`ed into a new file", 1.0),
     ("JSON settings read: JSON format vs `QSettings::IniFormat`", "BM_ReadJsonSettings", "BM_ReadIniSettings",
      "the same 10,000 keys, `allKeys()` of a fresh `QSettings`", 1.0),
+    ("JSON settings write, for comparison: a registered format whose writer drops the map vs `QSettings::IniFormat`",
+     "BM_WriteNothingSettings", "BM_WriteIniSettings", "the same 10,000 keys: what `QSettings` spends around any "
+     "registered format's writer", None),
+    ("JSON settings read, for comparison: a registered format whose reader hands over the finished map vs "
+     "`QSettings::IniFormat`", "BM_ReadNothingSettings", "BM_ReadIniSettings", "the same 10,000 keys: what "
+     "`QSettings` spends around any registered format's reader", None),
 ]
 
 # The memory rows (bench/MemoryBench.cpp): bytes, the peer's bytes, and a limit.
