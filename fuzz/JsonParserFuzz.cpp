@@ -30,10 +30,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         std::abort();
     const std::string input(text, size);
     const nlohmann::ordered_json reference = nlohmann::ordered_json::parse(input, nullptr, false);
-    // The tree library skips a byte order mark, which we refuse.
-    const bool byteOrderMark = input.rfind("\xEF\xBB\xBF", 0) == 0;
+    // The tree library skips a byte order mark and takes a NUL byte for the
+    // end of the text; we refuse both.
+    const bool libraryQuirk = input.rfind("\xEF\xBB\xBF", 0) == 0 || input.find('\0') != std::string::npos;
     if (whole.hasError()) {
-        if (!reference.is_discarded() && !byteOrderMark && whole.lastError().find("nesting deeper") == std::string::npos)
+        if (!reference.is_discarded() && !libraryQuirk && whole.lastError().find("nesting deeper") == std::string::npos)
             std::abort();
         return 0;
     }
