@@ -5,7 +5,7 @@
 
 #include <charconv>
 #include <cmath>
-#include <cstring>
+#include <string_view>
 
 namespace json {
 
@@ -148,8 +148,9 @@ struct JsonPrinter::Writer
             : std::to_chars(text, text + sizeof text, value);
         const std::size_t length = static_cast<std::size_t>(result.ptr - text);
         put(text, length);
-        if (std::strcspn(text, ".eE") >= length) // reads back as an integer otherwise
-            put(".0", 2);
+        // to_chars writes no terminator: look only at what it wrote.
+        if (std::string_view(text, length).find_first_of(".eE") == std::string_view::npos)
+            put(".0", 2); // reads back as an integer otherwise
     }
 
     template<typename T>
