@@ -17,14 +17,12 @@ namespace {
 ExpressionHandle valueOf(const BaseProperty& property) { return ValueExpression(property, QString()); }
 ExpressionHandle placeholder(const QVariant& value) { return ConstExpression(value, true); }
 
-bool convertsToBool(const QVariant& value) { return value.canConvert(QMetaType::Bool); }
-
 // The truth of a value that is or converts to a bool; false if it does not.
 bool asBool(const QVariant& value, bool* truth)
 {
     if (holdsBool(value, truth))
         return true;
-    if (!convertsToBool(value))
+    if (!value.canConvert(QMetaType::Bool))
         return false;
     *truth = value.toBool();
     return true;

@@ -10,7 +10,7 @@ namespace kogen {
 // the same answers in line from the variant's public data handle, for the two
 // kinds the evaluation loops test first.
 
-/// Whether the variant holds a bool, and its value (false for anything else).
+/// Whether the variant holds a bool; if so, its value goes to *truth.
 inline bool holdsBool(const QVariant& value, bool* truth)
 {
     const QVariant::Private& d = value.data_ptr();
@@ -20,7 +20,7 @@ inline bool holdsBool(const QVariant& value, bool* truth)
     return true;
 }
 
-/// Whether the variant holds an int, and its value.
+/// Whether the variant holds an int; if so, its value goes to *number.
 inline bool holdsInt(const QVariant& value, int* number)
 {
     const QVariant::Private& d = value.data_ptr();

@@ -1,7 +1,7 @@
 #include <CommonKit/support/json/JsonParser.h>
 
-#include "support/json/Blanks_p.h"
 #include "support/json/NodeBuilder_p.h"
+#include "support/json/TextClasses_p.h"
 #include "support/json/Utf8_p.h"
 #include "support/json/VariantAccess_p.h"
 
@@ -14,27 +14,6 @@ namespace {
 enum class State { Value, FirstKeyOrEnd, Key, Colon, FirstValueOrEnd, AfterValue, Done, String, Number, Literal };
 enum class Escape { None, Backslash, Hex };
 enum class Number { Minus, Zero, Int, Dot, Frac, Exp, ExpSign, ExpDigits };
-
-bool isSpace(unsigned char c)
-{
-    return c == ' ' || c == '\t' || c == '\n' || c == '\r';
-}
-
-bool isDigit(unsigned char c)
-{
-    return c >= '0' && c <= '9';
-}
-
-int hexValue(unsigned char c)
-{
-    if (isDigit(c))
-        return c - '0';
-    if (c >= 'a' && c <= 'f')
-        return c - 'a' + 10;
-    if (c >= 'A' && c <= 'F')
-        return c - 'A' + 10;
-    return -1;
-}
 
 std::string describe(unsigned char c)
 {

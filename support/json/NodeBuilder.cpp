@@ -1,5 +1,5 @@
 #include "support/json/NodeBuilder_p.h"
-#include "support/json/Blanks_p.h"
+#include "support/json/TextClasses_p.h"
 
 #include <charconv>
 #include <cmath>
@@ -118,18 +118,6 @@ private:
     std::size_t m_depth = 0;
     std::string m_key;
 };
-
-bool isSpace(char c)
-{
-    return c == ' ' || c == '\t' || c == '\n' || c == '\r';
-}
-
-int hexDigit(char c)
-{
-    if (c >= '0' && c <= '9')
-        return c - '0';
-    return (c | 0x20) - 'a' + 10;
-}
 
 void appendUtf8(std::string& out, std::uint32_t code)
 {
@@ -297,7 +285,7 @@ private:
     {
         std::uint32_t code = 0;
         for (int i = 0; i < 4; ++i)
-            code = code * 16 + static_cast<std::uint32_t>(hexDigit(*m_p++));
+            code = code * 16 + static_cast<std::uint32_t>(hexValue(*m_p++));
         return code;
     }
 
@@ -309,7 +297,7 @@ private:
             ++m_p;
         std::uint64_t magnitude = 0;
         bool fits = true;
-        while (m_p < m_end && *m_p >= '0' && *m_p <= '9') {
+        while (m_p < m_end && isDigit(*m_p)) {
             const auto digit = static_cast<std::uint64_t>(*m_p++ - '0');
             if (magnitude > (std::numeric_limits<std::uint64_t>::max() - digit) / 10)
                 fits = false;
@@ -343,7 +331,7 @@ private:
         return true;
     }
 
-    static bool isExponentOrDigit(char c) { return (c >= '0' && c <= '9') || c == 'e' || c == 'E' || c == '+' || c == '-'; }
+    static bool isExponentOrDigit(char c) { return isDigit(c) || c == 'e' || c == 'E' || c == '+' || c == '-'; }
 
     // For a number out of the range of a double: whether it is too large (as
     // opposed to too close to zero), from the power of ten of its first
@@ -354,13 +342,13 @@ private:
             ++p;
         long long power = 0;
         bool significant = false;
-        for (; p < end && *p >= '0' && *p <= '9'; ++p) {
+        for (; p < end && isDigit(*p); ++p) {
             significant = significant || *p != '0';
             if (significant)
                 ++power;
         }
         if (p < end && *p == '.') {
-            for (++p; p < end && *p >= '0' && *p <= '9'; ++p) {
+            for (++p; p < end && isDigit(*p); ++p) {
                 if (significant)
                     break;
                 if (*p != '0')
@@ -368,7 +356,7 @@ private:
                 else
                     --power;
             }
-            while (p < end && *p >= '0' && *p <= '9')
+            while (p < end && isDigit(*p))
                 ++p;
         }
         long long exponent = 0;
@@ -377,7 +365,7 @@ private:
             const bool negativeExponent = *p == '-';
             if (*p == '-' || *p == '+')
                 ++p;
-            for (; p < end && *p >= '0' && *p <= '9'; ++p)
+            for (; p < end && isDigit(*p); ++p)
                 exponent = exponent < 100000000 ? exponent * 10 + (*p - '0') : exponent;
             if (negativeExponent)
                 exponent = -exponent;
